@@ -1,0 +1,21 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+# quarrow_options: warnings, floating-point rules and sanitizers, shared by every target of ours.
+add_library(quarrow_options INTERFACE)
+
+# No contraction into fused multiply-adds: a seeded race gives the same state in every build type and on every CPU.
+target_compile_options(quarrow_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+
+if(QUARROW_SANITIZE)
+    target_compile_options(quarrow_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    target_link_options(quarrow_options INTERFACE -fsanitize=address,undefined)
+else()
+    target_compile_options(quarrow_options INTERFACE $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>
+        -fstack-protector-strong)
+    target_link_options(quarrow_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()

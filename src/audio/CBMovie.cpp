@@ -1,0 +1,356 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Callbacks fire once, so that every end of play arms them afresh.
+#include "audio/CBMovie.h"
+
+#include "platform/FileURL.h"
+#include "platform/Pasteboard.h"
+#include "platform/RunLoop.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <utility>
+
+namespace
+{
+
+using Registry = std::map<int, std::shared_ptr<CBMovie>>;
+
+Registry& TheRegistry()
+{
+    static Registry registry;
+    return registry;
+}
+
+int HashOf(std::string const& name)
+{
+    return static_cast<int>(std::hash<std::string>{}(name));
+}
+
+// Cut off towards zero, as C does, and held within the type where C would not say what happens.
+template <typename Integer>
+Integer Truncated(double value)
+{
+    if (!(value == value))
+    {
+        return 0;
+    }
+    double const lowest = std::numeric_limits<Integer>::min();
+    double const highest = std::numeric_limits<Integer>::max();
+    return static_cast<Integer>(std::clamp(value, lowest, highest));
+}
+
+} // namespace
+
+CBMovie::CBMovie(std::unique_ptr<platform::Movie> movie) : m_movie(std::move(movie))
+{
+}
+
+CBMovie::~CBMovie()
+{
+    setLoopMode(kLoopNone);
+}
+
+std::shared_ptr<CBMovie> CBMovie::init()
+{
+    return std::shared_ptr<CBMovie>(new CBMovie(nullptr));
+}
+
+std::shared_ptr<CBMovie> CBMovie::initWithMovie(std::unique_ptr<platform::Movie> movie)
+{
+    return movie ? std::shared_ptr<CBMovie>(new CBMovie(std::move(movie))) : nullptr;
+}
+
+std::shared_ptr<CBMovie> CBMovie::initWithURL(std::string const& url, bool /*byReference*/)
+{
+    auto const path = platform::PathOfFileURL(url);
+    return path ? initWithMovie(platform::Movie::openFile(*path)) : nullptr;
+}
+
+std::shared_ptr<CBMovie> CBMovie::initWithFile(std::filesystem::path const& path, bool byReference)
+{
+    auto const url = platform::FileURLWithPath(path);
+    return url ? initWithURL(*url, byReference) : nullptr;
+}
+
+std::shared_ptr<CBMovie> CBMovie::initWithPasteboard(platform::Pasteboard const& pasteboard)
+{
+    auto const path = pasteboard.file();
+    return path ? initWithFile(*path, false) : nullptr;
+}
+
+std::shared_ptr<CBMovie> CBMovie::movieNamed(std::string const& name)
+{
+    auto const found = TheRegistry().find(HashOf(name));
+    return found != TheRegistry().end() ? found->second : nullptr;
+}
+
+bool CBMovie::setName(std::string const& name)
+{
+    auto const self = shared_from_this();
+    auto const holder = movieNamed(name);
+    if (holder && holder != self)
+    {
+        return false;
+    }
+    if (m_name)
+    {
+        TheRegistry().erase(HashOf(*m_name));
+    }
+    TheRegistry()[HashOf(name)] = self;
+    m_name = name;
+    return true;
+}
+
+void CBMovie::start(Sender)
+{
+    if (m_movie)
+    {
+        m_movie->start();
+        scheduleMoviesTaskTimer();
+    }
+}
+
+void CBMovie::stop(Sender)
+{
+    if (m_movie)
+    {
+        m_movie->stop();
+    }
+    dropTimer();
+}
+
+bool CBMovie::isPlaying() const
+{
+    return m_movie && m_movie->rate() != 0;
+}
+
+void CBMovie::setRate(float rate)
+{
+    if (!m_movie)
+    {
+        return;
+    }
+    constexpr double kOne = 65536.0;
+    auto const fixed = Truncated<platform::Fixed>(double{rate} * kOne);
+    if (fixed == 0)
+    {
+        dropTimer();
+    }
+    else
+    {
+        scheduleMoviesTaskTimer();
+    }
+    m_movie->setRate(fixed);
+}
+
+float CBMovie::rate() const
+{
+    return m_movie ? static_cast<float>(m_movie->rate()) / 65536.0F : 0.0F;
+}
+
+void CBMovie::moviesTask()
+{
+    if (m_movie)
+    {
+        m_movie->moviesTask();
+    }
+}
+
+// The timer holds the movie: one that plays lives until it is stopped, whoever else lets go of it.
+void CBMovie::scheduleMoviesTaskTimer()
+{
+    if (!m_moviesTaskTimer)
+    {
+        m_moviesTaskTimer =
+            platform::Timer::scheduledTimer(0.0, [self = shared_from_this()] { self->moviesTask(); });
+    }
+}
+
+void CBMovie::dropTimer()
+{
+    if (auto const timer = std::exchange(m_moviesTaskTimer, nullptr))
+    {
+        timer->invalidate();
+    }
+}
+
+void CBMovie::setMovieActive(bool isActive)
+{
+    if (m_movie)
+    {
+        m_movie->setActive(isActive);
+    }
+}
+
+void CBMovie::setLoopMode(int mode)
+{
+    if (!m_movie)
+    {
+        return;
+    }
+    using Trigger = platform::MovieCallBack::Trigger;
+    platform::TimeValue const segmentStart = m_movie->activeSegment().start;
+    disposeCallBacks();
+    if (mode == kLoopPalindrome)
+    {
+        armCallBack(1, Trigger::TimeBackward, segmentStart == -1 ? 0 : segmentStart);
+    }
+    if (mode == kLoopNormal || mode == kLoopPalindrome)
+    {
+        armCallBack(0, Trigger::TimeForward, m_movie->stopTime());
+    }
+    m_movie->setLoopingHint(mode == kLoopNormal);
+    m_loopmode = mode;
+}
+
+void CBMovie::disposeCallBacks()
+{
+    for (auto& callBack : m_loopmodeCallBacks)
+    {
+        callBack.reset();
+    }
+}
+
+void CBMovie::armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger,
+                          platform::TimeValue time)
+{
+    auto& callBack = m_loopmodeCallBacks[index];
+    callBack = std::make_unique<platform::MovieCallBack>(*m_movie);
+    callBack->callMeWhen(trigger, time, [this, self = callBack.get()] { QTFinishedPlayingProc(self, this); });
+}
+
+void QTFinishedPlayingProc(platform::MovieCallBack* /*callBack*/, CBMovie* movie)
+{
+    if (movie->m_loopmode == kLoopPalindrome)
+    {
+        movie->m_movie->setRate(-movie->m_movie->rate());
+    }
+    else if (movie->m_loopmode == kLoopNormal)
+    {
+        movie->gotoBeginning();
+    }
+    movie->setLoopMode(movie->m_loopmode);
+}
+
+platform::TimeValue CBMovie::time() const
+{
+    return m_movie ? m_movie->time() : 0;
+}
+
+platform::TimeValue CBMovie::duration() const
+{
+    return m_movie ? m_movie->duration() : 0;
+}
+
+void CBMovie::gotoTime(platform::TimeValue time)
+{
+    if (m_movie)
+    {
+        m_movie->setTimeValue(time);
+        moviesTask();
+    }
+}
+
+void CBMovie::gotoBeginning(Sender)
+{
+    if (m_movie)
+    {
+        m_movie->goToBeginning();
+        moviesTask();
+    }
+}
+
+void CBMovie::gotoEnd(Sender)
+{
+    if (m_movie)
+    {
+        m_movie->goToEnd();
+    }
+}
+
+void CBMovie::gotoPosterFrame(Sender)
+{
+    if (m_movie)
+    {
+        gotoTime(m_movie->posterTime());
+    }
+}
+
+void CBMovie::gotoPercentFinished(float percent)
+{
+    auto const whole = std::int64_t{Truncated<int>(percent)};
+    gotoTime(Truncated<platform::TimeValue>(static_cast<double>(whole * duration()) / 100.0));
+}
+
+float CBMovie::percentFinished() const
+{
+    return duration() > 0 ? static_cast<float>(time() * 100.0 / duration()) : 0.0F;
+}
+
+void CBMovie::stepForward(Sender)
+{
+    step(true);
+}
+
+void CBMovie::stepBack(Sender)
+{
+    step(false);
+}
+
+void CBMovie::step(bool forwards)
+{
+    platform::TimeValue const next = m_movie ? m_movie->nextInterestingTime(m_movie->time(), forwards) : -1;
+    if (next >= 0)
+    {
+        gotoTime(next);
+    }
+}
+
+void CBMovie::setVolume(float volume)
+{
+    if (m_movie)
+    {
+        m_movie->setVolume(Truncated<std::int16_t>(double{volume} * 256.0));
+    }
+}
+
+float CBMovie::volume() const
+{
+    return m_movie ? static_cast<float>(m_movie->volume()) / 256.0F : 0.0F;
+}
+
+void CBMovie::setMuted(bool)
+{
+    if (m_movie && !isMuted())
+    {
+        int const negated = -m_movie->volume();
+        m_movie->setVolume(static_cast<std::int16_t>(negated));
+    }
+}
+
+bool CBMovie::isMuted() const
+{
+    return m_movie && m_movie->volume() < 0;
+}
+
+platform::Rect CBMovie::movieRect() const
+{
+    return m_movie ? m_movie->box() : platform::Rect{};
+}
+
+void CBMovie::setSelection(platform::TimeRange selection)
+{
+    if (m_movie)
+    {
+        m_movie->setSelection(selection);
+    }
+}
+
+platform::TimeRange CBMovie::selection() const
+{
+    return m_movie ? m_movie->selection() : platform::TimeRange{};
+}

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// A movie with loop modes, a name and the usual transport controls. GameSoundNSMovie plays the music through
+// it. A timer of the main run loop serves it while it plays, and keeps it alive until it is stopped. Without
+// an underlying movie every operation does nothing and every question answers 0.
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/Movie.h"
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace platform
+{
+class Timer;
+struct Pasteboard;
+} // namespace platform
+
+enum LoopMode
+{
+    kLoopNone = 0,       // stops at its end
+    kLoopNormal = 1,     // at its end jumps to the beginning and goes on
+    kLoopPalindrome = 2, // reverses at either end
+};
+
+class CBMovie : public std::enable_shared_from_this<CBMovie>
+{
+public:
+    using Sender = void const*; // who asks; ignored
+
+    static std::shared_ptr<CBMovie> init(); // without an underlying movie
+    static std::shared_ptr<CBMovie> initWithMovie(std::unique_ptr<platform::Movie> movie);
+
+    // Null when nothing can be opened. The file is held in memory with byReference as without.
+    static std::shared_ptr<CBMovie> initWithURL(std::string const& url, bool byReference);
+    static std::shared_ptr<CBMovie> initWithFile(std::filesystem::path const& path, bool byReference);
+    static std::shared_ptr<CBMovie> initWithPasteboard(platform::Pasteboard const& pasteboard);
+
+    ~CBMovie();
+    CBMovie(CBMovie const&) = delete;
+    CBMovie& operator=(CBMovie const&) = delete;
+
+    // The registry keeps a named movie alive. Two names with one hash are the same name. Deliberate.
+    static std::shared_ptr<CBMovie> movieNamed(std::string const& name);
+    bool setName(std::string const& name); // false when another movie has it
+    std::optional<std::string> const& name() const { return m_name; }
+
+    void start(Sender sender = nullptr);
+    void stop(Sender sender = nullptr);
+    bool isPlaying() const;
+    void setRate(float rate); // 1 is normal, negative is backwards
+    float rate() const;
+    void moviesTask();
+    void scheduleMoviesTaskTimer();
+    void setMovieActive(bool isActive);
+
+    void setLoopMode(int mode);
+    int loopMode() const { return m_loopmode; }
+
+    // Times are in the movie's own scale.
+    platform::TimeValue time() const;
+    platform::TimeValue duration() const;
+    void gotoTime(platform::TimeValue time);
+    void gotoBeginning(Sender sender = nullptr);
+    void gotoEnd(Sender sender = nullptr); // takes effect with the next task
+    void gotoPosterFrame(Sender sender = nullptr);
+    void gotoPercentFinished(float percent); // fractions of a percent are dropped
+    float percentFinished() const;
+    void stepForward(Sender sender = nullptr); // by one video sample
+    void stepBack(Sender sender = nullptr);
+
+    void setVolume(float volume); // 0..1
+    float volume() const;         // negative while muted
+    void setMuted(bool muted);    // mutes whatever it is told, and never unmutes. Deliberate.
+    bool isMuted() const;
+
+    platform::Rect movieRect() const;
+    void setSelection(platform::TimeRange selection);
+    platform::TimeRange selection() const;
+    void setPlaysSelectionOnly(bool flag) { m_playsSelectionOnly = flag; } // nothing applies it
+    bool playsSelectionOnly() const { return m_playsSelectionOnly; }
+
+private:
+    explicit CBMovie(std::unique_ptr<platform::Movie> movie);
+    friend void QTFinishedPlayingProc(platform::MovieCallBack* callBack, CBMovie* movie);
+    void disposeCallBacks();
+    void armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger, platform::TimeValue time);
+    void dropTimer();
+    void step(bool forwards);
+
+    std::unique_ptr<platform::Movie> m_movie;
+    int m_loopmode = kLoopNone;
+    bool m_playsSelectionOnly = false;
+    // [0] waits for the end going forwards, [1] for the beginning going backwards.
+    std::array<std::unique_ptr<platform::MovieCallBack>, 2> m_loopmodeCallBacks;
+    std::shared_ptr<platform::Timer> m_moviesTaskTimer;
+    std::optional<std::string> m_name;
+};
+
+// The movie has come to an end of play: turns or rewinds it as its loop mode says and waits for the next
+// time.
+void QTFinishedPlayingProc(platform::MovieCallBack* callBack, CBMovie* movie);

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "audio/GameSoundNSSound.h"
+
+#include "platform/Bundle.h"
+#include "platform/Sound.h"
+
+GameSoundNSSound::GameSoundNSSound(char const* fileName)
+{
+    if (auto const path = platform::Bundle::pathForResource(fileName, "Sounds"))
+    {
+        m_sound = platform::Sound::initWithContentsOfFile(*path);
+    }
+}
+
+GameSoundNSSound::~GameSoundNSSound() = default;
+
+void GameSoundNSSound::Play()
+{
+    if (m_sound)
+    {
+        m_sound->play();
+    }
+}
+
+void GameSoundNSSound::Stop()
+{
+    if (m_sound)
+    {
+        m_sound->stop();
+    }
+}
+
+bool GameSoundNSSound::IsPlaying() const
+{
+    return m_sound && m_sound->isPlaying();
+}

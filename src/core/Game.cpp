@@ -1,0 +1,308 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "core/Game.h"
+
+#include "audio/GameMusic.h"
+#include "audio/GameSound.h"
+#include "core/GameEvent.h"
+#include "gfx/QTUtil.h"
+#include "platform/Clock.h"
+#include "platform/OpenGL.h"
+#include "platform/Random.h"
+#include "settings/GameSettings.h"
+#include "ui/Menu.h"
+#include "ui/MenuGame.h"
+#include "world/Camera.h"
+#include "world/Universe.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+
+namespace
+{
+
+constexpr float kThrottleStep = 0.2F; // of full speed
+
+void SetLight()
+{
+    constexpr GLfloat kAmbient[] = {0.1F, 0.1F, 0.1F, 1.0F};
+    constexpr GLfloat kDiffuse[] = {0.5F, 0.5F, 0.5F, 1.0F};
+    constexpr GLfloat kSpecular[] = {0.6F, 0.6F, 0.6F, 1.0F};
+    glLightModeli(GL_LIGHT_MODEL_LOCAL_VIEWER, 1);
+    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 0);
+    glLightfv(GL_LIGHT0, GL_AMBIENT, kAmbient);
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, kDiffuse);
+    glLightfv(GL_LIGHT0, GL_SPECULAR, kSpecular);
+    glEnable(GL_LIGHTING);
+    glEnable(GL_LIGHT0);
+}
+
+void SetFixedState()
+{
+    glShadeModel(GL_SMOOTH);
+    glClearDepth(1.0);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LEQUAL);
+    glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_NICEST);
+    SetLight();
+    glEnable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
+    glFrontFace(GL_CCW);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glStencilMask(0);
+    glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
+}
+
+void LogBitDepths()
+{
+    GLint alpha = 0;
+    GLint stencil = 0;
+    GLint depth = 0;
+    glGetIntegerv(GL_ALPHA_BITS, &alpha);
+    glGetIntegerv(GL_STENCIL_BITS, &stencil);
+    glGetIntegerv(GL_DEPTH_BITS, &depth);
+    char text[128];
+    std::snprintf(text, sizeof text, "Alpha bits  = %d, Stencil bits = %d, Depth bits = %d", alpha, stencil, depth);
+    QTUtilLog(text);
+}
+
+// A turn request along one axis: the pointer's distance from the view's centre, sensitivity at the edge; 0 in the dead
+// zone, which is measured on the scaled value.
+float TurnRequest(int mouse, int viewSize, double sensitivity, float deadCenter)
+{
+    auto const turn =
+        static_cast<float>((mouse + viewSize * -0.5) * (sensitivity + sensitivity) / static_cast<double>(viewSize));
+    return std::fabs(turn) > deadCenter ? turn : 0.0F;
+}
+
+} // namespace
+
+Game* Game::pGame = nullptr;
+
+void Game::Init(int width, int height)
+{
+    pGame = new Game(width, height);
+}
+
+Game::Game(int width, int height)
+{
+    Menu::SetCurrent(new MenuMain);
+    platform::SeedRandom(static_cast<unsigned>(std::time(nullptr)));
+    SetFixedState();
+    LogBitDepths();
+    m_lastTime = platform::UpTime();
+    m_mouseX = width / 2;
+    m_mouseY = height / 2;
+    LoadSounds();
+    m_universe = std::make_unique<Universe>();
+    SwitchToState(kStateMenu);
+    m_soundFanfare->Play();
+}
+
+Game::~Game()
+{
+    m_universe.reset();
+    Menu::ClearCurrent();
+}
+
+void Game::LoadSounds()
+{
+    m_soundFanfare = std::make_unique<GameSound>("Fanfare.AIFF");
+    m_soundControls = std::make_unique<GameSound>("Controls.AIFF");
+    m_soundStarter = std::make_unique<GameSound>("Starter.AIFF");
+    m_soundHiScore = std::make_unique<GameSound>("HiScore.AIFF");
+}
+
+void Game::SwitchToState(GameState newState)
+{
+    switch (newState)
+    {
+    case kStatePlaying:
+        if (m_state == kStateMenu)
+        {
+            StartRace();
+        }
+        else if (m_state == kStatePaused)
+        {
+            m_universe->Unpause();
+        }
+        m_state = kStatePlaying;
+        break;
+    case kStatePaused:
+        Menu::SetCurrent(new MenuPaused);
+        m_state = kStatePaused;
+        break;
+    case kStateMenu:
+        m_universe->PlayerWantsToGo(0.0F);
+        m_universe->SetCockpitVisible(false);
+        m_state = kStateMenu;
+        break;
+    case kStateRaceOver:
+        EndRace();
+        m_state = kStateMenu;
+        break;
+    default:
+        m_state = newState;
+        break;
+    }
+}
+
+void Game::StartRace()
+{
+    ReplaceUniverse();
+    ReadControlSettings();
+    GameMusic::SetTrackVolume(GameSettings::GetFloatParam("MusicVolume"));
+    GameMusic::StartTrack();
+}
+
+// The old world goes before the new one comes: what all asteroids share exists once.
+void Game::ReplaceUniverse()
+{
+    auto const oldSky = static_cast<GLuint>(m_universe->GetSkyTexture());
+    m_universe.reset();
+    glDeleteTextures(1, &oldSky);
+    m_universe = std::make_unique<Universe>();
+}
+
+void Game::ReadControlSettings()
+{
+    m_mouseSensitivity = GameSettings::GetFloatParam("MouseSensitivity");
+    m_mouseDeadCenter = GameSettings::GetFloatParam("MouseDeadCenterPct");
+    m_keyThrustUp = GameSettings::GetUniCharParam("KeyDefaultThrustUp");
+    m_keyThrustDown = GameSettings::GetUniCharParam("KeyDefaultThrustDown");
+    m_keyPause = GameSettings::GetUniCharParam("KeyDefaultPause");
+}
+
+void Game::EndRace()
+{
+    GameMusic::StopTrack();
+    m_soundFanfare->Play();
+    Menu::SetCurrent(new MenuEndGame(static_cast<int>(m_universe->GetTimeElapsed())));
+    m_universe->Pause();
+    m_universe->SetCockpitVisible(false);
+}
+
+void Game::Tick()
+{
+    std::uint64_t const now = platform::UpTime();
+    m_elapsed = platform::SecondsBetween(m_lastTime, now);
+    m_lastTime = now;
+    if (m_universe)
+    {
+        m_universe->Tick(m_elapsed);
+    }
+}
+
+void Game::Render(int width, int height)
+{
+    m_viewWidth = width;
+    m_viewHeight = height;
+    if (m_universe)
+    {
+        RequestTurn(width, height);
+        m_universe->Render(width, height);
+    }
+    if (m_state == kStatePaused || m_state == kStateMenu)
+    {
+        Menu::RenderCurrent(width, height);
+    }
+}
+
+// Outside a race the ship is told to stop turning in every frame.
+void Game::RequestTurn(int width, int height)
+{
+    float turnX = 0.0F;
+    float turnY = 0.0F;
+    if (m_state == kStatePlaying)
+    {
+        turnX = TurnRequest(m_mouseX, width, m_mouseSensitivity, m_mouseDeadCenter);
+        turnY = TurnRequest(m_mouseY, height, m_mouseSensitivity, m_mouseDeadCenter);
+    }
+    m_universe->PlayerWantsToTurn(turnX, turnY);
+}
+
+void Game::HandleEvent(GameEvent const* event)
+{
+    switch (m_state)
+    {
+    case kStatePlaying:
+        HandlePlayingEvent(*event);
+        break;
+    case kStatePaused:
+        Menu::HandleEventCurrent(event);
+        if (event->IsKey(m_keyPause))
+        {
+            Resume();
+        }
+        else if (event->IsKey('d'))
+        {
+            m_debugKeySeen = true;
+        }
+        break;
+    case kStateMenu:
+        Menu::HandleEventCurrent(event);
+        break;
+    default:
+        break;
+    }
+}
+
+void Game::HandlePlayingEvent(GameEvent const& event)
+{
+    int dx = 0;
+    int dy = 0;
+    bool up = false;
+    if (event.IsMouseMove(dx, dy, m_mouseX, m_mouseY))
+    {
+        return; // the turn follows with the next frame
+    }
+    if (event.IsKey(m_keyPause))
+    {
+        Pause();
+    }
+    else if (event.IsKey(m_keyThrustUp))
+    {
+        ChangeThrottle(kThrottleStep);
+    }
+    else if (event.IsKey(m_keyThrustDown))
+    {
+        ChangeThrottle(-kThrottleStep);
+    }
+    else if (event.IsScrollWheel(up))
+    {
+        ChangeThrottle(up ? kThrottleStep : -kThrottleStep);
+    }
+    else if (event.IsKey('d'))
+    {
+        m_debugKeySeen = true;
+    }
+}
+
+void Game::Pause()
+{
+    SwitchToState(kStatePaused);
+    m_universe->Pause();
+}
+
+void Game::Resume()
+{
+    SwitchToState(kStatePlaying);
+    m_universe->Unpause();
+}
+
+// Clicks at the limits too.
+void Game::ChangeThrottle(float step)
+{
+    m_soundControls->Play();
+    float const throttle = m_universe->GetCamera()->GetTargetVPct();
+    m_universe->PlayerWantsToGo(step > 0.0F ? std::min(1.0F, throttle + step) : std::max(0.0F, throttle + step));
+}
+
+float Game::GetFPS() const
+{
+    return static_cast<float>(1.0 / m_elapsed);
+}

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The one object that ties everything together: the race world, the sounds of the game as a whole, and the state.
+// The host view makes it on the first frame, then calls Tick and Render once a frame and hands it every event.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+class GameEvent;
+class GameSound;
+class Universe;
+
+enum GameState : std::int32_t
+{
+    kStatePlaying = 0,  // a race runs; no menu is current
+    kStatePaused = 1,   // the race is frozen under the pause menu
+    kStateMenu = 2,     // a menu over the world, the cockpit hidden
+    kStateRaceOver = 3, // a request only: the race has just finished; the state becomes kStateMenu
+};
+
+class Game
+{
+public:
+    // Makes the game for a view of that size in pixels. It lives until the process ends.
+    static void Init(int width, int height);
+
+    // Null until Init().
+    static Game* pGame;
+
+    Game(int width, int height);
+    ~Game();
+    Game(Game const&) = delete;
+    Game& operator=(Game const&) = delete;
+
+    // All changes of state go through here.
+    void SwitchToState(GameState newState);
+
+    void Tick();
+    void Render(int width, int height); // pixels
+    void HandleEvent(GameEvent const* event);
+
+    // From the last frame's duration; infinite before the first.
+    float GetFPS() const;
+
+    GameState GetState() const { return m_state; }
+    Universe* GetUniverse() const { return m_universe.get(); }
+    bool WasDebugKeySeen() const { return m_debugKeySeen; }
+
+private:
+    void LoadSounds();
+    void ReplaceUniverse();
+    void ReadControlSettings();
+    void StartRace();
+    void EndRace();
+    void Pause();
+    void Resume();
+    void HandlePlayingEvent(GameEvent const& event);
+    void ChangeThrottle(float step);
+    void RequestTurn(int width, int height);
+
+    GameState m_state = kStateMenu;
+    std::unique_ptr<Universe> m_universe;
+    std::uint64_t m_lastTime = 0;
+    double m_elapsed = 0.0; // seconds, the last frame's
+    std::unique_ptr<GameSound> m_soundFanfare;
+    std::unique_ptr<GameSound> m_soundStarter; // this one and the next are loaded, and played by nothing
+    std::unique_ptr<GameSound> m_soundHiScore;
+    std::unique_ptr<GameSound> m_soundControls;
+    unsigned short m_keyThrustUp = 0;
+    unsigned short m_keyThrustDown = 0;
+    unsigned short m_keyPause = 0;
+    double m_mouseSensitivity = 0.0;
+    float m_mouseDeadCenter = 0.0F;
+    int m_mouseX = 0; // the pointer, from the view's bottom left
+    int m_mouseY = 0;
+    int m_viewWidth = 0;
+    int m_viewHeight = 0;
+    bool m_debugKeySeen = false; // set, and read by nothing in the game
+};

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "core/Globals.h"
+
+#include "platform/OpenGL.h"
+
+#include <cstdio>
+
+namespace
+{
+
+unsigned DiscardPendingError()
+{
+    GLenum const error = glGetError();
+    if (error != GL_NO_ERROR)
+    {
+        ReportError(reinterpret_cast<char const*>(gluErrorString(error)));
+    }
+    return error;
+}
+
+} // namespace
+
+void ReportError(char const* message)
+{
+    char text[256];
+    std::snprintf(text, sizeof text, "%s\n", message);
+}
+
+unsigned glReportError()
+{
+    return DiscardPendingError();
+}
+
+unsigned glDebugStr()
+{
+    return DiscardPendingError();
+}

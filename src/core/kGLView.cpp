@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "core/kGLView.h"
+
+#include "core/Game.h"
+#include "core/GameEvent.h"
+#include "core/GameEventNSEvent.h"
+#include "platform/Application.h"
+#include "platform/Log.h"
+#include "platform/OpenGL.h"
+#include "settings/GameSettings.h"
+
+namespace
+{
+
+using platform::Log;
+
+// Far below any display's frame time: the game runs as fast as run loop and display let it.
+constexpr double kFrameInterval = 0.001; // seconds
+
+bool fFirstFrameDone = false;
+
+void Forward(platform::Event const& event)
+{
+    if (Game::pGame == nullptr)
+    {
+        return;
+    }
+    GameEvent const gameEvent(new GameEventNSEvent(event));
+    Game::pGame->HandleEvent(&gameEvent);
+}
+
+} // namespace
+
+kGLView::~kGLView()
+{
+    if (nstime)
+    {
+        nstime->invalidate();
+    }
+}
+
+bool kGLView::initWithFrame(platform::Rect frame)
+{
+    constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
+                                        platform::kPixelFormatAccelerated,
+                                        platform::kPixelFormatColorSize,
+                                        32,
+                                        platform::kPixelFormatDepthSize,
+                                        32,
+                                        0};
+    auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
+    if (!format)
+    {
+        Log("Invalid format... terminating.");
+        return false;
+    }
+    if (!initWithPixelFormat(frame, *format))
+    {
+        Log("Self not created... terminating.");
+        return false;
+    }
+    openGLContext()->makeCurrentContext();
+    Log("Set current context...");
+    return true;
+}
+
+void kGLView::awakeFromNib()
+{
+    Log("awakeFromNib");
+    nstime = platform::Timer::scheduledTimer(kFrameInterval, [this] { drawFrame(); });
+    // Frames go on while a menu is tracked or a modal panel is up.
+    platform::RunLoop::current().addTimer(nstime, platform::RunLoop::Mode::EventTracking);
+    platform::RunLoop::current().addTimer(nstime, platform::RunLoop::Mode::ModalPanel);
+    Log("end awakeFromNib");
+}
+
+void kGLView::drawFrame()
+{
+    if (!fFirstFrameDone)
+    {
+        FirstFrame();
+    }
+    platform::Size const size = frame().size;
+    Game::pGame->Tick();
+    Game::pGame->Render(static_cast<int>(size.width), static_cast<int>(size.height));
+    openGLContext()->flushBuffer();
+}
+
+void kGLView::FirstFrame()
+{
+    GameSettings::Initialize();
+    FullScreenOn = GameSettings::GetIntParam("Fullscreen") != 0;
+    if (FullScreenOn)
+    {
+        setFullScreen(true);
+    }
+    else
+    {
+        // Through full screen once and back, deliberately.
+        setFullScreen(true);
+        setFullScreen(false);
+    }
+    platform::Window* const keyWindow = platform::Application::shared()->keyWindow();
+    bool const accepted = keyWindow->makeFirstResponder(this);
+    Log(accepted ? "self apparently made first responder" : "self is not first responder");
+
+    platform::Size const size = frame().size;
+    Game::Init(static_cast<int>(size.width), static_cast<int>(size.height));
+    fFirstFrameDone = true;
+}
+
+void kGLView::reshape()
+{
+    platform::Size const size = frame().size;
+    glViewport(0, 0, static_cast<GLsizei>(size.width), static_cast<GLsizei>(size.height));
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(45.0, static_cast<double>(size.width) / size.height, static_cast<double>(0.1F), 100.0);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+void kGLView::setFullScreen(bool fullScreen)
+{
+    if (fullScreen)
+    {
+        EnterFullScreen();
+    }
+    else
+    {
+        LeaveFullScreen();
+    }
+}
+
+void kGLView::EnterFullScreen()
+{
+    if (!FullScreenWindow)
+    {
+        StartingWindow = platform::Application::shared()->keyWindow();
+    }
+    auto window = platform::Window::initWithContentRect(platform::MainScreenFrame(), platform::WindowStyle::Borderless);
+    if (!window)
+    {
+        return;
+    }
+    FullScreenWindow = std::move(window);
+    Log("Window was created");
+    FullScreenWindow->setTitle("myWindow");
+    FullScreenWindow->setContentView(this);
+    FullScreenWindow->makeKeyAndOrderFront();
+    FullScreenWindow->makeFirstResponder(this);
+    FullScreenOn = true;
+    StartingWindow->setAcceptsMouseMovedEvents(false);
+    FullScreenWindow->setAcceptsMouseMovedEvents(true);
+    StartingWindow->orderOut();
+}
+
+void kGLView::LeaveFullScreen()
+{
+    if (StartingWindow == nullptr)
+    {
+        return;
+    }
+    StartingWindow->setContentView(this);
+    StartingWindow->makeKeyAndOrderFront();
+    StartingWindow->makeFirstResponder(this);
+    StartingWindow->setAcceptsMouseMovedEvents(true);
+    FullScreenOn = false;
+    FullScreenWindow.reset();
+}
+
+void kGLView::toggleFullScreen()
+{
+    Log("-toggle fullscreen");
+    bool const fullScreen = GameSettings::GetIntParam("Fullscreen") == 0;
+    setFullScreen(fullScreen);
+    GameSettings::SetIntParam("Fullscreen", fullScreen ? 1 : 0);
+}
+
+bool kGLView::acceptsFirstResponder()
+{
+    return true;
+}
+
+bool kGLView::becomeFirstResponder()
+{
+    window()->setAcceptsMouseMovedEvents(true);
+    return true;
+}
+
+bool kGLView::resignFirstResponder()
+{
+    window()->setAcceptsMouseMovedEvents(false);
+    return true;
+}
+
+void kGLView::keyDown(platform::Event const& event)
+{
+    Forward(event);
+}
+
+void kGLView::mouseMoved(platform::Event const& event)
+{
+    Forward(event);
+}
+
+void kGLView::mouseUp(platform::Event const& event)
+{
+    Forward(event);
+}
+
+void kGLView::scrollWheel(platform::Event const& event)
+{
+    Forward(event);
+}

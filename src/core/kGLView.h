@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The OpenGL view of the main window, and the only bridge between the platform and the game: it drives a frame from
+// the frame timer, switches between window and full screen, and turns the platform's events into the game's.
+#pragma once
+
+#include "platform/OpenGLView.h"
+#include "platform/RunLoop.h"
+#include "platform/Window.h"
+
+#include <memory>
+
+class kGLView : public platform::OpenGLView
+{
+public:
+    ~kGLView() override;
+
+    bool initWithFrame(platform::Rect frame) override;
+    void awakeFromNib() override;
+    void reshape() override;
+    void toggleFullScreen() override;
+
+    bool acceptsFirstResponder() override;
+    bool becomeFirstResponder() override;
+    bool resignFirstResponder() override;
+    void keyDown(platform::Event const& event) override;
+    void mouseMoved(platform::Event const& event) override;
+    void mouseUp(platform::Event const& event) override;
+    void scrollWheel(platform::Event const& event) override;
+
+    // The timer's action: one frame. The first also brings up settings, display mode and game.
+    void drawFrame();
+
+    void setFullScreen(bool fullScreen);
+    bool isFullScreen() const { return FullScreenOn; }
+
+private:
+    void FirstFrame();
+    void EnterFullScreen();
+    void LeaveFullScreen();
+
+    bool FullScreenOn = false;
+    std::unique_ptr<platform::Window> FullScreenWindow;
+    platform::Window* StartingWindow = nullptr; // the interface file's
+    std::shared_ptr<platform::Timer> nstime;
+};

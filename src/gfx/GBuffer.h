@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// An off-screen pixel buffer in main memory that pictures are drawn into and copied from, scaled.
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/PixelBuffer.h"
+
+#include <cstdlib>
+#include <memory>
+
+class GBuffer
+{
+public:
+    GBuffer() = default;
+    virtual ~GBuffer() = default;
+    GBuffer(GBuffer const&) = delete;
+    GBuffer& operator=(GBuffer const&) = delete;
+
+    // size: whole pixels; bitDepth: 16 (native-endian 1-5-5-5) or 32 (bytes B, G, R, A, premultiplied). Null when the
+    // memory is refused.
+    static std::shared_ptr<GBuffer> Create(platform::Size size, int bitDepth);
+
+    bool CreateImageBuffer(platform::Size size, int bitDepth);
+
+    // Makes the buffer ready to be drawn into by copyTo(); false when it has no memory.
+    bool CreateCGContext();
+
+    // Draws this buffer's picture, scaled and interpolated, over the destination's whole area. The source's memory is
+    // read as 32-bit pixels whatever its depth.
+    void copyTo(GBuffer& destination) const;
+
+    float GetWidth() const { return m_width; }   // pixels
+    float GetHeight() const { return m_height; } // pixels
+    int GetBitDepth() const { return m_bitDepth; }
+    unsigned GetSize() const { return m_size; } // bytes
+
+    // Row after row without padding, null without memory.
+    void const* GetPixels() const { return m_pixels.get(); }
+
+protected:
+    platform::PixelBuffer Pixels() const;
+    void ReleasePixels();
+
+private:
+    struct Free
+    {
+        void operator()(void* memory) const { std::free(memory); }
+    };
+
+    bool m_hasContext = false;
+    float m_width = 0.0F;
+    float m_height = 0.0F;
+    int m_bitDepth = 0;
+    unsigned m_size = 0;
+    std::unique_ptr<void, Free> m_pixels;
+};

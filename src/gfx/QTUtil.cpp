@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "gfx/QTUtil.h"
+
+#include "core/Globals.h"
+#include "gfx/QTImage.h"
+#include "gfx/TextureFormat.h"
+#include "platform/Log.h"
+#include "platform/OpenGL.h"
+
+#include <string>
+
+int QTLoadAsTexture(unsigned long* texture, char const* name)
+{
+    GLuint generated = 0;
+    glGenTextures(1, &generated);
+    *texture = generated;
+
+    std::shared_ptr<QTImage> const image = QTImage::imageWithName(name);
+    if (!image || !image->LoadImageData() || !image->CreateImageWithBitdepth(32))
+    {
+        QTUtilLog((std::string("Unable to load texture ") + name).c_str());
+        return -1;
+    }
+
+    glBindTexture(GL_TEXTURE_2D, generated);
+    glReportError();
+    UploadTextureLevel(*image, 0, GL_RGBA);
+    glReportError();
+    glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
+    glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
+    glReportError();
+    return 0;
+}
+
+void QTUtilLog(char const* text)
+{
+    platform::Log(text);
+}

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "gfx/Roid.h"
+
+#include "gfx/QTUtil.h"
+#include "math/Plane.h"
+#include "math/util.h"
+#include "platform/OpenGL.h"
+#include "platform/Random.h"
+#include "settings/GameSettings.h"
+
+#include <cmath>
+#include <memory>
+
+unsigned long Roid::m_texture = 0;
+float Roid::m_lodDistFar = 0.0F;
+float Roid::m_lodDistMedium = 0.0F;
+bool Roid::m_fGotSettings = false;
+unsigned long Roid::m_ahroid[kSizeCount][kLodCount] = {};
+
+namespace
+{
+
+constexpr int kCoarsest = 4; // slices and stacks of the farthest spheres, whatever the smoothness
+
+struct QuadricDeleter
+{
+    void operator()(GLUquadric* quadric) const { gluDeleteQuadric(quadric); }
+};
+using Quadric = std::unique_ptr<GLUquadric, QuadricDeleter>;
+
+Quadric SphereQuadric()
+{
+    Quadric quadric(gluNewQuadric());
+    gluQuadricOrientation(quadric.get(), GLU_OUTSIDE);
+    gluQuadricDrawStyle(quadric.get(), GLU_FILL);
+    gluQuadricNormals(quadric.get(), GLU_SMOOTH);
+    gluQuadricTexture(quadric.get(), GL_TRUE);
+    return quadric;
+}
+
+void CompileSphere(unsigned long list, GLUquadric* quadric, double radius, int subdivisions)
+{
+    glNewList(static_cast<GLuint>(list), GL_COMPILE);
+    gluSphere(quadric, radius, subdivisions, subdivisions);
+    glEndList();
+}
+
+} // namespace
+
+Roid::Roid(Universe const* universe) : Body(universe)
+{
+    if (!m_fGotSettings)
+    {
+        ReadSettings();
+    }
+    float const minR = GameSettings::GetFloatParam("_AsteroidsMinR");
+    float const maxR = GameSettings::GetFloatParam("_AsteroidsMaxR");
+    if (minR >= maxR)
+    {
+        SetSize(minR);
+        return;
+    }
+    m_sizeClass = platform::Random31() % kSizeCount;
+    SetSize(static_cast<float>(m_sizeClass) * (maxR - minR) / (kSizeCount - 1) + minR);
+}
+
+Roid::~Roid()
+{
+    if (m_fGotSettings)
+    {
+        ReleaseShared();
+    }
+}
+
+void Roid::ReadSettings()
+{
+    if (m_fGotSettings)
+    {
+        ReleaseShared();
+    }
+    m_fGotSettings = true;
+    float const medium = GameSettings::GetFloatParam("LODDistMedium");
+    float const farthest = GameSettings::GetFloatParam("LODDistFar");
+    m_lodDistMedium = medium * medium;
+    m_lodDistFar = farthest * farthest;
+    QTLoadAsTexture(&m_texture, "roid-128.jpg");
+    CreatePrerender(GameSettings::GetIntParam("_AsteroidsSmoothness"), m_ahroid);
+}
+
+// Names that are gone already are 0 and cost nothing: only the first asteroid of a field to go has work to do.
+void Roid::ReleaseShared()
+{
+    if (m_texture != 0)
+    {
+        auto const texture = static_cast<GLuint>(m_texture);
+        glDeleteTextures(1, &texture);
+        m_texture = 0;
+    }
+    for (auto& listsOfSize : m_ahroid)
+    {
+        for (unsigned long& list : listsOfSize)
+        {
+            if (list != 0)
+            {
+                glDeleteLists(static_cast<GLuint>(list), 1);
+                list = 0;
+            }
+        }
+    }
+}
+
+void Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount])
+{
+    int const subdivisions[kLodCount] = {smoothness, (smoothness + kCoarsest) / 2, kCoarsest};
+    float const minR = GameSettings::GetFloatParam("_AsteroidsMinR");
+    float const step = (GameSettings::GetFloatParam("_AsteroidsMaxR") - minR) / (kSizeCount - 1);
+
+    for (int lod = 0; lod < kLodCount; ++lod)
+    {
+        for (int size = 0; size < kSizeCount; ++size)
+        {
+            lists[size][lod] = glGenLists(1);
+        }
+    }
+    Quadric const quadric = SphereQuadric();
+    for (int size = 0; size < kSizeCount; ++size)
+    {
+        float const radius = static_cast<float>(size) * step + minR;
+        for (int lod = 0; lod < kLodCount; ++lod)
+        {
+            CompileSphere(lists[size][lod], quadric.get(), radius, subdivisions[lod]);
+        }
+    }
+}
+
+void Roid::RenderStart()
+{
+    constexpr GLfloat kSpecular[] = {0.8F, 0.6F, 0.6F, 1.0F};
+    constexpr GLfloat kShininess = 40.0F;
+    constexpr GLfloat kAmbientAndDiffuse[] = {0.8F, 0.8F, 0.8F, 1.0F};
+    constexpr GLfloat kEmission[] = {0.0F, 0.0F, 0.0F, 1.0F};
+    glMaterialfv(GL_FRONT, GL_SPECULAR, kSpecular);
+    glMaterialfv(GL_FRONT, GL_SHININESS, &kShininess);
+    glMaterialfv(GL_FRONT, GL_AMBIENT_AND_DIFFUSE, kAmbientAndDiffuse);
+    glMaterialfv(GL_FRONT, GL_EMISSION, kEmission);
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, static_cast<GLuint>(m_texture));
+}
+
+void Roid::RenderEnd()
+{
+    glDisable(GL_TEXTURE_2D);
+}
+
+bool Roid::Render(TQ3Vector3D const& position, Frustum const& frustum)
+{
+    MoveTo(position);
+    if (!frustum.IsPointInside(position))
+    {
+        return false;
+    }
+    float const distanceSquared = DistSquared(frustum.GetApex(), position);
+    int lod = 0;
+    if (distanceSquared >= m_lodDistFar)
+    {
+        lod = 2;
+    }
+    else if (distanceSquared >= m_lodDistMedium)
+    {
+        lod = 1;
+    }
+    glPushMatrix();
+    glTranslated(position.x, position.y, position.z);
+    glCallList(static_cast<GLuint>(m_ahroid[m_sizeClass][lod]));
+    glPopMatrix();
+    return true;
+}
+
+bool Roid::ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
+                                   TQ3Vector3D* hitPoint, float* hitDistance) const
+{
+    float const reach = radius + GetRadius();
+    TQ3Vector3D toCentre;
+    TQ3Vector3D direction;
+    Vector3D_Subtract(&GetPosition(), &start, &toCentre);
+    Vector3D_Subtract(&end, &start, &direction);
+    Vector3D_Normalize(&direction, &direction);
+
+    float const squaredToCentre = Vector3D_GetLengthSquared(&toCentre);
+    float const closestApproach = Vector3D_Dot(&toCentre, &direction);
+    float const squaredReach = reach * reach;
+    bool const startsOutside = squaredToCentre > squaredReach;
+    if (closestApproach < 0.0F && startsOutside)
+    {
+        return false;
+    }
+    float const squaredMiss = squaredToCentre - closestApproach * closestApproach;
+    if (squaredMiss > squaredReach)
+    {
+        return false;
+    }
+    float const halfChord = std::sqrt(squaredReach - squaredMiss);
+    float const distance = startsOutside ? closestApproach - halfChord : closestApproach + halfChord;
+    *hitDistance = distance;
+    TQ3Vector3D offset;
+    Vector3D_Scale(&direction, distance, &offset);
+    Vector3D_Add(&start, &offset, hitPoint);
+    return true;
+}

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// One asteroid of the field: a body with a size class, drawn as a textured sphere that does not turn.
+// All share one texture and twelve display lists, four sizes in three levels of detail, which ReadSettings() builds.
+#pragma once
+
+#include "world/Body.h"
+
+class Frustum;
+
+class Roid : public Body
+{
+public:
+    static constexpr int kSizeCount = 4;
+    static constexpr int kLodCount = 3; // 0 is the finest
+
+    // Picks a size class from the random sequence. An OpenGL context is current.
+    explicit Roid(Universe const* universe);
+    Roid(Roid&&) noexcept = default;
+    Roid& operator=(Roid&&) = delete;
+    Roid(Roid const&) = delete;
+    Roid& operator=(Roid const&) = delete;
+
+    // Releases what all asteroids share: they go only together with their universe.
+    ~Roid();
+
+    // Builds texture and lists anew from the settings, for a new field.
+    static void ReadSettings();
+
+    // smoothness: slices and stacks of the finest spheres.
+    static void CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount]);
+
+    // Set and clear the state that all asteroids share; once a frame around all Render() calls.
+    static void RenderStart();
+    static void RenderEnd();
+
+    // Moves the asteroid to the position and draws it there. False when its centre is out of view.
+    bool Render(TQ3Vector3D const& position, Frustum const& frustum);
+
+    // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid: then
+    // hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it has come.
+    // A touch beyond the end is reported too.
+    bool ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
+                                 TQ3Vector3D* hitPoint, float* hitDistance) const;
+
+    int GetSizeClass() const { return m_sizeClass; }
+
+    static unsigned long m_texture;
+    static float m_lodDistFar;    // squared
+    static float m_lodDistMedium; // squared
+    static bool m_fGotSettings;
+    static unsigned long m_ahroid[kSizeCount][kLodCount];
+
+private:
+    static void ReleaseShared();
+
+    int m_sizeClass = 0;
+};

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// One styled string as a texture: rasterised on the first draw after a change, then drawn as a quad anywhere.
+// A box and a frame may lie behind the text. Overlay is the caller.
+#pragma once
+
+#include "platform/GLContext.h"
+#include "platform/Geometry.h"
+#include "platform/Text.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+class StringTexture
+{
+public:
+    using Attributes = std::shared_ptr<platform::TextAttributes const>;
+
+    StringTexture() = default;
+    ~StringTexture();
+    StringTexture(StringTexture const&) = delete;
+    StringTexture& operator=(StringTexture const&) = delete;
+
+    // Every object is initialised by one of these. Without colours: opaque white text, no box, no frame.
+    StringTexture& initWithAttributedString(platform::AttributedString string, platform::Color textColor,
+                                            platform::Color boxColor, platform::Color borderColor);
+    StringTexture& initWithString(std::string const& string, Attributes const& attributes, platform::Color textColor,
+                                  platform::Color boxColor, platform::Color borderColor);
+    StringTexture& initWithAttributedString(platform::AttributedString string);
+    StringTexture& initWithString(std::string const& string, Attributes const& attributes);
+
+    // Each throws the texture away.
+    void setString(platform::AttributedString string);
+    void setString(std::string const& string, Attributes const& attributes);
+    void setTextColor(platform::Color color);
+    void setBoxColor(platform::Color color);
+    void setBorderColor(platform::Color color);
+    void setMargins(platform::Size size);         // between the frame's edge and the text, pixels
+    void useStaticFrame(platform::Size size);     // the bitmap's size, whatever the text
+    void useDynamicFrame();                       // back to a size that follows the text; nothing when it does already
+
+    unsigned texName() const { return m_texName; } // 0 without a texture
+    platform::Size texSize() const { return m_texSize; } // pixels of the bitmap last uploaded
+    platform::AttributedString const& string() const { return *m_string; }
+    platform::Color textColor() const { return m_textColor; }
+    platform::Color boxColor() const { return m_boxColor; }
+    platform::Color borderColor() const { return m_borderColor; }
+    platform::Size marginSize() const { return m_marginSize; }
+    bool staticFrame() const { return m_staticFrame; }
+    platform::Size frameSize(); // measured first when the text has changed
+
+    // Needs a current OpenGL context; without one, a log line and no texture.
+    void genTexture();
+
+    // Draw the top left corner at the point, at the text's own size, or stretched over the bounds. The caller's state
+    // decides about texturing, blending and colour.
+    void drawAtPoint(platform::Point point);
+    void drawWithBounds(platform::Rect bounds);
+
+    // In the context that owns it, whichever is current.
+    void deleteTexture();
+
+private:
+    bool EnsureTexture();
+    void FollowText();
+
+    platform::GLContextRef m_cglContext = nullptr;
+    unsigned m_texName = 0;
+    platform::Size m_texSize;
+    std::optional<platform::AttributedString> m_string;
+    platform::Color m_textColor;
+    platform::Color m_boxColor;
+    platform::Color m_borderColor;
+    bool m_staticFrame = false;
+    platform::Size m_marginSize{4.0F, 2.0F};
+    platform::Size m_frameSize; // (0, 0): to be measured
+};

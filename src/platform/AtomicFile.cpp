@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/AtomicFile.h"
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+#if defined(_WIN32)
+#include <fstream>
+#else
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace platform
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+#if defined(_WIN32)
+
+bool WriteNewFile(fs::path const& target, std::string_view text, fs::path& written)
+{
+    written = target;
+    written += ".new";
+    std::ofstream stream(written, std::ios::binary | std::ios::trunc);
+    stream << text << std::flush;
+    return stream.good();
+}
+
+void SyncFolder(fs::path const&)
+{
+}
+
+#else
+
+// A file descriptor that closes itself.
+class Descriptor
+{
+public:
+    explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
+    ~Descriptor()
+    {
+        if (m_descriptor >= 0)
+        {
+            ::close(m_descriptor);
+        }
+    }
+    Descriptor(Descriptor const&) = delete;
+    Descriptor& operator=(Descriptor const&) = delete;
+    int get() const { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+bool WriteAll(int descriptor, std::string_view text)
+{
+    while (!text.empty())
+    {
+        ssize_t const count = ::write(descriptor, text.data(), text.size());
+        if (count < 0 && errno != EINTR)
+        {
+            return false;
+        }
+        text.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
+    }
+    return true;
+}
+
+bool WriteNewFile(fs::path const& target, std::string_view text, fs::path& written)
+{
+    std::string name = target.string() + ".XXXXXX";
+    Descriptor const descriptor(::mkstemp(name.data()));
+    if (descriptor.get() < 0)
+    {
+        return false;
+    }
+    written = name;
+    struct stat old = {};
+    if (::stat(target.c_str(), &old) == 0)
+    {
+        ::fchmod(descriptor.get(), old.st_mode & 07777U);
+    }
+    return WriteAll(descriptor.get(), text) && ::fsync(descriptor.get()) == 0;
+}
+
+void SyncFolder(fs::path const& folder)
+{
+    Descriptor const descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.get() >= 0)
+    {
+        ::fsync(descriptor.get());
+    }
+}
+
+#endif
+
+std::string LastError()
+{
+    return std::strerror(errno);
+}
+
+} // namespace
+
+std::string ReplaceFile(fs::path const& file, std::string_view text)
+{
+    std::error_code error;
+    fs::create_directories(file.parent_path(), error);
+    if (error)
+    {
+        return error.message();
+    }
+    fs::path const resolved = fs::weakly_canonical(file, error);
+    fs::path const target = error ? file : resolved;
+
+    fs::path written;
+    std::string problem;
+    if (!WriteNewFile(target, text, written))
+    {
+        problem = LastError();
+    }
+    else if (fs::rename(written, target, error); error)
+    {
+        problem = error.message();
+    }
+    if (problem.empty())
+    {
+        SyncFolder(target.parent_path());
+    }
+    else if (!written.empty())
+    {
+        fs::remove(written, error);
+    }
+    return problem;
+}
+
+} // namespace platform

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The one sound device of the program, opened when the first sound is needed, and the OpenAL sources and
+// buffers that live in it. Sound and MovieAudio are the callers. A device may be missing, vanish and come
+// back. What was made in one that is gone answers false to isAlive(), and its destruction does nothing.
+#pragma once
+
+#include <AL/al.h>
+#include <AL/alc.h>
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace platform
+{
+
+class AudioDevice
+{
+public:
+    // How a device is opened, and the attributes of its context up to the closing 0. A test that listens
+    // through a loopback device puts its own here; a null device says that there is none.
+    struct Opening
+    {
+        std::function<ALCdevice*()> open;
+        std::vector<ALCint> attributes;
+    };
+
+    static AudioDevice& shared();
+
+    // True while a device is there. Without one another try is made every few seconds at most.
+    bool isReady();
+
+    // Rises with each device: names made under an earlier number are gone.
+    std::uint64_t generation() const { return m_generation; }
+
+    // Closes the device; the next isReady() opens one anew, in this way from now on.
+    void setOpening(Opening opening);
+
+    // The system's own device.
+    static Opening systemOpening();
+
+private:
+    AudioDevice();
+    void open();
+    void close();
+    bool isConnected() const;
+
+    Opening m_opening;
+    ALCdevice* m_device = nullptr;
+    ALCcontext* m_context = nullptr;
+    std::uint64_t m_generation = 0;
+    std::uint64_t m_lastTry = 0; // UpTime() of the last vain try, 0 for none
+    bool m_saidMissing = false;
+    bool m_hasEnded = false; // the program is on its way out
+
+    friend struct AudioDeviceCloser;
+};
+
+// A name of the current device, 0 for none.
+class AudioName
+{
+public:
+    AudioName() = default;
+    AudioName(AudioName const&) = delete;
+    AudioName& operator=(AudioName const&) = delete;
+
+    ALuint get() const { return m_name; }
+    bool isAlive() const { return m_name != 0 && m_generation == AudioDevice::shared().generation(); }
+
+protected:
+    ~AudioName() = default;
+    void set(ALuint name);
+
+private:
+    ALuint m_name = 0;
+    std::uint64_t m_generation = 0;
+};
+
+// A source that plays stereo samples as they are, without a place in space.
+class AudioSource : public AudioName
+{
+public:
+    AudioSource() = default;
+    ~AudioSource() { release(); }
+
+    // False without a device, or when it has no source left.
+    bool acquire();
+    void release(); // it falls silent
+};
+
+class AudioBuffer : public AudioName
+{
+public:
+    AudioBuffer() = default;
+    ~AudioBuffer() { release(); }
+
+    // Interleaved stereo samples; false without a device or when memory is refused.
+    bool fill(std::span<std::int16_t const> samples, int sampleRate);
+    void release();
+};
+
+} // namespace platform

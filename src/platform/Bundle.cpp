@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/Bundle.h"
+
+#include <SDL.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <libintl.h>
+#include <memory>
+#include <vector>
+
+namespace platform::Bundle
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr char const* kTextDomain = "quarrow";
+
+struct SdlFree
+{
+    void operator()(char* memory) const { SDL_free(memory); }
+};
+
+// Beside the program, or in the installation that it belongs to.
+fs::path FindResources()
+{
+    std::unique_ptr<char, SdlFree> const base(SDL_GetBasePath());
+    fs::path const folder = base ? base.get() : "";
+    std::error_code error;
+    for (fs::path const& candidate : {folder / "resources", folder / ".." / "share" / "quarrow"})
+    {
+        if (fs::is_directory(candidate, error))
+        {
+            return fs::weakly_canonical(candidate, error);
+        }
+    }
+    return {};
+}
+
+fs::path const& Resources()
+{
+    static fs::path const folder = FindResources();
+    return folder;
+}
+
+// Languages only: numbers keep their C form everywhere.
+bool BindCatalogue()
+{
+    std::setlocale(LC_CTYPE, "");
+    std::setlocale(LC_MESSAGES, "");
+    bindtextdomain(kTextDomain, (Resources() / "Locale").c_str());
+    bind_textdomain_codeset(kTextDomain, "UTF-8");
+    return true;
+}
+
+bool IsPlainName(std::string const& name)
+{
+    return !name.empty() && name != "." && name != ".." && name.find_first_of("/\\") == std::string::npos &&
+           name.find('\0') == std::string::npos;
+}
+
+} // namespace
+
+std::optional<fs::path> pathForResource(std::string const& name, std::string const& folder)
+{
+    if (!IsPlainName(name) || !IsPlainName(folder) || Resources().empty())
+    {
+        return std::nullopt;
+    }
+    fs::path const path = Resources() / folder / name;
+    std::error_code error;
+    return fs::is_regular_file(path, error) ? std::optional(path) : std::nullopt;
+}
+
+std::string localizedString(char const* english)
+{
+    static bool const bound = BindCatalogue();
+    static_cast<void>(bound);
+    // The empty key stands for the catalogue's own header.
+    return *english != '\0' ? dgettext(kTextDomain, english) : "";
+}
+
+} // namespace platform::Bundle

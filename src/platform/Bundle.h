@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The application's resources and its texts in the player's language.
+// Resources lie in the folder "resources" beside the program (build tree) or in "share/quarrow" of the
+// installation that the program belongs to.
+#pragma once
+
+#include <optional>
+#include <filesystem>
+#include <string>
+
+namespace platform::Bundle
+{
+
+// The path of a readable file of that name in a sub-folder of the resources ("Images", "Sounds", "Music", "Interface").
+// Nothing when there is none, or when a name is not a plain file name (a separator or ".." in it).
+std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
+
+// The text in the language of the user's locale; the English text is the key and the fallback.
+std::string localizedString(char const* english);
+
+} // namespace platform::Bundle

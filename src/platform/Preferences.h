@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The per-user preferences: a TOML file in the platform's configuration folder, over a layer of registered
+// defaults that is never written to it. GameSettings is the only caller in the game.
+//
+// Every read asks the user's values first, then the defaults. A user's value whose kind (number, string, array)
+// is not that of the registered default counts as absent; it is reported once and stays in the file.
+// A float reads as an int towards zero and within its range (NaN as 0), an int as a float; any other mismatch
+// reads as 0, empty or zeros.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace platform
+{
+
+class Preferences
+{
+public:
+    using Value = std::variant<int, float, std::string, std::vector<int>>;
+    using Defaults = std::map<std::string, Value>;
+
+    // The user's own preferences, read from the file at the first call.
+    static Preferences& standard();
+
+    // Preferences kept in the given file. It need not exist. One that cannot be read or parsed is renamed to
+    // "<name>.broken-<date>" with one log line; a folder that cannot be written is reported once.
+    explicit Preferences(std::filesystem::path file);
+    ~Preferences(); // saves what was changed
+    Preferences(Preferences const&) = delete;
+    Preferences& operator=(Preferences const&) = delete;
+
+    void registerDefaults(Defaults const& defaults);
+
+    int integerForKey(std::string const& key) const;
+    float floatForKey(std::string const& key) const;
+    std::string stringForKey(std::string const& key) const;        // UTF-8
+    std::vector<int> integerArrayForKey(std::string const& key) const; // an element that is no number reads as 0
+    void setValue(std::string const& key, Value value);
+
+    // Writes the changed keys now, over what the file holds by then: a new file, synced, renamed over the old one.
+    // False, and everything kept for the next try, when the disk refuses. Nothing to write is true.
+    bool synchronize();
+
+    // True while a change waits to be written; the application calls synchronize() within a second.
+    bool hasUnsavedChanges() const;
+
+private:
+    struct Storage;
+    std::unique_ptr<Storage> m_storage;
+};
+
+} // namespace platform

@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/SettingsFile.h"
+
+#include "platform/AtomicFile.h"
+#include "platform/File.h"
+#include "platform/Log.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <ctime>
+#include <sstream>
+#include <string_view>
+
+namespace platform
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestFile = std::size_t{1} << 20U;
+
+std::string DateSuffix()
+{
+    std::time_t const now = std::time(nullptr);
+    std::array<char, 32> text{};
+    std::strftime(text.data(), text.size(), "%Y-%m-%d-%H%M%S", std::localtime(&now));
+    return text.data();
+}
+
+fs::path FreeNameBeside(fs::path const& file)
+{
+    std::string const base = file.string() + ".broken-" + DateSuffix();
+    fs::path name = base;
+    std::error_code error;
+    for (int i = 2; fs::exists(name, error) && i < 1000; ++i)
+    {
+        name = base + "-" + std::to_string(i);
+    }
+    return name;
+}
+
+void SetAside(fs::path const& file, std::string_view reason)
+{
+    fs::path const aside = FreeNameBeside(file);
+    std::error_code error;
+    fs::rename(file, aside, error);
+    Log("The settings in " + file.string() + " cannot be used (" + std::string(reason) + "); " +
+        (error ? "defaults are used" : "they are kept as " + aside.filename().string() + ", and defaults are used"));
+}
+
+// The double whose shortest decimal is that of the float.
+double ShortestDecimal(float value)
+{
+    if (!std::isfinite(value))
+    {
+        return value;
+    }
+    std::array<char, 64> text{};
+    auto const written = std::to_chars(text.data(), text.data() + text.size(), value);
+    double result = value;
+    std::from_chars(text.data(), written.ptr, result);
+    return result;
+}
+
+struct Store
+{
+    toml::table& table;
+    std::string const& key;
+
+    void operator()(int value) const { table.insert_or_assign(key, static_cast<std::int64_t>(value)); }
+    void operator()(float value) const { table.insert_or_assign(key, ShortestDecimal(value)); }
+    void operator()(std::string const& value) const { table.insert_or_assign(key, value); }
+    void operator()(std::vector<int> const& values) const
+    {
+        toml::array array;
+        for (int const value : values)
+        {
+            array.push_back(static_cast<std::int64_t>(value));
+        }
+        table.insert_or_assign(key, std::move(array));
+    }
+};
+
+} // namespace
+
+toml::table LoadSettings(fs::path const& file)
+{
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(file, error)))
+    {
+        return {};
+    }
+    auto const bytes = ReadWholeFile(file, kLargestFile);
+    if (!bytes)
+    {
+        SetAside(file, "it cannot be read");
+        return {};
+    }
+    try
+    {
+        return toml::parse(std::string_view(reinterpret_cast<char const*>(bytes->data()), bytes->size()));
+    }
+    catch (toml::parse_error const& problem)
+    {
+        SetAside(file, problem.description());
+        return {};
+    }
+}
+
+std::string SaveSettings(fs::path const& file, toml::table const& table)
+{
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << table << '\n';
+    return ReplaceFile(file, text.str());
+}
+
+void StoreValue(toml::table& table, std::string const& key, Preferences::Value const& value)
+{
+    std::visit(Store{table, key}, value);
+}
+
+} // namespace platform

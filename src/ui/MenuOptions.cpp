@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The hub of the settings and its pages for graphics and sound. A click writes the next value of a fixed cycle at
+// once; the word shown follows from the stored value by ranges, so a value set by hand joins its cycle at a click.
+#include "audio/GameSound.h"
+#include "platform/Bundle.h"
+#include "settings/GameSettings.h"
+#include "ui/MenuGame.h"
+#include "ui/MenuKeyboard.h"
+#include "ui/MenuText.h"
+
+namespace
+{
+
+using platform::Bundle::localizedString;
+
+constexpr char const* kFontName = "Helvetica";
+constexpr int kFontSize = 20;
+
+enum GraphicsItem
+{
+    kViewDistance,
+    kDetail,
+    kDensity,
+    kGraphicsSpacer,
+    kGraphicsBack,
+};
+
+enum SoundItem
+{
+    kEffects,
+    kMusic,
+    kSoundSpacer,
+    kSoundBack,
+};
+
+// A NaN fails every comparison and so falls into the last range.
+char const* ViewDistanceWord(float fogEndHigh)
+{
+    if (fogEndHigh < 50.0F)
+    {
+        return "LOW";
+    }
+    return fogEndHigh < 65.0F ? "NORMAL" : "HIGH";
+}
+
+float NextViewDistance(float fogEndHigh)
+{
+    if (fogEndHigh < 50.0F)
+    {
+        return 50.0F;
+    }
+    return fogEndHigh < 65.0F ? 65.0F : 40.0F;
+}
+
+char const* DetailWord(int smoothness)
+{
+    if (smoothness <= 6)
+    {
+        return "LOW";
+    }
+    return smoothness <= 8 ? "NORMAL" : "HIGH";
+}
+
+int NextDetail(int smoothness)
+{
+    if (smoothness <= 6)
+    {
+        return 7;
+    }
+    return smoothness <= 8 ? 9 : 5;
+}
+
+// A thinner field lets the player see farther inside it, so the fog's nearest end goes with the density.
+void SwitchDensity()
+{
+    bool const isHalf = GameSettings::GetFloatParam("_AsteroidsDensityCenter") < 0.5F;
+    GameSettings::SetFloatParam("_AsteroidsDensityCenter", isHalf ? 0.5F : 0.25F);
+    GameSettings::SetFloatParam("FogEndLow", isHalf ? 20.0F : 30.0F);
+}
+
+void SwitchEffects()
+{
+    bool const turnOn = GameSettings::GetFloatParam("SoundVolume") == 0.0F;
+    GameSound::SetVolume(turnOn);
+    GameSettings::SetFloatParam("SoundVolume", turnOn ? 1.0F : 0.0F);
+}
+
+char const* MusicWord(float volume)
+{
+    if (volume == 0.0F)
+    {
+        return "OFF";
+    }
+    if (volume < 0.5F)
+    {
+        return "SOFT";
+    }
+    return volume < 1.0F ? "MEDIUM" : "LOUD";
+}
+
+float NextMusicVolume(float volume)
+{
+    if (volume == 0.0F)
+    {
+        return 0.2F;
+    }
+    if (volume < 0.5F)
+    {
+        return 0.5F;
+    }
+    return volume < 1.0F ? 1.0F : 0.0F;
+}
+
+void SetLabelAndWord(Menu& menu, int item, std::string const& label, char const* word)
+{
+    menu.SetItem(item, (label + localizedString(word)).c_str());
+}
+
+} // namespace
+
+MenuOptions::MenuOptions() : Menu(0, 0, 4, kFontName, kFontSize)
+{
+    SetLocalizedItem(*this, 0, "Graphics");
+    SetLocalizedItem(*this, 1, "Mouse, Keyboard");
+    SetLocalizedItem(*this, 2, "Sound");
+    SetLocalizedItem(*this, 3, "Back to Main Menu");
+}
+
+bool MenuOptions::MouseUp(int item)
+{
+    switch (item)
+    {
+    case 0:
+        SetCurrent(new MenuGraphics);
+        return true;
+    case 1:
+        SetCurrent(new MenuKeyboard);
+        return true;
+    case 2:
+        SetCurrent(new MenuSound);
+        return true;
+    case 3:
+        SetCurrent(new MenuMain);
+        return true;
+    default:
+        return false;
+    }
+}
+
+MenuGraphics::MenuGraphics() : Menu(0, 0, 5, kFontName, kFontSize)
+{
+    for (int const item : {kViewDistance, kDetail, kDensity})
+    {
+        SetStringForItem(item);
+    }
+    SetLocalizedItem(*this, kGraphicsBack, "Back to Options");
+}
+
+void MenuGraphics::SetStringForItem(int item)
+{
+    switch (item)
+    {
+    case kViewDistance:
+        SetLabelAndWord(*this, item, localizedString("View Distance:  "),
+                        ViewDistanceWord(GameSettings::GetFloatParam("FogEndHigh")));
+        break;
+    case kDetail:
+        SetLabelAndWord(*this, item, localizedString("Asteroid Detail:  "),
+                        DetailWord(GameSettings::GetIntParam("_AsteroidsSmoothness")));
+        break;
+    case kDensity:
+        SetLabelAndWord(*this, item, localizedString("Asteroid Density:  "),
+                        GameSettings::GetFloatParam("_AsteroidsDensityCenter") < 0.5F ? "HALF" : "NORMAL");
+        break;
+    default:
+        break;
+    }
+}
+
+bool MenuGraphics::MouseUp(int item)
+{
+    switch (item)
+    {
+    case kViewDistance:
+        GameSettings::SetFloatParam("FogEndHigh", NextViewDistance(GameSettings::GetFloatParam("FogEndHigh")));
+        break;
+    case kDetail:
+        GameSettings::SetIntParam("_AsteroidsSmoothness",
+                                  NextDetail(GameSettings::GetIntParam("_AsteroidsSmoothness")));
+        break;
+    case kDensity:
+        SwitchDensity();
+        break;
+    case kGraphicsBack:
+        SetCurrent(new MenuOptions);
+        return true;
+    default:
+        return false;
+    }
+    SetStringForItem(item);
+    return true;
+}
+
+MenuSound::MenuSound() : Menu(0, 0, 4, kFontName, kFontSize)
+{
+    SetStringForItem(kEffects);
+    SetStringForItem(kMusic);
+    SetLocalizedItem(*this, kSoundBack, "Back to Options");
+}
+
+void MenuSound::SetStringForItem(int item)
+{
+    switch (item)
+    {
+    case kEffects:
+        SetLabelAndWord(*this, item, localizedString("Sound Volume:  "),
+                        GameSettings::GetFloatParam("SoundVolume") == 0.0F ? "OFF" : "ON");
+        break;
+    case kMusic:
+        SetLabelAndWord(*this, item, localizedString("Music Volume:  "),
+                        MusicWord(GameSettings::GetFloatParam("MusicVolume")));
+        break;
+    default:
+        break;
+    }
+}
+
+bool MenuSound::MouseUp(int item)
+{
+    switch (item)
+    {
+    case kEffects:
+        SwitchEffects();
+        break;
+    case kMusic:
+        GameSettings::SetFloatParam("MusicVolume", NextMusicVolume(GameSettings::GetFloatParam("MusicVolume")));
+        break;
+    case kSoundBack:
+        SetCurrent(new MenuOptions);
+        return true;
+    default:
+        return false;
+    }
+    SetStringForItem(item);
+    return true;
+}

@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "world/Universe.h"
+
+#include "audio/GameSound.h"
+#include "gfx/QTUtil.h"
+#include "gfx/Roid.h"
+#include "math/util.h"
+#include "settings/GameSettings.h"
+#include "ui/Overlay.h"
+#include "world/Camera.h"
+#include "world/Waypoint.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace
+{
+
+constexpr std::size_t kFontNameSize = 256;
+
+// The cells that a path may touch along one axis. A path towards smaller coordinates is covered by swapping the ends;
+// its padding then lies on the inner side of each, deliberately.
+struct CellRange
+{
+    CellRange(float start, float end, float margin) : low(FloorToInt(start - margin)), high(CeilToInt(end + margin))
+    {
+        if (high < low)
+        {
+            std::swap(low, high);
+        }
+    }
+
+    int low;
+    int high; // included
+};
+
+std::unique_ptr<Overlay> CockpitOverlay(char const* sizeKey)
+{
+    char fontName[kFontNameSize];
+    GameSettings::GetStringParam("_CockpitTimerFontName", fontName);
+    return std::make_unique<Overlay>(0, 0, GameSettings::GetIntParam(sizeKey), fontName);
+}
+
+} // namespace
+
+Universe::Universe()
+{
+    InitShip();
+    m_mouseInvert = GameSettings::GetIntParam("MouseInvert") != 0;
+    Roid::ReadSettings();
+    GenerateField();
+    InitCubeTexture();
+    ReadSceneSettings();
+    CreateOverlays();
+    StartCourse();
+    m_whamSound = std::make_unique<GameSound>("Wham.AIFF");
+    m_grazeSound = std::make_unique<GameSound>("Graze.AIFF");
+    m_attentionSound = std::make_unique<GameSound>("Attention.AIFF");
+}
+
+Universe::~Universe() = default;
+
+void Universe::InitShip()
+{
+    m_camera = std::make_unique<Camera>(this);
+    m_camera->MoveTo(-10.0F, -10.0F, -10.0F);
+    m_camera->TurnToFace(0.0F, 0.0F, 0.0F);
+    m_camera->SetMinMaxVelocity(GameSettings::GetFloatParam("_PlayerMinSpeed"),
+                                GameSettings::GetFloatParam("_PlayerMaxSpeed"));
+    m_camera->SetMaxAcceleration(GameSettings::GetFloatParam("_PlayerMaxAccel"));
+    m_camera->SetMaxRotation(GameSettings::GetFloatParam("_PlayerRotationsPerSecond"));
+    m_searchMargin = GameSettings::GetFloatParam("_AsteroidsMaxR") - m_camera->GetRadius();
+}
+
+// Level outermost, z innermost, one draw for each cell: a seed always gives the same field.
+void Universe::GenerateField()
+{
+    float const edge = GameSettings::GetFloatParam("_AsteroidsDensityEdge");
+    float const centre = GameSettings::GetFloatParam("_AsteroidsDensityCenter");
+
+    // Reserved in full, so that no growth moves an asteroid that a slot already points to.
+    m_roidStorage.reserve(std::size_t{kFieldSize} * kFieldSize * kFieldSize * kLevelCount);
+    for (int level = 0; level < kLevelCount; ++level)
+    {
+        float const threshold =
+            edge + static_cast<float>(level) * (centre - edge) / static_cast<float>(kLevelCount - 1);
+        for (int cell = 0; cell < kFieldSize * kFieldSize * kFieldSize; ++cell)
+        {
+            if (!(threshold >= Rand()))
+            {
+                continue;
+            }
+            int const x = cell / (kFieldSize * kFieldSize);
+            int const y = cell / kFieldSize % kFieldSize;
+            int const z = cell % kFieldSize;
+            Roid& roid = m_roidStorage.emplace_back(this);
+            roid.MoveTo(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
+            m_roids[x][y][z][level] = &roid;
+        }
+    }
+}
+
+void Universe::ReadSceneSettings()
+{
+    m_fogStart = GameSettings::GetFloatParam("FogStart");
+    m_fogEndLow = GameSettings::GetFloatParam("FogEndLow");
+    m_fogEndHigh = GameSettings::GetFloatParam("FogEndHigh");
+    m_arrowX = static_cast<float>(GameSettings::GetIntParam("_CockpitArrowX"));
+    m_arrowY = static_cast<float>(GameSettings::GetIntParam("_CockpitArrowY"));
+}
+
+void Universe::CreateOverlays()
+{
+    if (GameSettings::GetFloatParam("_ShowFPS") != 0.0F)
+    {
+        char fontName[kFontNameSize];
+        GameSettings::GetStringParam("_FPSFontName", fontName);
+        m_fpsOverlay = std::make_unique<Overlay>(30, 30, GameSettings::GetIntParam("_FPSFontSize"), fontName);
+    }
+    m_timerOverlay = CockpitOverlay("_CockpitTimerFontSize");
+    m_timerOverlay->SetBgColor(0.3F, 0.3F, 0.3F, 0.2F);
+    m_waypointOverlay = CockpitOverlay("_CockpitWayptFontSize");
+    m_distanceOverlay = CockpitOverlay("_CockpitWayptFontSize");
+    for (Overlay* overlay : {m_waypointOverlay.get(), m_distanceOverlay.get()})
+    {
+        overlay->SetBgColor(0.0F, 0.0F, 0.0F, 0.0F);
+        overlay->SetBorderColor(0.0F, 0.0F, 0.0F, 0.0F);
+    }
+}
+
+int Universe::CoordToDensity(int c)
+{
+    return std::min(c / kFieldSize, kLevelCount - 1);
+}
+
+Roid* Universe::RoidAtCell(int x, int y, int z) const
+{
+    int const depth = std::min({x, y, z});
+    if (depth < 0)
+    {
+        return nullptr;
+    }
+    return m_roids[x % kFieldSize][y % kFieldSize][z % kFieldSize][CoordToDensity(depth)];
+}
+
+bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius, TQ3Vector3D* hitPoint,
+                               float* hitFraction) const
+{
+    CellRange const xs(start.x, end.x, m_searchMargin);
+    CellRange const ys(start.y, end.y, m_searchMargin);
+    CellRange const zs(start.z, end.z, m_searchMargin);
+
+    float best = std::numeric_limits<float>::infinity(); // squared distance of the nearest hit
+    auto const consider = [&](Roid& roid) {
+        TQ3Vector3D point;
+        float distance = 0.0F;
+        if (roid.ComputePathIntersection(start, end, radius, &point, &distance) && DistSquared(start, point) < best)
+        {
+            best = DistSquared(start, point);
+            *hitPoint = point;
+        }
+    };
+    for (int x = xs.low; x <= xs.high; ++x)
+    {
+        for (int y = ys.low; y <= ys.high; ++y)
+        {
+            for (int z = zs.low; z <= zs.high; ++z)
+            {
+                if (Roid* const roid = RoidAtCell(x, y, z))
+                {
+                    roid->MoveTo(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
+                    consider(*roid);
+                }
+            }
+        }
+    }
+    if (!(best <= std::numeric_limits<float>::max() && best < DistSquared(end, start)))
+    {
+        return false;
+    }
+    *hitFraction = 0.0F;
+    return true;
+}

@@ -1,0 +1,322 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// What the player's keys, wheel and pointer do in a race, and when their settings are read.
+#include "audio/GameSound.h"
+#include "core/Game.h"
+#include "settings/GameSettings.h"
+#include "support/EventFactory.h"
+#include "support/FrozenSound.h"
+#include "support/MenuProbe.h"
+#include "support/Stage.h"
+#include "ui/MenuGame.h"
+#include "world/Camera.h"
+#include "world/Universe.h"
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+namespace
+{
+
+class GameControls : public GameStage
+{
+protected:
+    Game& game() { return *Game::pGame; }
+    Camera& ship() { return *game().GetUniverse()->GetCamera(); }
+    float throttle() { return ship().GetTargetVPct(); }
+
+    // From whatever menu stands, with the settings of this moment.
+    void startRace()
+    {
+        game().SwitchToState(kStateMenu);
+        game().SwitchToState(kStatePlaying);
+        Menu::ClearCurrent();
+        frozen::Silence();
+    }
+    void send(platform::Event const& event)
+    {
+        GameEvent const wrapped = events::Wrapped(event);
+        game().HandleEvent(&wrapped);
+    }
+    void press(std::u16string const& characters) { send(events::KeyDown(characters)); }
+
+    // The turn that the ship is asked for with the pointer there, as a share of the greatest.
+    float turnAt(float x, float y)
+    {
+        send(events::MouseMoved(x, y));
+        game().Render(probe::kWidth, probe::kHeight);
+        return ship().GetRotationRate() / (ship().GetMaxRotation() * 2.0F * std::numbers::pi_v<float>);
+    }
+    bool turnsAt(float x, float y) { return turnAt(x, y) != 0.0F; }
+};
+
+constexpr float kNear = 1e-6F;
+
+TEST_F(GameControls, FiveStepsFromStopToFull)
+{
+    startRace();
+    for (float const wanted : {0.2F, 0.4F, 0.6F, 0.8F, 1.0F, 1.0F})
+    {
+        press(u"w");
+        EXPECT_NEAR(throttle(), wanted, kNear);
+        EXPECT_LE(throttle(), 1.0F);
+    }
+    for (float const wanted : {0.8F, 0.6F, 0.4F, 0.2F, 0.0F, 0.0F})
+    {
+        press(u"s");
+        EXPECT_NEAR(throttle(), wanted, kNear);
+        EXPECT_GE(throttle(), 0.0F);
+    }
+}
+
+TEST_F(GameControls, TheWheelStepsLikeTheKeys)
+{
+    startRace();
+    send(events::Wheel(0.0F, 1.0F));
+    send(events::Wheel(1.0F, 0.0F));
+    EXPECT_NEAR(throttle(), 0.4F, kNear);
+    send(events::Wheel(0.0F, -1.0F));
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+    send(events::Wheel(0.0F, 0.0F));
+    EXPECT_NEAR(throttle(), 0.0F, kNear);
+    send(events::Wheel(0.0F, -1.0F));
+    EXPECT_EQ(throttle(), 0.0F);
+}
+
+TEST_F(GameControls, EveryStepClicks)
+{
+    startRace();
+    for (platform::Event const& event :
+         {events::KeyDown(u"w"), events::KeyDown(u"s"), events::Wheel(0.0F, 1.0F), events::Wheel(0.0F, -1.0F)})
+    {
+        frozen::Silence();
+        send(event);
+        EXPECT_TRUE(frozen::Plays("Controls.AIFF"));
+    }
+}
+
+TEST_F(GameControls, StepsClickAtTheLimitsToo)
+{
+    startRace();
+    press(u"s");
+    EXPECT_TRUE(frozen::Plays("Controls.AIFF"));
+    ship().SetTargetVPct(1.0F);
+    frozen::Silence();
+    press(u"w");
+    EXPECT_EQ(throttle(), 1.0F);
+    EXPECT_TRUE(frozen::Plays("Controls.AIFF"));
+}
+
+TEST_F(GameControls, NothingElseClicks)
+{
+    startRace();
+    press(u"x");
+    send(events::MouseMoved(5.0F, 5.0F));
+    send(events::LeftUp(5.0F, 5.0F));
+    EXPECT_FALSE(frozen::Plays("Controls.AIFF"));
+    EXPECT_EQ(throttle(), 0.0F);
+}
+
+TEST_F(GameControls, ABindingMatchesItsCaseOnly)
+{
+    startRace();
+    press(u"W");
+    EXPECT_EQ(throttle(), 0.0F);
+}
+
+TEST_F(GameControls, BindingsAreReadWhenARaceStarts)
+{
+    GameSettings::SetUniCharParam("KeyDefaultThrustUp", 0xF700);
+    GameSettings::SetUniCharParam("KeyDefaultThrustDown", 0xF701);
+    GameSettings::SetUniCharParam("KeyDefaultPause", u'p');
+    startRace();
+    press(u"w");
+    EXPECT_EQ(throttle(), 0.0F);
+    press(u"\uF700");
+    press(u"\uF700");
+    press(u"\uF701");
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+    press(u"p");
+    EXPECT_EQ(game().GetState(), kStatePaused);
+}
+
+TEST_F(GameControls, ABindingChangedDuringAPauseWaitsForTheNextRace)
+{
+    startRace();
+    press(u"\x1B");
+    GameSettings::SetUniCharParam("KeyDefaultThrustUp", u'u');
+    press(u"\x1B");
+    press(u"u");
+    EXPECT_EQ(throttle(), 0.0F);
+    press(u"w");
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+    startRace();
+    press(u"w");
+    EXPECT_EQ(throttle(), 0.0F);
+    press(u"u");
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+}
+
+TEST_F(GameControls, ThePauseKeyWinsOverTheThrottle)
+{
+    GameSettings::SetUniCharParam("KeyDefaultPause", u'w');
+    GameSettings::SetUniCharParam("KeyDefaultThrustDown", u'w');
+    startRace();
+    press(u"w");
+    EXPECT_EQ(game().GetState(), kStatePaused);
+    EXPECT_EQ(throttle(), 0.0F);
+}
+
+TEST_F(GameControls, MoreWinsOverLess)
+{
+    GameSettings::SetUniCharParam("KeyDefaultThrustDown", u'w');
+    startRace();
+    press(u"w");
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+}
+
+TEST_F(GameControls, TheThrottleRestsDuringAPause)
+{
+    startRace();
+    press(u"w");
+    press(u"\x1B");
+    press(u"w");
+    send(events::Wheel(0.0F, 1.0F));
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+}
+
+TEST_F(GameControls, ThePauseMenuSeesThePausedEventsFirst)
+{
+    startRace();
+    press(u"\x1B");
+    game().Render(probe::kWidth, probe::kHeight);
+    Menu& menu = *Menu::GetCurrent();
+    probe::Box const box = probe::BoxOf(menu, 0);
+    send(events::MouseMoved(static_cast<float>(box.x + 1), static_cast<float>(probe::kHeight - box.y - 1)));
+    EXPECT_TRUE(probe::IsHighlighted(menu, 0));
+}
+
+TEST_F(GameControls, TheDebugLetterIsNoted)
+{
+    startRace();
+    press(u"x");
+    EXPECT_FALSE(game().WasDebugKeySeen());
+    press(u"ad");
+    EXPECT_TRUE(game().WasDebugKeySeen());
+}
+
+TEST_F(GameControls, TheDebugLetterIsNotedDuringAPause)
+{
+    startRace();
+    press(u"\x1B");
+    press(u"d");
+    EXPECT_TRUE(game().WasDebugKeySeen());
+}
+
+TEST_F(GameControls, TheDebugLetterIsNotNotedInMenus)
+{
+    press(u"d");
+    EXPECT_FALSE(game().WasDebugKeySeen());
+}
+
+TEST_F(GameControls, APauseKeyThatIsTheDebugLetterOnlyPauses)
+{
+    GameSettings::SetUniCharParam("KeyDefaultPause", u'd');
+    startRace();
+    press(u"d");
+    EXPECT_EQ(game().GetState(), kStatePaused);
+    press(u"d");
+    EXPECT_EQ(game().GetState(), kStatePlaying);
+    EXPECT_FALSE(game().WasDebugKeySeen());
+}
+
+TEST_F(GameControls, NoTurnBeforeThePointerMoves)
+{
+    startRace();
+    game().Render(probe::kWidth, probe::kHeight);
+    EXPECT_EQ(ship().GetRotationRate(), 0.0F);
+}
+
+// A view of 800 x 600 has its centre at (400, 300); 5 % of full deflection lie 20 and 15 pixels off it.
+TEST_F(GameControls, ATurnStartsOutsideTheDeadZone)
+{
+    startRace();
+    EXPECT_FALSE(turnsAt(400, 300));
+    EXPECT_FALSE(turnsAt(420, 300));
+    EXPECT_TRUE(turnsAt(421, 300));
+    EXPECT_FALSE(turnsAt(380, 300));
+    EXPECT_TRUE(turnsAt(379, 300));
+    EXPECT_FALSE(turnsAt(400, 315));
+    EXPECT_TRUE(turnsAt(400, 316));
+    EXPECT_FALSE(turnsAt(400, 285));
+    EXPECT_TRUE(turnsAt(400, 284));
+}
+
+TEST_F(GameControls, EachDirectionHasItsOwnDeadZone)
+{
+    startRace();
+    EXPECT_FALSE(turnsAt(419, 314));
+    EXPECT_NEAR(turnAt(600, 314), 0.5F, 1e-5F);
+}
+
+TEST_F(GameControls, TheTurnAtTheEdgeIsTheSensitivity)
+{
+    startRace();
+    EXPECT_NEAR(turnAt(800, 300), 1.0F, 1e-5F);
+    EXPECT_NEAR(turnAt(0, 300), 1.0F, 1e-5F);
+    EXPECT_NEAR(turnAt(400, 600), 1.0F, 1e-5F);
+    EXPECT_NEAR(turnAt(600, 300), 0.5F, 1e-5F);
+    GameSettings::SetFloatParam("MouseSensitivity", 2.5F);
+    startRace();
+    EXPECT_NEAR(turnAt(800, 300), 2.5F, 1e-5F);
+}
+
+TEST_F(GameControls, TheDeadZoneShrinksAsSensitivityGrows)
+{
+    GameSettings::SetFloatParam("MouseSensitivity", 2.0F);
+    startRace();
+    EXPECT_FALSE(turnsAt(410, 300));
+    EXPECT_TRUE(turnsAt(411, 300));
+}
+
+TEST_F(GameControls, MouseSettingsAreReadWhenARaceStarts)
+{
+    startRace();
+    GameSettings::SetFloatParam("MouseSensitivity", 2.0F);
+    GameSettings::SetFloatParam("MouseDeadCenterPct", 0.9F);
+    EXPECT_NEAR(turnAt(800, 300), 1.0F, 1e-5F);
+    EXPECT_TRUE(turnsAt(600, 300));
+    startRace();
+    EXPECT_NEAR(turnAt(800, 300), 2.0F, 1e-5F);
+    EXPECT_FALSE(turnsAt(500, 300));
+}
+
+TEST_F(GameControls, TheTurnFollowsTheViewsSize)
+{
+    startRace();
+    send(events::MouseMoved(800, 300));
+    game().Render(1600, 600);
+    EXPECT_EQ(ship().GetRotationRate(), 0.0F) << "the pointer is in the middle of the larger view";
+}
+
+TEST_F(GameControls, OutsideARaceTheShipIsToldToStopTurning)
+{
+    startRace();
+    ASSERT_TRUE(turnsAt(800, 600));
+    press(u"\x1B");
+    game().Render(probe::kWidth, probe::kHeight);
+    EXPECT_EQ(ship().GetRotationRate(), 0.0F);
+}
+
+TEST_F(GameControls, TheSwitchForEffectsSilencesTheThrottle)
+{
+    startRace();
+    GameSound::SetVolume(false);
+    press(u"w");
+    EXPECT_FALSE(frozen::Plays("Controls.AIFF"));
+    EXPECT_NEAR(throttle(), 0.2F, kNear);
+}
+
+} // namespace

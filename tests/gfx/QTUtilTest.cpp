@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "gfx/QTUtil.h"
+
+#include "platform/OpenGL.h"
+#include "support/CapturedLog.h"
+#include "support/RecordingGL.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using recording::call;
+using testing::ElementsAre;
+
+class QTUtil : public testing::Test
+{
+protected:
+    QTUtil() { recording::reset(); }
+};
+
+TEST_F(QTUtil, ATextureIsUploadedAsBgraWithLinearFiltersAndRepeat)
+{
+    unsigned long texture = 0;
+    recording::start();
+    EXPECT_EQ(QTLoadAsTexture(&texture, "roid-128.jpg"), 0);
+    auto const name = static_cast<double>(texture);
+    EXPECT_THAT(recording::stop(),
+                ElementsAre(call("glGenTextures", {1}), call("glBindTexture", {GL_TEXTURE_2D, name}),
+                            call("glTexImage2D", {GL_TEXTURE_2D, 0, GL_RGBA, 128, 128, 0, GL_BGRA,
+                                                  GL_UNSIGNED_INT_8_8_8_8_REV}),
+                            call("glTexParameterf", {GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR}),
+                            call("glTexParameterf", {GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR}),
+                            call("glTexParameterf", {GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT}),
+                            call("glTexParameterf", {GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT})));
+    EXPECT_TRUE(recording::textures().contains(static_cast<unsigned>(texture)));
+}
+
+TEST_F(QTUtil, AMissingPictureIsLoggedAndLeavesAnEmptyName)
+{
+    unsigned long texture = 0;
+    CapturedLog log;
+    recording::start();
+    EXPECT_EQ(QTLoadAsTexture(&texture, "no-such-picture.jpg"), -1);
+    EXPECT_THAT(recording::stop(), ElementsAre(call("glGenTextures", {1})));
+    EXPECT_THAT(log.lines(), ElementsAre("Unable to load texture no-such-picture.jpg"));
+    EXPECT_TRUE(recording::textures().contains(static_cast<unsigned>(texture)));
+}
+
+TEST_F(QTUtil, AnErrorOfOpenGLIsTakenAlong)
+{
+    unsigned long texture = 0;
+    recording::setError(GL_OUT_OF_MEMORY);
+    EXPECT_EQ(QTLoadAsTexture(&texture, "roid-128.jpg"), 0);
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(QTUtil, TheLogGetsTheText)
+{
+    CapturedLog log;
+    QTUtilLog("a line of 100 % plain text");
+    EXPECT_THAT(log.lines(), ElementsAre("a line of 100 % plain text"));
+}
+
+} // namespace

@@ -1,0 +1,209 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""The game in a real window: a display of its own, real X input, and what a player would see and find afterwards.
+
+Everything waits for what it expects, with a limit, and never just sleeps.
+"""
+
+import os
+import pathlib
+import shutil
+import signal
+import struct
+import subprocess
+import tempfile
+import time
+import tomllib
+
+WAIT_LIMIT = 30.0  # seconds; software OpenGL under sanitizers on a busy machine is slow
+
+
+def wait_until(condition, what, limit=WAIT_LIMIT):
+    """Waits for the condition to hold and returns its value."""
+    end = time.monotonic() + limit
+    while time.monotonic() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(0.02)
+    raise AssertionError("waited in vain for " + what)
+
+
+class Display:
+    """An X server without a screen; its picture lies in a file."""
+
+    def __init__(self, width=1280, height=720):
+        self.width, self.height = width, height
+        self._folder = tempfile.mkdtemp(prefix="quarrow-display-")
+        read_end, write_end = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24", "+extension", "GLX",
+             "-nolisten", "tcp", "-noreset", "-fbdir", self._folder],
+            pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            self.name = ":" + pipe.readline().strip()
+
+    def close(self):
+        self._server.terminate()
+        self._server.wait()
+        shutil.rmtree(self._folder, ignore_errors=True)
+
+    def picture(self):
+        """A snapshot, as a Picture."""
+        data = pathlib.Path(self._folder, "Xvfb_screen0").read_bytes()
+        header = struct.unpack(">25I", data[:100])
+        header_size, bytes_per_line, colours = header[0], header[12], header[19]
+        return Picture(data, header_size + colours * 12, bytes_per_line)
+
+    def xdotool(self, *arguments):
+        subprocess.run(["xdotool", *map(str, arguments)], env={**os.environ, "DISPLAY": self.name}, check=True,
+                       stdout=subprocess.DEVNULL)
+
+    def windows(self):
+        """Visible windows as (x, y, width, height), the largest last."""
+        text = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree", "-stats"], check=True,
+                              capture_output=True, text=True).stdout
+        found = []
+        for line in text.splitlines():
+            words = line.split()
+            if '"' in line and "(has no name)" not in line and words and words[0].startswith("0x"):
+                identifier = words[0]
+                stats = subprocess.run(["xwininfo", "-display", self.name, "-id", identifier, "-stats"],
+                                       capture_output=True, text=True).stdout
+                if "IsViewable" in stats:
+                    found.append(_geometry(stats))
+        return sorted(found, key=lambda w: w[2] * w[3])
+
+
+def _geometry(stats):
+    values = {}
+    for line in stats.splitlines():
+        name, _, value = line.strip().partition(":")
+        values[name] = value.strip()
+    return tuple(int(values[name]) for name in
+                 ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+
+class Picture:
+    def __init__(self, data, offset, bytes_per_line):
+        self._data, self._offset, self._line = data, offset, bytes_per_line
+
+    def pixel(self, x, y):
+        """(red, green, blue)"""
+        at = self._offset + y * self._line + x * 4
+        blue, green, red = self._data[at:at + 3]
+        return red, green, blue
+
+    def count(self, box, wanted):
+        """How many pixels of the box (x, y, width, height) the predicate wants."""
+        x0, y0, width, height = box
+        return sum(1 for y in range(y0, y0 + height) for x in range(x0, x0 + width) if wanted(*self.pixel(x, y)))
+
+
+def is_white(red, green, blue):
+    return min(red, green, blue) > 240
+
+
+def is_light(red, green, blue):
+    """Text in its normal grey (0.7) or brighter."""
+    return min(red, green, blue) > 150
+
+
+class Game:
+    """One run of the program. Use it in a with statement."""
+
+    def __init__(self, display, home, environment=None, expect_start=True):
+        self.display = display
+        self.home = pathlib.Path(home)
+        self.config = self.home / ".config" / "quarrow" / "settings.toml"
+        self._log_path = self.home / f"log-{time.monotonic_ns()}.txt"
+        env = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "SDL_", "LC_")) and
+               k not in ("WAYLAND_DISPLAY", "LANGUAGE")}
+        env.update(HOME=str(self.home), DISPLAY=display.name if display else "", ALSOFT_DRIVERS="null", LANG="C.UTF-8",
+                   LIBGL_ALWAYS_SOFTWARE="1")
+        env.update(environment or {})
+        with open(self._log_path, "wb") as log:
+            self.process = subprocess.Popen([os.environ["QUARROW_PROGRAM"]], env=env, stdout=log, stderr=log,
+                                            stdin=subprocess.DEVNULL)
+        if expect_start:
+            wait_until(lambda: "Alpha bits" in self.log(), "the game's first frame\n" + self.log())
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+    def log(self):
+        return self._log_path.read_text(errors="replace")
+
+    def settings(self):
+        return tomllib.loads(self.config.read_text()) if self.config.exists() else {}
+
+    def wait_for_setting(self, key, value):
+        wait_until(lambda: self.settings().get(key) == value, f"{key} = {value} in settings.toml")
+
+    def window(self):
+        """The visible window's (x, y, width, height)."""
+        return wait_until(self.display.windows, "a visible window")[-1]
+
+    def wait_exit(self):
+        """The exit status."""
+        return self.process.wait(timeout=WAIT_LIMIT)
+
+    def end(self, how=signal.SIGTERM):
+        self.process.send_signal(how)
+        return self.wait_exit()
+
+    # What a player does
+
+    def point_at(self, x, y):
+        """Moves the pointer to a pixel of the window, origin at its top left."""
+        left, top, _, _ = self.window()
+        self.display.xdotool("mousemove", left + x, top + y)
+
+    def click(self, x, y):
+        self.point_at(x, y)
+        self.display.xdotool("click", 1)
+
+    def key(self, name):
+        self.display.xdotool("key", name)
+
+    def item_position(self, item, font_size=20):
+        """The top left corner of a menu's item."""
+        _, _, width, height = self.window()
+        return width // 2, height // 2 + 2 * font_size * item
+
+    def point_at_item(self, item):
+        x, y = self.item_position(item)
+        self.point_at(x + 12, y + 12)
+
+    def click_item(self, item):
+        x, y = self.item_position(item)
+        self.click(x + 12, y + 12)
+
+    # What a player sees
+
+    def picture(self):
+        return self.display.picture()
+
+    def text_pixels(self, item, width=160):
+        """How many pixels of the item's line are as light as text."""
+        left, top, _, _ = self.window()
+        x, y = self.item_position(item)
+        return self.picture().count((left + x + 2, top + y + 2, width, 22), is_light)
+
+    def is_highlighted(self, item):
+        """Whether the item stands in its white frame."""
+        left, top, _, _ = self.window()
+        x, y = self.item_position(item)
+        return self.picture().count((left + x, top + y + 3, 1, 16), is_white) == 16
+
+    def wait_for_items(self, present, absent=()):
+        """Waits for the menu whose items are those, and no others among the absent."""
+        wait_until(lambda: all(self.text_pixels(i) > 40 for i in present) and
+                   all(self.text_pixels(i) < 15 for i in absent),
+                   f"a menu with items {list(present)} and without {list(absent)}")

@@ -1,0 +1,106 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""What the game does with a broken installation, a broken settings file, or no display."""
+
+import os
+import pathlib
+import shutil
+import tempfile
+import unittest
+
+from game_window import Display, Game
+
+
+class BadInputScenario(unittest.TestCase):
+    def setUp(self):
+        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
+        self.addCleanup(self._home.cleanup)
+        self.home = pathlib.Path(self._home.name)
+        self.program = os.environ["QUARROW_PROGRAM"]
+        self.addCleanup(os.environ.__setitem__, "QUARROW_PROGRAM", self.program)
+
+    def open_display(self):
+        display = Display()
+        self.addCleanup(display.close)
+        return display
+
+    def installed_copy(self):
+        """A copy of program and resources that may be damaged; the resources' folder."""
+        folder = self.home / "installed"
+        folder.mkdir()
+        resources = pathlib.Path(self.program).parent / "resources"
+        shutil.copytree(resources, folder / "resources")
+        shutil.copy2(self.program, folder / "quarrow")
+        os.environ["QUARROW_PROGRAM"] = str(folder / "quarrow")
+        return folder / "resources"
+
+    def settings_file(self):
+        folder = self.home / ".config" / "quarrow"
+        folder.mkdir(parents=True, exist_ok=True)
+        return folder / "settings.toml"
+
+    def expect_refusal(self, display, word, **environment):
+        with Game(display, self.home, environment=environment, expect_start=False) as game:
+            self.assertEqual(game.wait_exit(), 1, game.log())
+            lines = [line for line in game.log().splitlines() if word.lower() in line.lower()]
+            self.assertEqual(len(lines), 1, game.log())
+
+    def expect_play(self, display, *words):
+        with Game(display, self.home) as game:
+            game.wait_for_items(present=range(5))
+            game.click_item(4)
+            self.assertEqual(game.wait_exit(), 0)
+            for word in words:
+                self.assertEqual(sum(word in line for line in game.log().splitlines()), 1, game.log())
+
+    def test_no_display_is_told_and_ends(self):
+        self.expect_refusal(None, "display")
+
+    def test_invisible_video_driver_counts_as_no_display(self):
+        self.expect_refusal(self.open_display(), "display", SDL_VIDEODRIVER="dummy")
+
+    def test_missing_interface_file_is_told_and_ends(self):
+        (self.installed_copy() / "Interface" / "Main.toml").unlink()
+        self.expect_refusal(self.open_display(), "Main.toml")
+
+    def test_broken_interface_file_is_told_and_ends(self):
+        (self.installed_copy() / "Interface" / "Main.toml").write_text("[window\n")
+        self.expect_refusal(self.open_display(), "Main.toml")
+
+    def test_missing_pictures_and_sounds_do_not_stop_play(self):
+        resources = self.installed_copy()
+        (resources / "Images" / "roid-128.jpg").unlink()
+        (resources / "Images" / "starfield-1024.jpg").write_bytes(b"no picture")
+        (resources / "Sounds" / "Fanfare.AIFF").write_bytes(b"no sound")
+        shutil.rmtree(resources / "Music")
+        self.expect_play(self.open_display(), "Unable to load texture roid-128.jpg",
+                         "Unable to load texture starfield-1024.jpg", "Fanfare.AIFF")
+
+    def test_broken_settings_are_set_aside_and_play_goes_on(self):
+        display = self.open_display()
+        for broken in (b"Fullscreen = ", b"\x00\xff\xfe\x80" * 100, b"[[[["):
+            with self.subTest(broken=broken):
+                self.settings_file().write_bytes(broken)
+                self.expect_play(display, "settings.toml")
+                aside = list(self.settings_file().parent.glob("settings.toml.broken-*"))
+                self.assertIn(broken, [path.read_bytes() for path in aside])
+
+    def test_wrong_type_costs_that_key_alone(self):
+        self.settings_file().write_text('FogEndHigh = "far"\nMusicVolume = 1.0\n')
+        self.expect_play(self.open_display(), "FogEndHigh")
+        self.assertIn("MusicVolume = 1.0", self.settings_file().read_text())
+
+    def test_configuration_folder_that_is_a_file_is_told_once(self):
+        (self.home / ".config").write_text("in the way")
+        with Game(self.open_display(), self.home) as game:
+            game.wait_for_items(present=range(5))
+            game.key("F11")
+            game.key("F11")
+            game.click_item(4)
+            self.assertEqual(game.wait_exit(), 0)
+            told = [line for line in game.log().splitlines() if "settings" in line or ".config" in line]
+            self.assertEqual(len(told), 1, game.log())
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

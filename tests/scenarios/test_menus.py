@@ -1,0 +1,184 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""What a player meets between start and quit."""
+
+import pathlib
+import signal
+import tempfile
+import unittest
+
+from game_window import Display, Game, is_light, wait_until
+
+
+class MenuScenario(unittest.TestCase):
+    def setUp(self):
+        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
+        self.addCleanup(self._home.cleanup)
+        self.home = pathlib.Path(self._home.name)
+        self.display = Display()
+        self.addCleanup(self.display.close)
+
+    def write_settings(self, text):
+        folder = self.home / ".config" / "quarrow"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "settings.toml").write_text(text)
+
+    def start(self, **options):
+        game = Game(self.display, self.home, **options)
+        self.addCleanup(game.__exit__)
+        return game
+
+    def test_first_start_shows_title_and_five_items_full_screen(self):
+        game = self.start()
+        self.assertEqual(game.window(), (0, 0, 1280, 720))
+        game.wait_for_items(present=range(5))
+        title = (640, 144, 170, 50)
+        wait_until(lambda: game.picture().count(title, is_light) > 300, "the title")
+
+    def test_item_under_the_pointer_is_highlighted_and_loses_it_again(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.point_at_item(2)
+        wait_until(lambda: game.is_highlighted(2), "item 2 in its frame")
+        self.assertFalse(game.is_highlighted(1))
+        game.point_at_item(1)
+        wait_until(lambda: game.is_highlighted(1) and not game.is_highlighted(2), "the frame to move to item 1")
+        game.point_at(5, 5)
+        wait_until(lambda: not game.is_highlighted(1), "no highlight")
+
+    def test_quit_item_ends_the_game_in_order(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.click_item(4)
+        self.assertEqual(game.wait_exit(), 0)
+
+    def test_race_is_paused_continued_left_and_started_again(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.click_item(0)
+        game.wait_for_items(present=[], absent=range(5))
+        self.assertEqual(game.settings().get("MusicLastTrackIndex", 0), 0)
+        game.key("Escape")
+        game.wait_for_items(present=[0, 1], absent=[2, 3])
+        game.click_item(0)
+        game.wait_for_items(present=[], absent=range(5))
+        game.key("Escape")
+        game.wait_for_items(present=[0, 1], absent=[2, 3])
+        game.click_item(1)
+        game.wait_for_items(present=range(5))
+        game.click_item(0)
+        game.wait_for_items(present=[], absent=range(5))
+        game.wait_for_setting("MusicLastTrackIndex", 1)
+
+    def test_throttle_follows_key_and_wheel(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.click_item(0)
+        game.wait_for_items(present=[], absent=range(5))
+
+        def bar_pixels():
+            return game.picture().count((440, 630, 200, 80), lambda r, g, b: r > 200 and 30 < g < 80 and 30 < b < 80)
+
+        wait_until(lambda: bar_pixels() == 0, "an empty throttle bar")
+        game.key("w")
+        one_step = wait_until(bar_pixels, "the throttle bar to grow by a key")
+        self.display.xdotool("click", 4)
+        wait_until(lambda: bar_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+        self.display.xdotool("click", 5)
+        game.key("s")
+        wait_until(lambda: bar_pixels() == 0, "an empty throttle bar again")
+
+    def test_full_screen_key_goes_to_the_window_and_back(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.key("F11")
+        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        game.wait_for_setting("Fullscreen", 0)
+        game.key("F11")
+        wait_until(lambda: game.window() == (0, 0, 1280, 720), "the full screen")
+        game.wait_for_setting("Fullscreen", 1)
+        game.wait_for_items(present=range(5))
+
+    def test_windowed_start_stays_in_its_window_and_follows_a_resize(self):
+        self.write_settings("Fullscreen = 0\n")
+        game = self.start()
+        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        self.display.xdotool("search", "--onlyvisible", "--name", "^Quarrow$", "windowmove", 0, 0,
+                             "windowsize", "--sync", 900, 600)
+        wait_until(lambda: game.window()[2:] == (900, 600), "the new size")
+        game.wait_for_items(present=range(5))
+        game.point_at_item(3)
+        wait_until(lambda: game.is_highlighted(3), "item 3 in its frame")
+
+    def test_every_way_to_end_saves_and_leaves_in_order(self):
+        for how in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP, "Ctrl+Q"):
+            with self.subTest(how=how):
+                self.write_settings("Fullscreen = 0\n")
+                with Game(self.display, self.home) as game:
+                    game.wait_for_items(present=range(5))
+                    game.key("F11")
+                    wait_until(lambda: game.window()[2:] == (1280, 720), "the full screen")
+                    if how == "Ctrl+Q":
+                        game.key("ctrl+q")
+                        self.assertEqual(game.wait_exit(), 0)
+                    else:
+                        self.assertEqual(game.end(how), 0)
+                    self.assertEqual(game.settings()["Fullscreen"], 1)
+
+    def test_options_pages_change_what_is_stored(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.click_item(2)
+        game.wait_for_items(present=range(4), absent=[4])
+        game.click_item(0)
+        game.wait_for_items(present=[0, 1, 2, 4], absent=[3])
+        game.click_item(0)
+        game.wait_for_setting("FogEndHigh", 65.0)
+        game.click_item(1)
+        game.wait_for_setting("_AsteroidsSmoothness", 9)
+        game.click_item(2)
+        game.wait_for_setting("_AsteroidsDensityCenter", 0.25)
+        game.wait_for_setting("FogEndLow", 30.0)
+        game.click_item(4)
+        game.wait_for_items(present=range(4), absent=[4])
+        game.click_item(2)
+        game.wait_for_items(present=[0, 1, 3], absent=[2])
+        game.click_item(1)
+        game.wait_for_setting("MusicVolume", 1.0)
+        game.click_item(0)
+        game.wait_for_setting("SoundVolume", 0.0)
+
+    def test_rebound_throttle_key_flies_the_next_race(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.click_item(2)
+        game.wait_for_items(present=range(4), absent=[4])
+        game.click_item(1)
+        game.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
+        game.click_item(0)
+        game.key("Up")
+        game.wait_for_setting("KeyDefaultThrustUp", "\uf700")
+        game.click_item(5)
+        game.wait_for_items(present=range(4), absent=[4])
+        game.click_item(3)
+        game.wait_for_items(present=range(5))
+        game.click_item(0)
+        game.wait_for_items(present=[], absent=range(5))
+        game.key("Up")
+        wait_until(lambda: game.picture().count((440, 630, 200, 80), lambda r, g, b: r > 200 and 30 < g < 80), "thrust")
+
+    def test_best_times_are_shown_and_cleared(self):
+        self.write_settings("RaceTimes = [83, 95]\n")
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.click_item(1)
+        game.wait_for_items(present=[0, 1, 6, 7], absent=[2, 3, 4, 5])
+        game.click_item(6)
+        game.wait_for_items(present=[2, 6, 7], absent=[0, 1, 3, 4, 5])
+        game.wait_for_setting("RaceTimes", [0, 0, 0, 0, 0])
+        game.click_item(7)
+        game.wait_for_items(present=range(5))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

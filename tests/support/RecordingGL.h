@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// An OpenGL (and GLU) without a picture: the same entry points, which note each call while recording is on, hand out
+// names, and keep the little state that the game asks back. While it is off they cost next to nothing, so simulation
+// and benchmarks run on it too. Link quarrow_recording_gl instead of OpenGL.
+#pragma once
+
+#include <initializer_list>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace recording
+{
+
+struct Call
+{
+    std::string name;             // "glEnable"
+    std::vector<double> arguments; // numbers in order; of an array argument its elements
+
+    bool operator==(Call const&) const = default;
+};
+
+// "glEnable(2896)": what gtest shows when a comparison fails.
+std::ostream& operator<<(std::ostream& stream, Call const& call);
+
+// A call to compare with.
+Call call(std::string name, std::initializer_list<double> arguments = {});
+
+// Forgets everything, names and state included: a context as new. Recording is off and a context is current.
+void reset();
+
+// Notes calls from here on, from an empty list.
+void start();
+
+// Stops, and hands out what was noted.
+std::vector<Call> stop();
+
+// The names that exist.
+std::set<unsigned> const& textures();
+std::set<unsigned> const& lists();
+
+bool isEnabled(unsigned capability);
+void setEnabled(unsigned capability, bool enabled);
+
+// What the next glGetError answers, once.
+void setError(unsigned error);
+
+// What glGetIntegerv answers for the name.
+void setInteger(unsigned name, int value);
+
+// The next glGenTextures hands out names of 0.
+void refuseNextTexture();
+
+// The context that is current from now on; null for none. Contexts are told apart by these pointers only.
+void setCurrentContext(void* context);
+
+// The deletions made by way of a context: (context, texture) in order.
+std::vector<std::pair<void*, unsigned>> const& contextDeletions();
+
+// How many calls of that name the list holds, and where the first stands (-1 for nowhere).
+int count(std::vector<Call> const& calls, std::string const& name);
+int indexOf(std::vector<Call> const& calls, Call const& wanted, int from = 0);
+int indexOf(std::vector<Call> const& calls, std::string const& name, int from = 0);
+
+} // namespace recording

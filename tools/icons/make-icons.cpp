@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Writes the icon's master drawing and its pictures. tools/make-resources calls it with the folder to write
+// them to.
+#include "icons/Render.h"
+
+#include <array>
+#include <cstdio>
+
+namespace
+{
+
+constexpr std::array<int, 9> kSizes = {16, 22, 24, 32, 48, 64, 128, 256, 512};
+
+bool WriteAll(std::string const& folder)
+{
+    if (!maker::WriteIconSvg(folder + "/quarrow.svg"))
+        return false;
+    for (int const size : kSizes)
+        if (!maker::WriteIconPng(folder + "/quarrow-" + std::to_string(size) + ".png", size))
+            return false;
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2)
+    {
+        std::fputs("usage: make-icons FOLDER\n", stderr);
+        return 2;
+    }
+    if (!WriteAll(argv[1]))
+    {
+        std::fprintf(stderr, "make-icons: can't write to %s\n", argv[1]);
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Mixing.
+#include "sounds/Signal.h"
+
+#include "common/Maths.h"
+
+namespace maker
+{
+
+Signal Silence(double seconds)
+{
+    return Signal(static_cast<std::size_t>(seconds * kSampleRate), 0.0);
+}
+
+Signal Generate(double seconds, std::function<double(double)> const& sampleAt)
+{
+    Signal signal = Silence(seconds);
+    for (std::size_t i = 0; i < signal.size(); ++i)
+        signal[i] = sampleAt(static_cast<double>(i) / kSampleRate);
+    return signal;
+}
+
+void Add(Signal& signal, Signal const& layer, double gain, double start)
+{
+    std::size_t const first = static_cast<std::size_t>(start * kSampleRate);
+    for (std::size_t i = 0; i < layer.size() && first + i < signal.size(); ++i)
+        signal[first + i] += gain * layer[i];
+}
+
+double Peak(Signal const& signal)
+{
+    double peak = 0.0;
+    for (double const sample : signal)
+        peak = std::max(peak, std::abs(sample));
+    return peak;
+}
+
+void Stereo::Add(Signal const& layer, double gain, double place, double start)
+{
+    double const turn = (place + 1.0) / 8.0;
+    maker::Add(left, layer, gain * 1.41421356 * Cosine(turn), start);
+    maker::Add(right, layer, gain * 1.41421356 * Sine(turn), start);
+}
+
+void Stereo::ForEach(std::function<void(Signal&)> const& treat)
+{
+    treat(left);
+    treat(right);
+}
+
+} // namespace maker
