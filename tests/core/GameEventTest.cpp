@@ -25,10 +25,13 @@ using platform::EventType;
 
 std::vector<Event> EventsWithoutKeys()
 {
-    std::vector<Event> all{MouseMoved(1.0F, 2.0F), LeftUp(1.0F, 2.0F), RightUp(1.0F, 2.0F), Wheel(1.0F, 0.0F)};
-    for (Event& event : all)
+    std::vector<Event> all;
+    for (EventType const type : {EventType::MouseMoved, EventType::LeftMouseUp, EventType::RightMouseUp,
+                                 EventType::LeftMouseDragged, EventType::ScrollWheel})
     {
-        event.charactersIgnoringModifiers = u"d"; // not a key all the same
+        Event event = KeyDown(u"d"); // with a character, and no key all the same
+        event.type = type;
+        all.push_back(event);
     }
     return all;
 }

@@ -98,11 +98,13 @@ public:
 private:
     void arm()
     {
-        m_callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, m_movie.stopTime(), [this] {
-            ++m_count;
-            m_movie.goToBeginning();
-            arm();
-        });
+        m_callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, m_movie.stopTime(),
+                              [this]
+                              {
+                                  ++m_count;
+                                  m_movie.goToBeginning();
+                                  arm();
+                              });
     }
 
     Movie& m_movie;
@@ -219,7 +221,8 @@ TEST_F(MovieTest, TurnsRoundAtEitherEndWithoutAGap)
     auto const movie = open(samples);
     MovieCallBack atEnd(*movie);
     MovieCallBack atBeginning(*movie);
-    std::function<void()> turn = [&] {
+    std::function<void()> turn = [&]
+    {
         movie->setRate(-movie->rate());
         atEnd.callMeWhen(MovieCallBack::Trigger::TimeForward, 8000, turn);
         atBeginning.callMeWhen(MovieCallBack::Trigger::TimeBackward, 0, turn);
@@ -376,10 +379,12 @@ TEST_F(MovieTest, CallBackFiresOnceInsideATask)
     MovieCallBack callBack(*movie);
     int fired = 0;
     int firedAt = -1;
-    callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 1000, [&] {
-        ++fired;
-        firedAt = movie->time();
-    });
+    callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 1000,
+                        [&]
+                        {
+                            ++fired;
+                            firedAt = movie->time();
+                        });
     movie->start();
     movie->moviesTask();
     m_loopback.render(2000);
@@ -498,20 +503,22 @@ TEST_F(MovieTest, BrokenFilesAreNoMovies)
     std::string const mp3 = ReadBytes(m_folder / "whole.mp3");
     std::string noise(100000, '\0');
     std::uint32_t state = 1;
-    std::generate(noise.begin(), noise.end(), [&] { return static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U); });
+    std::generate(noise.begin(), noise.end(),
+                  [&] { return static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U); });
 
     WriteBytes(m_folder / "empty.mp3", "");
     WriteBytes(m_folder / "head.mp3", mp3.substr(0, 300));
     WriteBytes(m_folder / "half.mp3", mp3.substr(0, mp3.size() / 2));
     WriteBytes(m_folder / "noise.mp3", noise);
     WriteBytes(m_folder / "text.mp3", std::string(5000, 'a') + "\n");
-    WriteBytes(m_folder / "absurd.wav", "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\x01\0\xFF\xFF\xFF\xFF\xFF\xFF");
+    WriteBytes(m_folder / "absurd.wav",
+               "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\x01\0\xFF\xFF\xFF\xFF\xFF\xFF");
     WriteWav(m_folder / "nothing.wav", {});
     WriteBytes(m_folder / "sparse.mp3", mp3);
     std::filesystem::resize_file(m_folder / "sparse.mp3", std::uintmax_t{2} << 30U);
 
-    for (char const* const name : {"missing.mp3", "empty.mp3", "head.mp3", "half.mp3", "noise.mp3", "text.mp3",
-                                   "absurd.wav", "nothing.wav", "sparse.mp3", "."})
+    for (char const* const name : {"missing.mp3", "empty.mp3", "head.mp3", "half.mp3", "noise.mp3",
+                                   "text.mp3", "absurd.wav", "nothing.wav", "sparse.mp3", "."})
     {
         EXPECT_FALSE(Movie::openFile(m_folder / name)) << name;
     }

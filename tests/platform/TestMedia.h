@@ -71,13 +71,15 @@ inline std::string Number(std::uint64_t value, int bytes, bool bigEndian)
     return text;
 }
 
-inline void WriteWav(std::filesystem::path const& file, Samples const& samples, int channels = 2, int rate = 44100)
+inline void WriteWav(std::filesystem::path const& file, Samples const& samples, int channels = 2,
+                     int rate = 44100)
 {
     auto const little = [](std::size_t value, int bytes) { return Number(value, bytes, false); };
     std::size_t const size = samples.size() * 2;
     auto const frame = static_cast<std::size_t>(2 * channels);
     std::string bytes = "RIFF" + little(36 + size, 4) + "WAVEfmt " + little(16, 4) + little(1, 2) +
-                        little(static_cast<std::size_t>(channels), 2) + little(static_cast<std::size_t>(rate), 4) +
+                        little(static_cast<std::size_t>(channels), 2) +
+                        little(static_cast<std::size_t>(rate), 4) +
                         little(static_cast<std::size_t>(rate) * frame, 4) + little(frame, 2) + little(16, 2) +
                         "data" + little(size, 4);
     for (std::int16_t const sample : samples)
@@ -128,7 +130,8 @@ inline Samples StereoRamp(int frames)
     return samples;
 }
 
-// A file that libavformat makes: its audio of a sample format that the encoder takes, its video of plain frames.
+// A file that libavformat makes: its audio of a sample format that the encoder takes, its video of plain
+// frames.
 class Encoder
 {
 public:
@@ -210,7 +213,8 @@ public:
             for (int plane = 0; plane < 3; ++plane)
             {
                 int const rows = plane == 0 ? frame->height : (frame->height + 1) / 2;
-                std::fill_n(frame->data[plane], frame->linesize[plane] * rows, static_cast<std::uint8_t>(16 + 20 * i));
+                std::fill_n(frame->data[plane], frame->linesize[plane] * rows,
+                            static_cast<std::uint8_t>(16 + 20 * i));
             }
             frame->pts = i;
             send(m_video, m_videoStream, frame);
@@ -220,7 +224,8 @@ public:
 
     void finish()
     {
-        for (auto const& [codec, stream] : {std::pair{m_audio, m_audioStream}, std::pair{m_video, m_videoStream}})
+        for (auto const& [codec, stream] :
+             {std::pair{m_audio, m_audioStream}, std::pair{m_video, m_videoStream}})
         {
             if (codec != nullptr)
             {
@@ -252,7 +257,8 @@ private:
             reinterpret_cast<std::int16_t*>(frame.extended_data[channel])[index] = sample;
             break;
         case AV_SAMPLE_FMT_FLTP:
-            reinterpret_cast<float*>(frame.extended_data[channel])[index] = static_cast<float>(sample) / 32768.0F;
+            reinterpret_cast<float*>(frame.extended_data[channel])[index] =
+                static_cast<float>(sample) / 32768.0F;
             break;
         default:
             reinterpret_cast<std::int16_t*>(frame.extended_data[0])[2 * index + channel] = sample;
@@ -296,7 +302,8 @@ inline void WriteMp3(std::filesystem::path const& file, Samples const& stereo)
 }
 
 // A QuickTime file of frames in one size, silent.
-inline void WriteVideo(std::filesystem::path const& file, int frames, int framesPerSecond, int width, int height)
+inline void WriteVideo(std::filesystem::path const& file, int frames, int framesPerSecond, int width,
+                       int height)
 {
     Encoder encoder(file);
     encoder.addVideo(width, height, framesPerSecond);
@@ -305,8 +312,8 @@ inline void WriteVideo(std::filesystem::path const& file, int frames, int frames
     encoder.finish();
 }
 
-// While it lives all sound goes to a loopback device of 44,100 stereo samples a second, and time goes on only as
-// far as a test renders. Floats, since OpenAL adds dither to 16 bits.
+// While it lives all sound goes to a loopback device of 44,100 stereo samples a second, and time goes on only
+// as far as a test renders. Floats, since OpenAL adds dither to 16 bits.
 class Loopback
 {
 public:
@@ -324,8 +331,14 @@ public:
     {
         platform::AudioDevice::Opening opening;
         opening.open = [this] { return m_device = m_alcOpen(nullptr); };
-        opening.attributes = {ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT, ALC_FLOAT_SOFT,
-                              ALC_FREQUENCY,            44100,           ALC_HRTF_SOFT,        ALC_FALSE};
+        opening.attributes = {ALC_FORMAT_CHANNELS_SOFT,
+                              ALC_STEREO_SOFT,
+                              ALC_FORMAT_TYPE_SOFT,
+                              ALC_FLOAT_SOFT,
+                              ALC_FREQUENCY,
+                              44100,
+                              ALC_HRTF_SOFT,
+                              ALC_FALSE};
         platform::AudioDevice::shared().setOpening(opening);
     }
 
@@ -352,7 +365,8 @@ public:
     }
 
 private:
-    template <typename Function> static Function load(char const* name)
+    template <typename Function>
+    static Function load(char const* name)
     {
         return reinterpret_cast<Function>(alcGetProcAddress(nullptr, name));
     }

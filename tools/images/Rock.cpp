@@ -20,6 +20,7 @@ constexpr int kRingPoints = 8;
 Vector const kWarm = {1.06, 0.995, 0.92};
 Vector const kCool = {0.975, 1.00, 1.03};
 Vector const kRust = {1.12, 0.965, 0.83};
+Vector const kPole = {0.56, 0.55, 0.53};
 Vector const kFresh = {1.00, 1.01, 1.03};
 
 } // namespace
@@ -65,7 +66,8 @@ Vector Rock::Colour(Vector const& direction) const
     Vector tint = Mixed(kCool, kWarm, SmoothStep(-0.5, 0.5, hue));
     tint = Mixed(tint, kRust, 0.55 * SmoothStep(0.25, 0.9, minerals - 0.5 * sharp));
     tint = Mixed(tint, kFresh, std::clamp(ground.bare + vein, 0.0, 1.0) * 0.7);
-    return tint * tone;
+    // The row of a pole's pixels is one point of the sphere, and the repeating texture mixes the two poles' rows there.
+    return Mixed(tint * tone, kPole, SmoothStep(0.988, 0.9995, std::abs(direction.z)));
 }
 
 } // namespace maker

@@ -14,7 +14,7 @@ namespace
 using namespace maker;
 
 constexpr int kSize = 128;
-constexpr int kSamples = 4; // across and down each pixel
+constexpr int kSamples = 3; // across and down each pixel
 constexpr int kQuality = 96;
 
 // The map that a latitude-longitude sphere expects: the upper edge is the pole at +z, the right edge meets

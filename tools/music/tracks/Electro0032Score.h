@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The chords and melodies of "Electro0032", for Electro0032.cpp alone.
+// The chords and melodies of "Electro0032", for its piece alone.
 #pragma once
 
 #include <array>

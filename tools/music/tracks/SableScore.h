@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The chords and melodies of "Sable", for Sable.cpp alone.
+// The chords and melodies of "Sable", for its piece alone.
 #pragma once
 
 #include <string_view>

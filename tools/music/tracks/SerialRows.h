@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The twelve-tone row of "SerialK" and what is done with it, for SerialK.cpp alone.
+// The twelve-tone row of "SerialK" and what is done with it, for its piece alone.
 #pragma once
 
 #include "synth/Score.h"

@@ -1,0 +1,279 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "gfx/StringTexture.h"
+
+#include "platform/OpenGL.h"
+#include "support/CapturedLog.h"
+#include "support/RecordingGL.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace
+{
+
+using recording::call;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+constexpr platform::Color kWhite{1.0F, 1.0F, 1.0F, 1.0F};
+constexpr platform::Color kClearWhite{1.0F, 1.0F, 1.0F, 0.0F};
+constexpr platform::Color kRed{1.0F, 0.0F, 0.0F, 1.0F};
+constexpr platform::Color kBlue{0.0F, 0.0F, 1.0F, 0.5F};
+constexpr platform::Color kGreen{0.0F, 1.0F, 0.0F, 1.0F};
+
+class StringTextureTest : public testing::Test
+{
+protected:
+    StringTextureTest() : m_attributes(platform::TextAttributes::shared("Helvetica", 20.0F, kWhite))
+    {
+        recording::reset();
+        m_texture.initWithString("Start Race", m_attributes);
+    }
+
+    platform::Size measured(std::string const& text) { return platform::AttributedString(text, m_attributes).size(); }
+
+    // What drawing at (0, 0) calls.
+    std::vector<recording::Call> draw()
+    {
+        recording::start();
+        m_texture.drawAtPoint({0.0F, 0.0F});
+        return recording::stop();
+    }
+
+    void expectFrame(float width, float height)
+    {
+        EXPECT_EQ(m_texture.frameSize().width, width);
+        EXPECT_EQ(m_texture.frameSize().height, height);
+    }
+
+    StringTexture::Attributes m_attributes;
+    StringTexture m_texture;
+};
+
+TEST_F(StringTextureTest, ByDefaultTheTextIsWhiteWithoutBoxAndFrame)
+{
+    EXPECT_EQ(m_texture.textColor(), kWhite);
+    EXPECT_EQ(m_texture.boxColor(), kClearWhite);
+    EXPECT_EQ(m_texture.borderColor(), kClearWhite);
+    EXPECT_EQ(m_texture.marginSize().width, 4.0F);
+    EXPECT_EQ(m_texture.marginSize().height, 2.0F);
+    EXPECT_FALSE(m_texture.staticFrame());
+    EXPECT_EQ(m_texture.texName(), 0U);
+    EXPECT_EQ(m_texture.texSize().width, 0.0F);
+}
+
+TEST_F(StringTextureTest, TheInitialisersTakeColours)
+{
+    m_texture.initWithString("x", m_attributes, kRed, kGreen, kBlue);
+    EXPECT_EQ(m_texture.textColor(), kRed);
+    EXPECT_EQ(m_texture.boxColor(), kGreen);
+    EXPECT_EQ(m_texture.borderColor(), kBlue);
+    EXPECT_EQ(m_texture.string().string(), "x");
+    m_texture.initWithAttributedString({"y", m_attributes});
+    EXPECT_EQ(m_texture.textColor(), kWhite);
+    EXPECT_EQ(m_texture.string().string(), "y");
+}
+
+// A string that measures 100 x 14 has a frame of 108 x 18.
+TEST_F(StringTextureTest, TheFrameIsTheTextWithItsMargins)
+{
+    platform::Size const text = measured("Start Race");
+    ASSERT_GT(text.width, 50.0F);
+    expectFrame(text.width + 8.0F, text.height + 4.0F);
+    draw();
+    EXPECT_EQ(m_texture.texSize().width, text.width + 8.0F);
+    EXPECT_EQ(m_texture.texSize().height, text.height + 4.0F);
+}
+
+TEST_F(StringTextureTest, AnEmptyStringHasAFrameOfTwiceTheMargins)
+{
+    m_texture.setString("", m_attributes);
+    expectFrame(8.0F, 4.0F);
+    draw();
+    EXPECT_NE(m_texture.texName(), 0U);
+}
+
+TEST_F(StringTextureTest, ADynamicFrameFollowsTheText)
+{
+    draw();
+    m_texture.setString("Start", m_attributes);
+    expectFrame(measured("Start").width + 8.0F, measured("Start").height + 4.0F);
+    m_texture.setMargins({10.0F, 20.0F});
+    expectFrame(measured("Start").width + 20.0F, measured("Start").height + 40.0F);
+}
+
+TEST_F(StringTextureTest, AStaticFrameKeepsItsSizeWhateverTheText)
+{
+    m_texture.useStaticFrame({200.0F, 30.0F});
+    EXPECT_TRUE(m_texture.staticFrame());
+    draw();
+    EXPECT_EQ(m_texture.texSize().width, 200.0F);
+    EXPECT_EQ(m_texture.texSize().height, 30.0F);
+    m_texture.setString("a much longer text than would ever fit", m_attributes);
+    m_texture.setMargins({50.0F, 5.0F});
+    expectFrame(200.0F, 30.0F);
+    draw();
+    EXPECT_EQ(m_texture.texSize().width, 200.0F);
+    EXPECT_EQ(m_texture.marginSize().width, 50.0F);
+}
+
+TEST_F(StringTextureTest, BackToADynamicFrameMeasuresAnew)
+{
+    m_texture.useStaticFrame({200.0F, 30.0F});
+    draw();
+    m_texture.useDynamicFrame();
+    EXPECT_EQ(m_texture.texName(), 0U);
+    EXPECT_FALSE(m_texture.staticFrame());
+    expectFrame(measured("Start Race").width + 8.0F, measured("Start Race").height + 4.0F);
+}
+
+TEST_F(StringTextureTest, AFrameThatIsDynamicAlreadyKeepsItsTexture)
+{
+    draw();
+    unsigned const name = m_texture.texName();
+    m_texture.useDynamicFrame();
+    EXPECT_EQ(m_texture.texName(), name);
+}
+
+TEST_F(StringTextureTest, TheTextureIsMadeByTheFirstDrawOnly)
+{
+    EXPECT_TRUE(recording::textures().empty());
+    EXPECT_EQ(recording::count(draw(), "glTexImage2D"), 1);
+    EXPECT_EQ(recording::count(draw(), "glTexImage2D"), 0);
+    EXPECT_EQ(recording::textures().size(), 1U);
+}
+
+TEST_F(StringTextureTest, EverySetterThrowsTheTextureAway)
+{
+    std::vector<std::function<void()>> const setters{
+        [this] { m_texture.setString({"x", m_attributes}); },
+        [this] { m_texture.setString("x", m_attributes); },
+        [this] { m_texture.setTextColor(kRed); },
+        [this] { m_texture.setBoxColor(kRed); },
+        [this] { m_texture.setBorderColor(kRed); },
+        [this] { m_texture.setMargins({1.0F, 1.0F}); },
+        [this] { m_texture.useStaticFrame({20.0F, 20.0F}); },
+        [this] { m_texture.useDynamicFrame(); },
+    };
+    int index = 0;
+    for (auto const& set : setters)
+    {
+        draw();
+        ASSERT_NE(m_texture.texName(), 0U);
+        set();
+        EXPECT_EQ(m_texture.texName(), 0U) << "setter " << index;
+        EXPECT_TRUE(recording::textures().empty()) << "setter " << index;
+        ++index;
+    }
+}
+
+TEST_F(StringTextureTest, ColoursAreKept)
+{
+    m_texture.setTextColor(kRed);
+    m_texture.setBoxColor(kGreen);
+    m_texture.setBorderColor(kBlue);
+    EXPECT_EQ(m_texture.textColor(), kRed);
+    EXPECT_EQ(m_texture.boxColor(), kGreen);
+    EXPECT_EQ(m_texture.borderColor(), kBlue);
+}
+
+TEST_F(StringTextureTest, TheUploadIsARectangleOfRgbaBytes)
+{
+    m_texture.useStaticFrame({200.9F, 30.9F});
+    auto const calls = draw();
+    double const name = m_texture.texName();
+    EXPECT_EQ(recording::indexOf(calls, call("glGenTextures", {1})), 0);
+    EXPECT_EQ(recording::indexOf(calls, call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name})), 1);
+    EXPECT_EQ(recording::indexOf(calls, call("glTexImage2D", {GL_TEXTURE_RECTANGLE_EXT, 0, GL_RGBA, 200, 30, 0, GL_RGBA,
+                                                              GL_UNSIGNED_BYTE})),
+              2);
+    EXPECT_EQ(recording::count(calls, "glTexParameteri"), 0);
+    EXPECT_EQ(recording::count(calls, "glTexParameterf"), 0);
+}
+
+TEST_F(StringTextureTest, TheQuadIsTheTextureAtItsNaturalSize)
+{
+    m_texture.useStaticFrame({200.0F, 30.0F});
+    draw();
+    double const name = m_texture.texName();
+    recording::start();
+    m_texture.drawAtPoint({10.0F, 20.0F});
+    EXPECT_THAT(recording::stop(),
+                ElementsAre(call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name}), call("glBegin", {GL_QUADS}),
+                            call("glTexCoord2f", {0, 0}), call("glVertex2f", {10, 20}),
+                            call("glTexCoord2f", {0, 30}), call("glVertex2f", {10, 50}),
+                            call("glTexCoord2f", {200, 30}), call("glVertex2f", {210, 50}),
+                            call("glTexCoord2f", {200, 0}), call("glVertex2f", {210, 20}), call("glEnd")));
+}
+
+TEST_F(StringTextureTest, BoundsStretchTheTexture)
+{
+    m_texture.useStaticFrame({200.0F, 30.0F});
+    recording::start();
+    m_texture.drawWithBounds({{1.0F, 2.0F}, {50.0F, 60.0F}});
+    auto const calls = recording::stop();
+    EXPECT_EQ(recording::count(calls, "glTexImage2D"), 1) << "made on demand here too";
+    EXPECT_GE(recording::indexOf(calls, call("glTexCoord2f", {200, 30})), 0);
+    EXPECT_GE(recording::indexOf(calls, call("glVertex2f", {51, 62})), 0);
+}
+
+TEST_F(StringTextureTest, ATextureIsDeletedInTheContextThatOwnsIt)
+{
+    int owner = 0;
+    int another = 0;
+    recording::setCurrentContext(&owner);
+    draw();
+    unsigned const name = m_texture.texName();
+    recording::setCurrentContext(&another);
+    m_texture.setTextColor(kRed);
+    EXPECT_THAT(recording::contextDeletions(), ElementsAre(Pair(&owner, name)));
+    draw();
+    EXPECT_NE(m_texture.texName(), 0U);
+    m_texture.deleteTexture();
+    EXPECT_EQ(recording::contextDeletions().back().first, &another);
+}
+
+TEST_F(StringTextureTest, ATextureIsDeletedOnce)
+{
+    draw();
+    m_texture.deleteTexture();
+    m_texture.deleteTexture();
+    EXPECT_EQ(recording::contextDeletions().size(), 1U);
+}
+
+TEST_F(StringTextureTest, TheDestructorDeletesTheTexture)
+{
+    {
+        StringTexture texture;
+        texture.initWithString("x", m_attributes).drawAtPoint({0.0F, 0.0F});
+        ASSERT_EQ(recording::textures().size(), 1U);
+    }
+    EXPECT_TRUE(recording::textures().empty());
+}
+
+TEST_F(StringTextureTest, WithoutAContextNothingIsDrawnAndTheNextDrawTriesAgain)
+{
+    recording::setCurrentContext(nullptr);
+    CapturedLog log;
+    EXPECT_THAT(draw(), IsEmpty());
+    EXPECT_THAT(log.lines(), ElementsAre("StringTexture -genTexture: Failure to get current OpenGL context"));
+    EXPECT_EQ(m_texture.texName(), 0U);
+
+    int context = 0;
+    recording::setCurrentContext(&context);
+    EXPECT_EQ(recording::count(draw(), "glEnd"), 1);
+    EXPECT_NE(m_texture.texName(), 0U);
+}
+
+TEST_F(StringTextureTest, ARefusedNameDrawsNothing)
+{
+    recording::refuseNextTexture();
+    EXPECT_EQ(recording::count(draw(), "glBegin"), 0);
+    EXPECT_EQ(recording::count(draw(), "glBegin"), 1);
+}
+
+} // namespace

@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The four tracks as players get them: format, length, loudness after the playlist's factors, peaks, and a
+// loop that nobody hears close. ffmpeg decodes and measures; it trims what the encoder added, as the game
+// does.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <complex>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+struct Track
+{
+    char const* name;
+    double factor;      // of the playlist
+    std::size_t frames; // bars times beats times 60 / tempo times 44100
+};
+
+constexpr std::array<Track, 4> kTracks = {{{"Sable", 1.0, 5443200},
+                                           {"Electro0032", 0.5, 5292000},
+                                           {"SerialK", 0.7, 5292000},
+                                           {"Aai_Tookai", 0.7, 5093550}}};
+
+std::string PathOf(Track const& track)
+{
+    return std::string(QUARROW_MUSIC_DIR "/") + track.name + ".mp3";
+}
+
+std::string OutputOf(std::string const& command)
+{
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> const pipe(popen(command.c_str(), "r"), pclose);
+    std::string output;
+    std::array<char, 65536> buffer = {};
+    for (std::size_t count = 1; pipe && count > 0; output.append(buffer.data(), count))
+        count = std::fread(buffer.data(), 1, buffer.size(), pipe.get());
+    return output;
+}
+
+struct Samples
+{
+    std::vector<float> interleaved;
+
+    std::size_t Frames() const { return interleaved.size() / 2; }
+
+    // Around the loop: the frame after the last is the first.
+    double At(std::size_t frame, std::size_t channel) const
+    {
+        return static_cast<double>(interleaved[frame % Frames() * 2 + channel]);
+    }
+};
+
+// Every track is decoded once for all tests.
+Samples const& Decoded(Track const& track)
+{
+    static std::array<Samples, kTracks.size()> decoded;
+    std::size_t index = 0;
+    while (std::string(kTracks[index].name) != track.name)
+        ++index;
+    Samples& samples = decoded[index];
+    if (samples.interleaved.empty())
+    {
+        std::string const raw = OutputOf("ffmpeg -v error -nostdin -i '" + PathOf(track) + "' -f f32le -");
+        samples.interleaved.resize(raw.size() / sizeof(float));
+        std::copy_n(raw.data(), samples.interleaved.size() * sizeof(float),
+                    reinterpret_cast<char*>(samples.interleaved.data()));
+    }
+    return samples;
+}
+
+// The last value after that label in the summary of ffmpeg's loudness meter.
+double Measured(Track const& track, std::string const& label)
+{
+    std::string const report = OutputOf("ffmpeg -nostats -nostdin -hide_banner -i '" + PathOf(track) +
+                                        "' -af ebur128=peak=true -f null - 2>&1 | tail -n 20");
+    std::size_t const place = report.rfind(label);
+    return place == std::string::npos ? 1000.0 : std::atof(report.c_str() + place + label.size());
+}
+
+double LoudnessInTheGame(Track const& track)
+{
+    return Measured(track, " I:") + 20.0 * std::log10(track.factor);
+}
+
+double Quantile(std::vector<double> values, double share)
+{
+    auto const place =
+        values.begin() + static_cast<std::ptrdiff_t>(share * static_cast<double>(values.size() - 1));
+    std::nth_element(values.begin(), place, values.end());
+    return *place;
+}
+
+constexpr std::size_t kWindow = 256;
+constexpr std::size_t kOctaves = 7;
+
+// Energy in the octaves below half the sample rate, of the frames around one.
+std::array<double, kOctaves> Spectrum(Samples const& samples, std::size_t middle)
+{
+    std::size_t const begin = middle + samples.Frames() - kWindow / 2;
+    std::array<double, kOctaves> octaves = {};
+    double const turn = 2.0 * 3.14159265358979323846 / kWindow;
+    for (std::size_t bin = 1, octave = 0; bin < kWindow / 2; ++bin)
+    {
+        if (bin == std::size_t{2} << octave)
+            ++octave;
+        std::complex<double> const rotation = std::polar(1.0, -turn * static_cast<double>(bin));
+        std::complex<double> angle = 1.0;
+        std::complex<double> sum = 0.0;
+        for (std::size_t i = 0; i < kWindow; ++i, angle *= rotation)
+        {
+            double const hann = 0.5 - 0.5 * std::cos(turn * static_cast<double>(i));
+            sum += hann * angle * (samples.At(begin + i, 0) + samples.At(begin + i, 1));
+        }
+        octaves[octave] += std::norm(sum);
+    }
+    return octaves;
+}
+
+class Music : public testing::TestWithParam<Track>
+{
+};
+
+TEST_P(Music, IsStereoAt44100HzAnd192KilobitsASecond)
+{
+    std::string const format =
+        OutputOf("ffprobe -v error -show_entries stream=codec_name,sample_rate,channels,bit_rate"
+                 " -of csv=p=0 '" +
+                 PathOf(GetParam()) + "'");
+    EXPECT_EQ(format, "mp3,44100,2,192000\n");
+}
+
+TEST_P(Music, DecodesToExactlyItsBars)
+{
+    EXPECT_EQ(Decoded(GetParam()).Frames(), GetParam().frames);
+    EXPECT_GE(GetParam().frames, 90U * 44100U);
+    EXPECT_LE(GetParam().frames, 180U * 44100U);
+}
+
+TEST_P(Music, PeaksStayADecibelBelowFullScale)
+{
+    EXPECT_LE(Measured(GetParam(), "Peak:"), -1.0);
+}
+
+TEST_P(Music, HasNoSteadyOffset)
+{
+    Samples const& samples = Decoded(GetParam());
+    double sum = 0.0;
+    for (float const value : samples.interleaved)
+        sum += static_cast<double>(value);
+    // -60 dB: far below anything that could click at start and stop
+    EXPECT_LT(std::fabs(sum / static_cast<double>(samples.interleaved.size())), 0.001);
+}
+
+TEST_P(Music, StepFromLastToFirstSampleIsNoLargerThanWithin)
+{
+    Samples const& samples = Decoded(GetParam());
+    ASSERT_GT(samples.Frames(), 0U);
+    for (std::size_t channel = 0; channel < 2; ++channel)
+    {
+        std::vector<double> steps(samples.Frames());
+        for (std::size_t i = 0; i < steps.size(); ++i)
+            steps[i] = std::fabs(samples.At(i + 1, channel) - samples.At(i, channel));
+        double const seam = steps.back();
+        // a drum opens two of the pieces, so the seam may be as steep as their drums are
+        EXPECT_LE(seam, Quantile(std::move(steps), 0.9999));
+    }
+}
+
+TEST_P(Music, SpectrumAroundTheSeamIsNoBrighterThanWithin)
+{
+    Samples const& samples = Decoded(GetParam());
+    ASSERT_GT(samples.Frames(), 0U);
+    std::array<std::vector<double>, kOctaves> within;
+    for (std::size_t middle = 1024; middle < samples.Frames(); middle += 2048)
+    {
+        std::array<double, kOctaves> const spectrum = Spectrum(samples, middle);
+        for (std::size_t octave = 0; octave < kOctaves; ++octave)
+            within[octave].push_back(spectrum[octave]);
+    }
+    std::array<double, kOctaves> const seam = Spectrum(samples, 0);
+    for (std::size_t octave = 0; octave < kOctaves; ++octave)
+        EXPECT_LE(seam[octave], Quantile(within[octave], 0.995)) << "octave " << octave;
+}
+
+TEST_P(Music, DoesNotFallSilentAtTheSeam)
+{
+    Samples const& samples = Decoded(GetParam());
+    ASSERT_GT(samples.Frames(), 0U);
+    // 20 ms on both sides; a gap of the encoder's making would be 25 to 50 ms of zeros
+    auto const energy = [&](std::size_t begin)
+    {
+        double sum = 0.0;
+        for (std::size_t i = begin; i < begin + 882; ++i)
+            sum += samples.At(i, 0) * samples.At(i, 0) + samples.At(i, 1) * samples.At(i, 1);
+        return sum;
+    };
+    std::vector<double> within;
+    for (std::size_t begin = 0; begin < samples.Frames(); begin += 882)
+        within.push_back(energy(begin));
+    double const quietest = Quantile(std::move(within), 0.002);
+    EXPECT_GE(energy(0), quietest);
+    EXPECT_GE(energy(samples.Frames() - 882), quietest);
+}
+
+INSTANTIATE_TEST_SUITE_P(Tracks, Music, testing::ValuesIn(kTracks),
+                         [](auto const& track) { return std::string(track.param.name); });
+
+TEST(Playlist, AllTracksAreHeardWithinOneLoudnessUnit)
+{
+    std::vector<double> levels;
+    for (Track const& track : kTracks)
+        levels.push_back(LoudnessInTheGame(track));
+    auto const [quietest, loudest] = std::minmax_element(levels.begin(), levels.end());
+    EXPECT_LE(*loudest - *quietest, 1.0);
+    EXPECT_GT(*quietest, -30.0);
+}
+
+std::string BytesOf(std::filesystem::path const& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+TEST(MakeMusic, WritesTheShippedBytesAgain)
+{
+    Track const& track = kTracks.back(); // the shortest
+    std::filesystem::path const made =
+        std::filesystem::path(testing::TempDir()) / (std::string("again-") + track.name + ".mp3");
+    std::string const command = std::string("'" QUARROW_MUSIC_ENCODER "' '" QUARROW_MUSIC_PROGRAM "' ") +
+                                track.name + " '" + made.string() + "'";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_TRUE(BytesOf(made) == BytesOf(PathOf(track)));
+    std::filesystem::remove(made);
+}
+
+} // namespace
