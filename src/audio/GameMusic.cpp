@@ -29,6 +29,12 @@ bool GameMusic::fInited = false;
 int GameMusic::itrackCurrent = -1;
 float GameMusic::fltVolume = 1.0F;
 
+// Until a race reduces it the stored index may be any number.
+bool GameMusic::HasCurrentTrack()
+{
+    return itrackCurrent > -1 && itrackCurrent < kTrackCount;
+}
+
 void GameMusic::InitTracks()
 {
     if (fInited)
@@ -49,7 +55,7 @@ void GameMusic::StartTrack()
     InitTracks();
     itrackCurrent = static_cast<int>((static_cast<long long>(itrackCurrent) + 1) % kTrackCount);
     GameSettings::SetIntParam(kLastTrackIndex, itrackCurrent);
-    if (itrackCurrent > -1 && fltVolume > 0.0F)
+    if (HasCurrentTrack() && fltVolume > 0.0F)
     {
         SetTrackVolume(fltVolume);
         GetTrack(itrackCurrent)->Play();
@@ -59,7 +65,7 @@ void GameMusic::StartTrack()
 // Without volume nothing was started, so nothing is stopped.
 void GameMusic::StopTrack()
 {
-    if (itrackCurrent > -1 && fltVolume > 0.0F)
+    if (HasCurrentTrack() && fltVolume > 0.0F)
     {
         GetTrack(itrackCurrent)->Stop();
     }
@@ -68,7 +74,7 @@ void GameMusic::StopTrack()
 void GameMusic::SetTrackVolume(float volume)
 {
     fltVolume = volume;
-    if (itrackCurrent > -1)
+    if (HasCurrentTrack())
     {
         GetTrack(itrackCurrent)->SetVolume(volume * kPlaylist[itrackCurrent].factor);
     }

@@ -34,6 +34,8 @@ public:
     bool IsPlaying() const;
 
 private:
+    static bool HasCurrentTrack();
+
     static std::array<GameMusic*, kTrackCount> apMusic; // live until the process ends
     static bool fInited;
     static int itrackCurrent;

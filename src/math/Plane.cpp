@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "math/Plane.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 
@@ -32,6 +33,26 @@ void Widen(float value, float* min, float* max)
     if (value > *max)
     {
         *max = value;
+    }
+}
+
+// The part of the stretch on the inner side of the plane, with the slack that rounding may need: beyond 0.01, some
+// units in the last place of coordinates that grow with the distance from the origin.
+void Narrow(Plane const& plane, float x, float y, float* minZ, float* maxZ)
+{
+    float const extent = std::fabs(x) + std::fabs(y) + std::max(std::fabs(*minZ), std::fabs(*maxZ));
+    float const rest = plane.a * x + plane.b * y + plane.d + 0.01F + 4.0F * kQ3Epsilon * extent;
+    if (plane.c > 0.0F)
+    {
+        *minZ = std::max(*minZ, -rest / plane.c);
+    }
+    else if (plane.c < 0.0F)
+    {
+        *maxZ = std::min(*maxZ, -rest / plane.c);
+    }
+    else if (rest < 0.0F)
+    {
+        *maxZ = *minZ - 1.0F; // the line runs along the plane, outside
     }
 }
 
@@ -86,6 +107,14 @@ Frustum::Frustum(float fov, float aspect, TQ3Vector3D const* position, TQ3Vector
     m_top.Init(m_corners[0], m_apex, m_corners[2]);
     m_bottom.Init(m_corners[3], m_apex, m_corners[1]);
     m_far.Init(m_corners[3], m_corners[1], m_corners[0]);
+}
+
+void Frustum::NarrowToView(float x, float y, float* minZ, float* maxZ) const
+{
+    for (Plane const* plane : {&m_left, &m_right, &m_top, &m_bottom, &m_far})
+    {
+        Narrow(*plane, x, y, minZ, maxZ);
+    }
 }
 
 void Frustum::GetBoundingBox(float* minX, float* maxX, float* minY, float* maxY, float* minZ, float* maxZ) const

@@ -44,6 +44,10 @@ public:
                  m_bottom.Distance(p) < 0.0F || m_far.Distance(p) < 0.0F);
     }
 
+    // Narrows a stretch of the line along z through (x, y) to what may be inside. It leaves no point out that
+    // IsPointInside() takes in, and may leave nothing: then maxZ is below minZ.
+    void NarrowToView(float x, float y, float* minZ, float* maxZ) const;
+
     // The axis-aligned box around the apex and the four far corners.
     void GetBoundingBox(float* minX, float* maxX, float* minY, float* maxY, float* minZ, float* maxZ) const;
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Bundle.h"
 
+#include "platform/Locale.h"
+
 #include <SDL.h>
 
-#include <clocale>
-#include <cstdlib>
 #include <libintl.h>
 #include <memory>
 #include <vector>
@@ -47,13 +47,9 @@ fs::path const& Resources()
     return folder;
 }
 
-// Languages only: numbers keep their C form everywhere.
 bool BindCatalogue()
 {
-    std::setlocale(LC_CTYPE, "");
-    std::setlocale(LC_MESSAGES, "");
-    bindtextdomain(kTextDomain, (Resources() / "Locale").c_str());
-    bind_textdomain_codeset(kTextDomain, "UTF-8");
+    SelectLanguage(kTextDomain, Resources() / "Locale");
     return true;
 }
 

@@ -67,6 +67,58 @@ double ShortestDecimal(float value)
     return result;
 }
 
+std::string Printed(toml::table const& table)
+{
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << table;
+    return text.str();
+}
+
+// toml++ prints seventeen digits; the shortest that read back are enough.
+std::string ShortestText(double value)
+{
+    if (!std::isfinite(value))
+    {
+        return std::isnan(value) ? "nan" : (value < 0.0 ? "-inf" : "inf");
+    }
+    std::array<char, 64> digits{};
+    auto const written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    std::string text(digits.data(), written.ptr);
+    return text.find_first_of(".e") == std::string::npos ? text + ".0" : text;
+}
+
+std::string LineOf(std::string const& key, toml::node const& node)
+{
+    auto const* const real = node.as_floating_point();
+    if (real == nullptr)
+    {
+        return Printed(toml::table{{key, node}}) + '\n';
+    }
+    std::string line = Printed(toml::table{{key, 0}}); // "key = 0", the key in quotes where it needs them
+    line.pop_back();
+    return line + ShortestText(real->get()) + '\n';
+}
+
+// Plain values first, one a line; then what has lines of its own.
+std::string TextOf(toml::table const& table)
+{
+    std::string text;
+    toml::table sections;
+    for (auto const& [key, node] : table)
+    {
+        if (node.is_table() || node.is_array_of_tables())
+        {
+            sections.insert(key, node);
+        }
+        else
+        {
+            text += LineOf(std::string(key.str()), node);
+        }
+    }
+    return sections.empty() ? text : text + '\n' + Printed(sections) + '\n';
+}
+
 struct Store
 {
     toml::table& table;
@@ -114,10 +166,7 @@ toml::table LoadSettings(fs::path const& file)
 
 std::string SaveSettings(fs::path const& file, toml::table const& table)
 {
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << table << '\n';
-    return ReplaceFile(file, text.str());
+    return ReplaceFile(file, TextOf(table));
 }
 
 void StoreValue(toml::table& table, std::string const& key, Preferences::Value const& value)

@@ -27,7 +27,8 @@ struct PangoDeleter
 template <typename Object>
 using PangoHandle = std::unique_ptr<Object, PangoDeleter>;
 
-PangoHandle<PangoLayout> MakeLayout()
+// Never released: what is laid out while the program ends still finds it.
+PangoLayout* MakeLayout()
 {
     PangoHandle<PangoContext> const context(
         pango_font_map_create_context(pango_cairo_font_map_get_default()));
@@ -40,7 +41,7 @@ PangoHandle<PangoLayout> MakeLayout()
 
     PangoHandle<PangoLayout> layout(pango_layout_new(context.get()));
     pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-    return layout;
+    return layout.release();
 }
 
 void SetFont(PangoLayout* layout, TextAttributes const& attributes)
@@ -74,26 +75,26 @@ std::string PlainLine(std::string const& text, std::size_t longest)
 
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes)
 {
-    static PangoHandle<PangoLayout> const layout = MakeLayout();
+    static PangoLayout* const layout = MakeLayout();
     static std::string laidOut;
     static std::string fontName;
     static float fontSize = 0.0F;
 
     if (fontSize != attributes.fontSize() || fontName != attributes.fontName())
     {
-        SetFont(layout.get(), attributes);
+        SetFont(layout, attributes);
         fontName = attributes.fontName();
         fontSize = attributes.fontSize();
         laidOut.clear();
-        pango_layout_set_text(layout.get(), "", 0);
+        pango_layout_set_text(layout, "", 0);
     }
     if (laidOut != text)
     {
         std::string const line = PlainLine(text, LongestText(fontSize));
-        pango_layout_set_text(layout.get(), line.data(), static_cast<int>(line.size()));
+        pango_layout_set_text(layout, line.data(), static_cast<int>(line.size()));
         laidOut = text;
     }
-    return layout.get();
+    return layout;
 }
 
 } // namespace platform

@@ -5,6 +5,7 @@
 #include "platform/Display.h"
 #include "platform/GLSurface.h"
 #include "platform/Log.h"
+#include "platform/WindowIcon.h"
 #include "platform/WindowList.h"
 
 #include <SDL.h>
@@ -127,6 +128,7 @@ std::unique_ptr<Window> Window::initWithContentRect(Rect contentRect, WindowStyl
         LogFormat("A window could not be made: %s", SDL_GetError());
         return nullptr;
     }
+    SetWindowIcon(handle->window.get());
     return std::unique_ptr<Window>(new Window(std::move(handle)));
 }
 

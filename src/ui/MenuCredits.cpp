@@ -15,29 +15,26 @@ constexpr int kFontSize = 13;
 constexpr int kItemCount = 17; // the last stays empty
 constexpr int kBack = 15;
 
-// Marks a text for the catalogue where it is not looked up at once.
-#define MARK_FOR_CATALOGUE(text) text
-
 constexpr char const* kLines[] = {
-    MARK_FOR_CATALOGUE("Conceived, designed and programmed by the Quarrow team (MIT licence)"),
-    MARK_FOR_CATALOGUE(" * News and updates: www.quarrow.example"),
-    MARK_FOR_CATALOGUE("Sound effects: synthesised by the game's own programs (CC0)"),
-    MARK_FOR_CATALOGUE("Icon: drawn by the Quarrow team (CC0)"),
-    MARK_FOR_CATALOGUE("Thanks also to those who made the libraries under the game:"),
-    MARK_FOR_CATALOGUE("     Mesa and GLU for OpenGL, Pango and Cairo for text (MIT, SGI-B, LGPL)"),
-    MARK_FOR_CATALOGUE("     SDL and SDL_image for window, full screen, input and pictures (zlib)"),
-    MARK_FOR_CATALOGUE("     FFmpeg and OpenAL Soft for music and sound (LGPL)"),
-    MARK_FOR_CATALOGUE("     toml++ and GNU gettext for settings and languages (MIT, LGPL), and all who answer in their forums"),
-    MARK_FOR_CATALOGUE("Music: composed and rendered by the game's own programs, by the Quarrow team (CC0)"),
-    MARK_FOR_CATALOGUE("     'Sable', the Quarrow team, music@quarrow.example"),
-    MARK_FOR_CATALOGUE("     'Electro0032', the Quarrow team, music@quarrow.example"),
-    MARK_FOR_CATALOGUE("     'SerialK', the Quarrow team, music@quarrow.example"),
-    MARK_FOR_CATALOGUE("     'Aai_Tookai', the Quarrow team, music@quarrow.example"),
-    MARK_FOR_CATALOGUE("Thank you for playing!"),
-    MARK_FOR_CATALOGUE("Back to Main Menu"),
+    MarkForCatalogue("Conceived, designed and programmed by the Quarrow team (MIT licence)"),
+    // Translators: keep the blank, the asterisk and the blank.
+    MarkForCatalogue(" * News and updates: www.quarrow.example"),
+    MarkForCatalogue("Sound effects: synthesised by the game's own programs (CC0)"),
+    MarkForCatalogue("Icon: drawn by the Quarrow team (CC0)"),
+    MarkForCatalogue("Thanks also to those who made the libraries under the game:"),
+    // Translators: keep the five blanks that open this line and those like it.
+    MarkForCatalogue("     Mesa and GLU for OpenGL, Pango and Cairo for text (MIT, SGI-B, LGPL)"),
+    MarkForCatalogue("     SDL and SDL_image for window, full screen, input and pictures (zlib)"),
+    MarkForCatalogue("     FFmpeg and OpenAL Soft for music and sound (LGPL)"),
+    MarkForCatalogue("     toml++ and GNU gettext for settings and languages (MIT, LGPL), and all who answer in their forums"),
+    MarkForCatalogue("Music: composed and rendered by the game's own programs, by the Quarrow team (CC0)"),
+    MarkForCatalogue("     'Sable', the Quarrow team, music@quarrow.example"),
+    MarkForCatalogue("     'Electro0032', the Quarrow team, music@quarrow.example"),
+    MarkForCatalogue("     'SerialK', the Quarrow team, music@quarrow.example"),
+    MarkForCatalogue("     'Aai_Tookai', the Quarrow team, music@quarrow.example"),
+    MarkForCatalogue("Thank you for playing!"),
+    MarkForCatalogue("Back to Main Menu"),
 };
-
-#undef MARK_FOR_CATALOGUE
 
 } // namespace
 

@@ -51,6 +51,7 @@ std::string RankWord(std::ptrdiff_t rank)
     switch (rank)
     {
     case 0:
+        // Translators: FIRST to FIFTH follow "Your time is ranked: ".
         return localizedString("FIRST");
     case 1:
         return localizedString("SECOND");
@@ -85,6 +86,7 @@ MenuMain::MenuMain() : Menu(0, 0, 5, kFontName, kFontSize)
     SetLocalizedItem(*this, 3, "Credits");
     SetLocalizedItem(*this, 4, "Quit");
 
+    // Translators: the name of the game; it stays as it is.
     AddCaption(kTitle, 2 * kFontSize, "Quarrow");
     AddCaption(kAuthorship, 12, "A game by the Quarrow team");
     AddCaption(kNews, 13, "News and updates: www.quarrow.example");
@@ -174,6 +176,7 @@ bool MenuPaused::MouseUp(int item)
 
 MenuEndGame::MenuEndGame(int seconds) : Menu(0, 0, 5, kFontName, kFontSize)
 {
+    // Translators: minutes and seconds.
     SetItem(0, LocalizedFormat("Total Time: %d:%02d", seconds / 60, seconds % 60).c_str());
     RankTime(seconds);
     SetLocalizedItem(*this, 3, "Restart Race");
@@ -224,6 +227,7 @@ MenuFastestTimes::MenuFastestTimes() : Menu(0, 0, 8, kFontName, kFontSize)
     {
         if (time > 0)
         {
+            // Translators: the rank, then minutes and seconds, as "#1:  1:23".
             SetItem(rank, LocalizedFormat("#%d:  %d:%02d", rank + 1, time / 60, time % 60).c_str());
             anyShown = true;
         }

@@ -140,6 +140,7 @@ void MenuKeyboard::SetStringForItem(int item)
     switch (item)
     {
     case kThrustUp:
+        // Translators: a label before a key's name or "[Type a key]"; keep the blank at its end.
         label = localizedString("Increase Throttle Key: ");
         break;
     case kThrustDown:
@@ -150,7 +151,9 @@ void MenuKeyboard::SetStringForItem(int item)
         break;
     case kInvert: {
         bool const inverted = GameSettings::GetIntParam("MouseInvert") != 0;
-        label = localizedString("Invert Mouse Up/Down:  ") + localizedString(inverted ? "YES" : "NO");
+        // Translators: a label before YES or NO; keep the two blanks at its end.
+        label = localizedString("Invert Mouse Up/Down:  ") +
+                localizedString(inverted ? MarkForCatalogue("YES") : MarkForCatalogue("NO"));
         SetItem(item, label.c_str());
         return;
     }
@@ -158,6 +161,7 @@ void MenuKeyboard::SetStringForItem(int item)
         return;
     }
     bool const waits = m_capture != -1;
+    // Translators: stands in place of a key's name while the game waits for the player to press one.
     label += waits ? localizedString("[Type a key]") : KeyName(GameSettings::GetUniCharParam(kKeySettings[item]));
     SetItem(item, label.c_str());
 }

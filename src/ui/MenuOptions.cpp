@@ -40,9 +40,11 @@ char const* ViewDistanceWord(float fogEndHigh)
 {
     if (fogEndHigh < 50.0F)
     {
-        return "LOW";
+        // Translators: LOW, NORMAL and HIGH follow "View Distance:  " and "Asteroid Detail:  ", NORMAL and HALF
+        // "Asteroid Density:  ". They have to agree with each label that they follow.
+        return MarkForCatalogue("LOW");
     }
-    return fogEndHigh < 65.0F ? "NORMAL" : "HIGH";
+    return fogEndHigh < 65.0F ? MarkForCatalogue("NORMAL") : MarkForCatalogue("HIGH");
 }
 
 float NextViewDistance(float fogEndHigh)
@@ -58,9 +60,9 @@ char const* DetailWord(int smoothness)
 {
     if (smoothness <= 6)
     {
-        return "LOW";
+        return MarkForCatalogue("LOW");
     }
-    return smoothness <= 8 ? "NORMAL" : "HIGH";
+    return smoothness <= 8 ? MarkForCatalogue("NORMAL") : MarkForCatalogue("HIGH");
 }
 
 int NextDetail(int smoothness)
@@ -70,6 +72,11 @@ int NextDetail(int smoothness)
         return 7;
     }
     return smoothness <= 8 ? 9 : 5;
+}
+
+char const* DensityWord(float density)
+{
+    return density < 0.5F ? MarkForCatalogue("HALF") : MarkForCatalogue("NORMAL");
 }
 
 // A thinner field lets the player see farther inside it, so the fog's nearest end goes with the density.
@@ -87,17 +94,23 @@ void SwitchEffects()
     GameSettings::SetFloatParam("SoundVolume", turnOn ? 1.0F : 0.0F);
 }
 
+char const* EffectsWord(float volume)
+{
+    return volume == 0.0F ? MarkForCatalogue("OFF") : MarkForCatalogue("ON");
+}
+
 char const* MusicWord(float volume)
 {
     if (volume == 0.0F)
     {
-        return "OFF";
+        // Translators: OFF and ON follow "Sound Volume:  "; OFF, SOFT, MEDIUM and LOUD follow "Music Volume:  ".
+        return MarkForCatalogue("OFF");
     }
     if (volume < 0.5F)
     {
-        return "SOFT";
+        return MarkForCatalogue("SOFT");
     }
-    return volume < 1.0F ? "MEDIUM" : "LOUD";
+    return volume < 1.0F ? MarkForCatalogue("MEDIUM") : MarkForCatalogue("LOUD");
 }
 
 float NextMusicVolume(float volume)
@@ -163,16 +176,19 @@ void MenuGraphics::SetStringForItem(int item)
     switch (item)
     {
     case kViewDistance:
+        // Translators: a label before LOW, NORMAL or HIGH; keep the two blanks at its end.
         SetLabelAndWord(*this, item, localizedString("View Distance:  "),
                         ViewDistanceWord(GameSettings::GetFloatParam("FogEndHigh")));
         break;
     case kDetail:
+        // Translators: how finely the asteroids are shaped; a label before LOW, NORMAL or HIGH, with two blanks.
         SetLabelAndWord(*this, item, localizedString("Asteroid Detail:  "),
                         DetailWord(GameSettings::GetIntParam("_AsteroidsSmoothness")));
         break;
     case kDensity:
+        // Translators: how many asteroids there are; a label before HALF or NORMAL, with two blanks.
         SetLabelAndWord(*this, item, localizedString("Asteroid Density:  "),
-                        GameSettings::GetFloatParam("_AsteroidsDensityCenter") < 0.5F ? "HALF" : "NORMAL");
+                        DensityWord(GameSettings::GetFloatParam("_AsteroidsDensityCenter")));
         break;
     default:
         break;
@@ -215,8 +231,9 @@ void MenuSound::SetStringForItem(int item)
     switch (item)
     {
     case kEffects:
+        // Translators: the sound effects; a label before OFF or ON, with two blanks.
         SetLabelAndWord(*this, item, localizedString("Sound Volume:  "),
-                        GameSettings::GetFloatParam("SoundVolume") == 0.0F ? "OFF" : "ON");
+                        EffectsWord(GameSettings::GetFloatParam("SoundVolume")));
         break;
     case kMusic:
         SetLabelAndWord(*this, item, localizedString("Music Volume:  "),

@@ -8,6 +8,12 @@
 
 class Menu;
 
+// Marks a text for the catalogue where it is looked up later on.
+constexpr char const* MarkForCatalogue(char const* english)
+{
+    return english;
+}
+
 // Sets a menu's item to the localised text.
 void SetLocalizedItem(Menu& menu, int item, char const* english);
 

@@ -130,21 +130,6 @@ void Universe::CreateOverlays()
     }
 }
 
-int Universe::CoordToDensity(int c)
-{
-    return std::min(c / kFieldSize, kLevelCount - 1);
-}
-
-Roid* Universe::RoidAtCell(int x, int y, int z) const
-{
-    int const depth = std::min({x, y, z});
-    if (depth < 0)
-    {
-        return nullptr;
-    }
-    return m_roids[x % kFieldSize][y % kFieldSize][z % kFieldSize][CoordToDensity(depth)];
-}
-
 bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius, TQ3Vector3D* hitPoint,
                                float* hitFraction) const
 {

@@ -14,6 +14,7 @@
 
 #include "math/qmath.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <vector>
@@ -69,11 +70,16 @@ public:
                          float* hitFraction) const;
 
     // The variant at a coordinate: one level for each 16 units of depth, at most 7.
-    static int CoordToDensity(int c);
+    static int CoordToDensity(int c) { return std::min(c / kFieldSize, kLevelCount - 1); }
 
     // The asteroid of a cell of the endless lattice, null where the cell is empty. One asteroid serves all the
     // repetitions of its cell: its position means nothing until the user has moved it.
-    Roid* RoidAtCell(int x, int y, int z) const;
+    Roid* RoidAtCell(int x, int y, int z) const
+    {
+        int const depth = std::min(std::min(x, y), z);
+        return depth < 0 ? nullptr
+                         : m_roids[x % kFieldSize][y % kFieldSize][z % kFieldSize][CoordToDensity(depth)];
+    }
 
     // Fog end, in world units, for an eye at p: the view closes in with the depth into the field.
     float PointToFrustumDepth(TQ3Vector3D const& p) const;
@@ -112,6 +118,7 @@ private:
     void RenderSky() const;
     void BeginFog(float fogEnd) const;
     void RenderField(Frustum const& frustum) const;
+    void RenderRow(int x, int y, int beginZ, int endZ, Frustum const& frustum) const;
     void RenderMarker(Frustum const& frustum, float fogEnd) const;
 
     void RenderCockpit(int width, int height);

@@ -136,19 +136,32 @@ void Universe::RenderField(Frustum const& frustum) const
     frustum.GetBoundingBox(&minX, &maxX, &minY, &maxY, &minZ, &maxZ);
     int const endX = CeilToInt(maxX);
     int const endY = CeilToInt(maxY);
+    int const beginY = FloorToInt(std::max(minY, 0.0F));
     int const beginZ = FloorToInt(std::max(minZ, 0.0F));
     int const endZ = CeilToInt(maxZ);
     for (int x = FloorToInt(std::max(minX, 0.0F)); x < endX; ++x)
     {
-        for (int y = FloorToInt(std::max(minY, 0.0F)); y < endY; ++y)
+        for (int y = beginY; y < endY; ++y)
         {
-            for (int z = beginZ; z < endZ; ++z)
-            {
-                if (Roid* const roid = RoidAtCell(x, y, z))
-                {
-                    roid->Render({static_cast<float>(x), static_cast<float>(y), static_cast<float>(z)}, frustum);
-                }
-            }
+            RenderRow(x, y, beginZ, endZ, frustum);
+        }
+    }
+}
+
+// Most cells of the box lie outside the view, which is a pyramid in it: those of a row are skipped at one go.
+void Universe::RenderRow(int x, int y, int beginZ, int endZ, Frustum const& frustum) const
+{
+    auto const rowX = static_cast<float>(x);
+    auto const rowY = static_cast<float>(y);
+    auto first = static_cast<float>(beginZ);
+    auto last = static_cast<float>(endZ - 1);
+    frustum.NarrowToView(rowX, rowY, &first, &last);
+    int const end = FloorToInt(last) + 1;
+    for (int z = CeilToInt(first); z < end; ++z)
+    {
+        if (Roid* const roid = RoidAtCell(x, y, z))
+        {
+            roid->Render({rowX, rowY, static_cast<float>(z)}, frustum);
         }
     }
 }

@@ -113,7 +113,7 @@ def is_light(red, green, blue):
 class Game:
     """One run of the program. Use it in a with statement."""
 
-    def __init__(self, display, home, environment=None, expect_start=True):
+    def __init__(self, display, home, environment=None, expect_start=True, program=None):
         self.display = display
         self.home = pathlib.Path(home)
         self.config = self.home / ".config" / "quarrow" / "settings.toml"
@@ -124,8 +124,8 @@ class Game:
                    LIBGL_ALWAYS_SOFTWARE="1")
         env.update(environment or {})
         with open(self._log_path, "wb") as log:
-            self.process = subprocess.Popen([os.environ["QUARROW_PROGRAM"]], env=env, stdout=log, stderr=log,
-                                            stdin=subprocess.DEVNULL)
+            self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"]], env=env, stdout=log,
+                                            stderr=log, stdin=subprocess.DEVNULL)
         if expect_start:
             wait_until(lambda: "Alpha bits" in self.log(), "the game's first frame\n" + self.log())
 

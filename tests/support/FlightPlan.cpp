@@ -39,16 +39,18 @@ std::size_t FarthestInSight(FieldMap const& map, std::vector<TQ3Vector3D> const&
     return from + 1;
 }
 
-void AppendLeg(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& to, std::vector<Leg>& legs)
+void AppendLeg(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& to, std::size_t waypoint,
+               std::vector<Leg>& legs)
 {
     TQ3Vector3D const along = test::Difference(to, from);
     if (float const length = test::Length(along); length > 0.001F)
     {
-        legs.push_back({from, to, test::Normalized(along), length, map.Clearance(from, to)});
+        legs.push_back({from, to, test::Normalized(along), length, map.Clearance(from, to), waypoint});
     }
 }
 
-void AppendWay(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& to, std::vector<Leg>& legs)
+void AppendWay(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& to, std::size_t waypoint,
+               std::vector<Leg>& legs)
 {
     std::vector<TQ3Vector3D> places{from};
     float usedMargin = 0.0F;
@@ -65,7 +67,7 @@ void AppendWay(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& 
     for (std::size_t i = 0; i + 1 < places.size();)
     {
         std::size_t const next = FarthestInSight(map, places, i, usedMargin);
-        AppendLeg(map, places[i], places[next], legs);
+        AppendLeg(map, places[i], places[next], waypoint, legs);
         i = next;
     }
 }
@@ -76,10 +78,10 @@ std::vector<Leg> PlanFlight(FieldMap const& map, TQ3Vector3D const& from, std::v
 {
     std::vector<Leg> legs;
     TQ3Vector3D start = from;
-    for (TQ3Vector3D const& waypoint : waypoints)
+    for (std::size_t i = 0; i < waypoints.size(); ++i)
     {
-        AppendWay(map, start, waypoint, legs);
-        start = waypoint;
+        AppendWay(map, start, waypoints[i], i, legs);
+        start = waypoints[i];
     }
     return legs;
 }

@@ -10,6 +10,7 @@
 
 #include "math/qmath.h"
 
+#include <cstddef>
 #include <vector>
 
 class FieldMap;
@@ -21,6 +22,7 @@ struct Leg
     TQ3Vector3D direction; // unit
     float length;          // units
     float clearance;       // what the leg keeps from every asteroid, units
+    std::size_t waypoint;  // leads there: the index in the list that the plan was made for
 };
 
 // The legs from the ship's place past all the waypoints, in order. There is always a way.

@@ -14,8 +14,8 @@ namespace
 
 // Close to the haze into which distant asteroids fade, so that they sink into the sky.
 Vector const kSpace = {0.0028, 0.0031, 0.0082};
-Vector const kBlue = {0.006, 0.030, 0.062};
-Vector const kRose = {0.046, 0.012, 0.038};
+Vector const kBlue = {0.007, 0.031, 0.060};
+Vector const kRose = {0.034, 0.011, 0.031};
 Vector const kAmber = {0.050, 0.029, 0.013};
 Vector const kStarlight = {0.022, 0.022, 0.027};
 

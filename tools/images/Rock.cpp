@@ -66,8 +66,9 @@ Vector Rock::Colour(Vector const& direction) const
     Vector tint = Mixed(kCool, kWarm, SmoothStep(-0.5, 0.5, hue));
     tint = Mixed(tint, kRust, 0.55 * SmoothStep(0.25, 0.9, minerals - 0.5 * sharp));
     tint = Mixed(tint, kFresh, std::clamp(ground.bare + vein, 0.0, 1.0) * 0.7);
-    // The row of a pole's pixels is one point of the sphere, and the repeating texture mixes the two poles' rows there.
-    return Mixed(tint * tone, kPole, SmoothStep(0.988, 0.9995, std::abs(direction.z)));
+    // A pole's row of pixels is one point of the sphere, where the repeating texture mixes the rows of both
+    // poles.
+    return Mixed(tint * tone, kPole, SmoothStep(0.994, 0.9998, std::abs(direction.z)));
 }
 
 } // namespace maker

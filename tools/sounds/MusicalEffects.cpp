@@ -95,7 +95,7 @@ Stereo MakeFanfare()
         PlayChord(sound, kFanfare[i], i + 1);
     for (double const start : {0.0, 0.45})
         sound.Add(Timpani(Pitch(start < 0.1 ? 43 : 41)), 0.16, 0.0, start);
-    sound.Add(Timpani(Pitch(43)), 0.42, 0.0, 0.95);
+    sound.Add(Timpani(Pitch(43)), 0.32, 0.0, 0.95);
     sound.Add(Cymbal(1.9, 21), 0.050, -0.4, 0.945);
     sound.Add(Cymbal(1.9, 22), 0.050, 0.4, 0.949);
     sound.ForEach([](Signal& channel) { Lift(channel, 2600.0, 0.8, 2.5); });

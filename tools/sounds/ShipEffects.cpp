@@ -101,6 +101,41 @@ void AddDebris(Stereo& sound)
     }
 }
 
+// Rock along metal: it sticks and slips some seventy times a second, and brighter the firmer it grips.
+Signal Scrape(double seconds)
+{
+    Random random(91);
+    SweepFilter body;
+    SweepFilter edge;
+    double grip = 0.0;
+    double target = 0.0;
+    Signal noise = WhiteNoise(seconds, 92);
+    for (std::size_t i = 0; i < noise.size(); ++i)
+    {
+        double const time = static_cast<double>(i) / kSampleRate;
+        if (random.Unit() < 70.0 / kSampleRate)
+            target = random.Unit();
+        grip += (target - grip) * 0.012;
+        body.Set(520.0 + 900.0 * grip, 3.0);
+        edge.Set(1900.0 + 2600.0 * grip + 700.0 * time, 5.0);
+        body.Feed(noise[i]);
+        edge.Feed(noise[i]);
+        noise[i] = (body.Band() + 0.75 * edge.Band()) * (0.15 + 1.3 * grip * grip);
+    }
+    return noise;
+}
+
+// From the bow on the left to the stern on the right.
+void AddPassing(Stereo& sound, Signal const& layer, double seconds)
+{
+    for (std::size_t i = 0; i < layer.size(); ++i)
+    {
+        double const place = SmoothStep(0.0, seconds, static_cast<double>(i) / kSampleRate);
+        sound.left[i] += layer[i] * (1.1 - 0.8 * place);
+        sound.right[i] += layer[i] * (0.3 + 0.8 * place);
+    }
+}
+
 } // namespace
 
 Stereo MakeStarter()
@@ -181,36 +216,12 @@ Stereo MakeWham()
 
 Stereo MakeGraze()
 {
-    Stereo sound(1.15);
-    Random random(91);
-    Signal noise = WhiteNoise(0.85, 92);
-    SweepFilter body;
-    SweepFilter edge;
-    double grip = 0.0;
-    double target = 0.0;
-    for (std::size_t i = 0; i < noise.size(); ++i)
-    {
-        double const time = static_cast<double>(i) / kSampleRate;
-        // Rock sticks to metal and slips, some seventy times a second.
-        if (random.Unit() < 70.0 / kSampleRate)
-            target = random.Unit();
-        grip += (target - grip) * 0.012;
-        body.Set(520.0 + 900.0 * grip, 3.0);
-        edge.Set(1900.0 + 2600.0 * grip + 700.0 * time, 5.0);
-        body.Feed(noise[i]);
-        edge.Feed(noise[i]);
-        double const level = SmoothStep(0.0, 0.05, time) * SmoothStep(0.85, 0.35, time);
-        noise[i] = (1.0 * body.Band() + 0.75 * edge.Band()) * (0.15 + 1.3 * grip * grip) * level;
-    }
-    for (std::size_t i = 0; i < noise.size(); ++i)
-    {
-        // From the bow on the left to the stern on the right.
-        double const place = SmoothStep(0.0, 0.8, static_cast<double>(i) / kSampleRate);
-        sound.left[i] += noise[i] * (1.1 - 0.8 * place);
-        sound.right[i] += noise[i] * (0.3 + 0.8 * place);
-    }
     constexpr std::array<Mode, 4> kSkin = {
         {{233.0, 0.5, 0.7}, {347.0, 0.4, 0.6}, {618.0, 0.2, 0.5}, {1109.0, 0.1, 0.4}}};
+    Stereo sound(1.15);
+    Signal scrape = Scrape(0.85);
+    Shape(scrape, [](double time) { return SmoothStep(0.0, 0.05, time) * SmoothStep(0.85, 0.35, time); });
+    AddPassing(sound, scrape, 0.8);
     sound.Add(Ring(kSkin, 0.9, 0.02), 0.20, -0.2, 0.02);
     sound.ForEach([](Signal& channel) { Saturate(channel, 1.4); });
     sound.Add(Thump(0.25, 170.0, 70.0, 0.03, 0.2), 0.9);

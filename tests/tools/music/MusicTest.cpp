@@ -16,6 +16,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -26,13 +27,19 @@ struct Track
 {
     char const* name;
     double factor;      // of the playlist
-    std::size_t frames; // bars times beats times 60 / tempo times 44100
+    std::size_t frames; // beats times 60 / tempo times 44100
+    std::size_t beats;  // bars times beats in a bar
 };
 
-constexpr std::array<Track, 4> kTracks = {{{"Sable", 1.0, 5443200},
-                                           {"Electro0032", 0.5, 5292000},
-                                           {"SerialK", 0.7, 5292000},
-                                           {"Aai_Tookai", 0.7, 5093550}}};
+void PrintTo(Track const& track, std::ostream* out)
+{
+    *out << track.name;
+}
+
+constexpr std::array<Track, 4> kTracks = {{{"Sable", 1.0, 5443200, 288},
+                                           {"Electro0032", 0.5, 5292000, 256},
+                                           {"SerialK", 0.7, 5292000, 252},
+                                           {"Aai_Tookai", 0.7, 5093550, 616}}};
 
 std::string PathOf(Track const& track)
 {
@@ -135,10 +142,10 @@ class Music : public testing::TestWithParam<Track>
 TEST_P(Music, IsStereoAt44100HzAnd192KilobitsASecond)
 {
     std::string const format =
-        OutputOf("ffprobe -v error -show_entries stream=codec_name,sample_rate,channels,bit_rate"
-                 " -of csv=p=0 '" +
+        OutputOf("ffprobe -v error -show_entries stream=codec_name,sample_rate,channels,bit_rate -of "
+                 "default=noprint_wrappers=1:nokey=1 '" +
                  PathOf(GetParam()) + "'");
-    EXPECT_EQ(format, "mp3,44100,2,192000\n");
+    EXPECT_EQ(format, "mp3\n44100\n2\n192000\n");
 }
 
 TEST_P(Music, DecodesToExactlyItsBars)
@@ -183,15 +190,17 @@ TEST_P(Music, SpectrumAroundTheSeamIsNoBrighterThanWithin)
     Samples const& samples = Decoded(GetParam());
     ASSERT_GT(samples.Frames(), 0U);
     std::array<std::vector<double>, kOctaves> within;
-    for (std::size_t middle = 1024; middle < samples.Frames(); middle += 2048)
+    // the seam is a beat like any other, and is measured against them
+    for (std::size_t beat = 1; beat < GetParam().beats; ++beat)
     {
-        std::array<double, kOctaves> const spectrum = Spectrum(samples, middle);
+        std::array<double, kOctaves> const spectrum =
+            Spectrum(samples, beat * samples.Frames() / GetParam().beats);
         for (std::size_t octave = 0; octave < kOctaves; ++octave)
             within[octave].push_back(spectrum[octave]);
     }
     std::array<double, kOctaves> const seam = Spectrum(samples, 0);
     for (std::size_t octave = 0; octave < kOctaves; ++octave)
-        EXPECT_LE(seam[octave], Quantile(within[octave], 0.995)) << "octave " << octave;
+        EXPECT_LE(seam[octave], Quantile(within[octave], 0.99)) << "octave " << octave;
 }
 
 TEST_P(Music, DoesNotFallSilentAtTheSeam)
@@ -209,9 +218,10 @@ TEST_P(Music, DoesNotFallSilentAtTheSeam)
     std::vector<double> within;
     for (std::size_t begin = 0; begin < samples.Frames(); begin += 882)
         within.push_back(energy(begin));
-    double const quietest = Quantile(std::move(within), 0.002);
-    EXPECT_GE(energy(0), quietest);
-    EXPECT_GE(energy(samples.Frames() - 882), quietest);
+    // notes may die away before a beat, but 30 dB under the usual level is no music
+    double const floor = 0.001 * Quantile(std::move(within), 0.5);
+    EXPECT_GE(energy(0), floor);
+    EXPECT_GE(energy(samples.Frames() - 882), floor);
 }
 
 INSTANTIATE_TEST_SUITE_P(Tracks, Music, testing::ValuesIn(kTracks),

@@ -1,0 +1,360 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "audio/CBMovie.h"
+
+#include "platform/FileURL.h"
+#include "platform/Pasteboard.h"
+#include "platform/RunLoop.h"
+#include "platform/TestMedia.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <limits>
+
+using namespace testing;
+using namespace testmedia;
+
+namespace
+{
+
+constexpr int kFrame = 735; // samples in a sixtieth of a second
+
+void PassRunLoop()
+{
+    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+}
+
+class CBMovieTest : public Test
+{
+protected:
+    std::shared_ptr<CBMovie> open(Samples const& samples)
+    {
+        WriteWav(m_folder / "test.wav", samples);
+        return CBMovie::initWithFile(m_folder / "test.wav", false);
+    }
+
+    // One pass of the run loop before each frame's sound.
+    Samples hear(int samples)
+    {
+        Samples heard;
+        for (; samples > 0; samples -= kFrame)
+        {
+            PassRunLoop();
+            for (float const sample : m_loopback.render(std::min(samples, kFrame)))
+            {
+                heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
+            }
+        }
+        PassRunLoop();
+        return heard;
+    }
+
+    Folder m_folder;
+    Loopback m_loopback;
+};
+
+Samples Forwards(int count)
+{
+    return StereoRamp(count);
+}
+
+Samples Backwards(int count)
+{
+    Samples reversed;
+    Samples const samples = StereoRamp(count);
+    for (std::size_t i = samples.size(); i > 0; i -= 2)
+    {
+        reversed.push_back(samples[i - 2]);
+        reversed.push_back(samples[i - 1]);
+    }
+    return reversed;
+}
+
+Samples operator+(Samples left, Samples const& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+} // namespace
+
+TEST_F(CBMovieTest, InitialisersGiveNullForWhatCannotBeOpened)
+{
+    EXPECT_FALSE(CBMovie::initWithURL("http://host.example/a.mp3", false));
+    EXPECT_FALSE(CBMovie::initWithURL("file:///no/such/file.mp3", true));
+    EXPECT_FALSE(CBMovie::initWithFile("", false));
+    EXPECT_FALSE(CBMovie::initWithMovie(nullptr));
+    EXPECT_FALSE(CBMovie::initWithPasteboard({"some words"}));
+}
+
+TEST_F(CBMovieTest, OpensFilesUrlsAndThePasteboard)
+{
+    WriteWav(m_folder / "a b.wav", StereoRamp(1000));
+    std::string const url = platform::FileURLWithPath(m_folder / "a b.wav").value();
+    EXPECT_TRUE(CBMovie::initWithFile(m_folder / "a b.wav", true));
+    EXPECT_TRUE(CBMovie::initWithURL(url, false));
+    EXPECT_TRUE(CBMovie::initWithPasteboard({url + "\r\n"}));
+    EXPECT_TRUE(CBMovie::initWithMovie(platform::Movie::openFile(m_folder / "a b.wav")));
+}
+
+TEST_F(CBMovieTest, StartsStoppedAndWithoutLoop)
+{
+    auto const movie = open(StereoRamp(1000));
+    EXPECT_FALSE(movie->isPlaying());
+    EXPECT_EQ(movie->loopMode(), kLoopNone);
+    EXPECT_FALSE(movie->playsSelectionOnly());
+    EXPECT_EQ(movie->time(), 0);
+    EXPECT_EQ(movie->duration(), 1000);
+    EXPECT_EQ(movie->volume(), 1.0F);
+    EXPECT_FALSE(movie->name());
+}
+
+TEST_F(CBMovieTest, WithoutAMovieEverythingIsHarmless)
+{
+    auto const movie = CBMovie::init();
+    movie->setLoopMode(kLoopNormal);
+    EXPECT_EQ(movie->loopMode(), kLoopNone);
+    movie->start();
+    movie->setRate(1.0F);
+    movie->setVolume(0.5F);
+    movie->setMuted(true);
+    movie->gotoBeginning();
+    movie->gotoEnd();
+    movie->gotoPosterFrame();
+    movie->gotoPercentFinished(50.0F);
+    movie->stepForward();
+    movie->stepBack();
+    movie->setMovieActive(true);
+    movie->moviesTask();
+    EXPECT_FALSE(movie->isPlaying());
+    EXPECT_EQ(movie->percentFinished(), 0.0F);
+    EXPECT_EQ(movie->movieRect().size.width, 0.0F);
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, LoopModeNoneStopsAtTheEnd)
+{
+    auto const movie = open(Forwards(2000));
+    movie->start();
+    EXPECT_TRUE(movie->isPlaying());
+    EXPECT_EQ(hear(3000), Forwards(2000) + Samples(2000, 0));
+    EXPECT_FALSE(movie->isPlaying());
+    EXPECT_EQ(movie->time(), 2000);
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, LoopModeNormalGoesOnFromTheBeginning)
+{
+    auto const movie = open(Forwards(5000));
+    movie->setLoopMode(kLoopNormal);
+    movie->start();
+    EXPECT_EQ(hear(15000), Forwards(5000) + Forwards(5000) + Forwards(5000));
+    EXPECT_TRUE(movie->isPlaying());
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, LoopModePalindromeTurnsAtEitherEnd)
+{
+    auto const movie = open(Forwards(5000));
+    movie->setLoopMode(kLoopPalindrome);
+    movie->start();
+    EXPECT_EQ(hear(20000), Forwards(5000) + Backwards(5000) + Forwards(5000) + Backwards(5000));
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, LeavingAPalindromeDisposesOfBothItsCallBacks)
+{
+    auto const movie = open(Forwards(5000));
+    movie->setLoopMode(kLoopPalindrome);
+    movie->start();
+    hear(6000);
+    EXPECT_EQ(movie->rate(), -1.0F);
+    movie->setLoopMode(kLoopNone);
+    hear(6000);
+    EXPECT_FALSE(movie->isPlaying());
+    EXPECT_EQ(movie->time(), 0);
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, PlainLoopMayBecomeAPalindromeWhileItPlays)
+{
+    auto const movie = open(Forwards(5000));
+    movie->setLoopMode(kLoopNormal);
+    movie->start();
+    hear(2000);
+    movie->setLoopMode(kLoopPalindrome);
+    hear(4000);
+    EXPECT_EQ(movie->rate(), -1.0F);
+    EXPECT_NEAR(movie->time(), 4000, kFrame);
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, PlainLoopDoesNotHoldAtTheBeginningGoingBackwards)
+{
+    auto const movie = open(Forwards(5000));
+    movie->setLoopMode(kLoopNormal);
+    movie->gotoTime(2000);
+    movie->setRate(-1.0F);
+    hear(3000);
+    EXPECT_FALSE(movie->isPlaying());
+    EXPECT_EQ(movie->time(), 0);
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, LoopingMovieSentToItsEndGoesOn)
+{
+    auto const movie = open(Forwards(5000));
+    movie->setLoopMode(kLoopNormal);
+    movie->start();
+    movie->gotoEnd();
+    EXPECT_EQ(movie->time(), 5000);
+    EXPECT_EQ(hear(3000), StereoRamp(3000));
+    EXPECT_TRUE(movie->isPlaying());
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, TimerLivesFromStartToStop)
+{
+    auto const movie = open(StereoRamp(44100));
+    auto const users = movie.use_count();
+    movie->start();
+    movie->start();
+    EXPECT_EQ(movie.use_count(), users + 1) << "the timer holds what it serves, once";
+    movie->stop();
+    PassRunLoop();
+    EXPECT_EQ(movie.use_count(), users);
+}
+
+TEST_F(CBMovieTest, ZeroRateDropsTheTimerAndAnotherSchedulesIt)
+{
+    auto const movie = open(StereoRamp(44100));
+    auto const users = movie.use_count();
+    movie->setRate(2.0F);
+    EXPECT_EQ(movie->rate(), 2.0F);
+    EXPECT_EQ(movie.use_count(), users + 1);
+    movie->setRate(0.0F);
+    PassRunLoop();
+    EXPECT_EQ(movie.use_count(), users);
+    EXPECT_FALSE(movie->isPlaying());
+}
+
+TEST_F(CBMovieTest, RateTwoAndMinusOneAdvanceTimeAsTheyShould)
+{
+    auto const movie = open(StereoRamp(44100));
+    movie->setRate(2.0F);
+    hear(10 * kFrame);
+    EXPECT_NEAR(movie->time(), 20 * kFrame, 2);
+    movie->setRate(-1.0F);
+    int const turned = movie->time();
+    hear(10 * kFrame);
+    EXPECT_NEAR(movie->time(), turned - 10 * kFrame, 2);
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, VolumeIsHeldInTwoHundredAndFiftySixths)
+{
+    auto const movie = open(StereoRamp(1000));
+    movie->setVolume(0.35F);
+    EXPECT_EQ(movie->volume(), 89.0F / 256.0F);
+    movie->setVolume(1.0F);
+    EXPECT_EQ(movie->volume(), 1.0F);
+    movie->setVolume(1e9F);
+    EXPECT_GT(movie->volume(), 1.0F);
+    movie->setVolume(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(movie->volume(), 0.0F);
+}
+
+TEST_F(CBMovieTest, SetMutedMutesWhateverItIsToldAndNeverUnmutes)
+{
+    auto const movie = open(StereoRamp(44100));
+    movie->setVolume(0.5F);
+    movie->start();
+    movie->setMuted(false);
+    EXPECT_TRUE(movie->isMuted());
+    EXPECT_EQ(movie->volume(), -0.5F);
+    EXPECT_THAT(hear(1000), Each(0));
+    movie->setMuted(false);
+    movie->setMuted(true);
+    EXPECT_TRUE(movie->isMuted());
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, PercentIsTruncatedToAWhole)
+{
+    auto const movie = open(StereoRamp(10000));
+    movie->gotoPercentFinished(50.9F);
+    EXPECT_EQ(movie->time(), 5000);
+    EXPECT_EQ(movie->percentFinished(), 50.0F);
+    movie->gotoPercentFinished(0.9F);
+    EXPECT_EQ(movie->time(), 0);
+    movie->gotoPercentFinished(1000.0F);
+    EXPECT_EQ(movie->time(), 10000);
+    movie->gotoPercentFinished(-5.0F);
+    EXPECT_EQ(movie->time(), 0);
+}
+
+TEST_F(CBMovieTest, StepsByVideoSamples)
+{
+    WriteVideo(m_folder / "test.mov", 10, 25, 64, 48);
+    auto const movie = CBMovie::initWithFile(m_folder / "test.mov", false);
+    ASSERT_TRUE(movie);
+    movie->stepForward();
+    movie->stepForward();
+    EXPECT_EQ(movie->time(), 48); // six-hundredths of a second
+    movie->stepBack();
+    EXPECT_EQ(movie->time(), 24);
+    movie->stepBack();
+    movie->stepBack();
+    EXPECT_EQ(movie->time(), 0);
+    movie->gotoPercentFinished(50.0F);
+    EXPECT_EQ(movie->time(), 120);
+    EXPECT_EQ(movie->percentFinished(), 50.0F);
+    movie->gotoPosterFrame();
+    EXPECT_EQ(movie->time(), 0);
+    EXPECT_EQ(movie->movieRect().origin.x, 0.0F);
+    EXPECT_EQ(movie->movieRect().size.width, 64.0F);
+    EXPECT_EQ(movie->movieRect().size.height, 48.0F);
+}
+
+TEST_F(CBMovieTest, SelectionIsKeptAndNotApplied)
+{
+    auto const movie = open(StereoRamp(10000));
+    movie->setSelection({2000, 500});
+    movie->setPlaysSelectionOnly(true);
+    EXPECT_EQ(movie->selection().start, 2000);
+    EXPECT_EQ(movie->selection().duration, 500);
+    EXPECT_TRUE(movie->playsSelectionOnly());
+    movie->start();
+    EXPECT_EQ(hear(1000), StereoRamp(1000));
+    movie->stop();
+}
+
+TEST_F(CBMovieTest, NameIsTakenOnceAndKeepsTheMovieAlive)
+{
+    std::weak_ptr<CBMovie> watched;
+    {
+        auto const movie = open(StereoRamp(1000));
+        auto const other = open(StereoRamp(1000));
+        EXPECT_TRUE(movie->setName("first"));
+        EXPECT_TRUE(movie->setName("first")) << "its own name";
+        EXPECT_FALSE(other->setName("first"));
+        EXPECT_FALSE(other->name());
+        EXPECT_EQ(CBMovie::movieNamed("first"), movie);
+        watched = movie;
+    }
+    ASSERT_FALSE(watched.expired());
+    EXPECT_TRUE(watched.lock()->setName("second"));
+    EXPECT_FALSE(CBMovie::movieNamed("first"));
+    EXPECT_EQ(CBMovie::movieNamed("second"), watched.lock());
+    EXPECT_EQ(watched.lock()->name(), "second");
+}
+
+TEST_F(CBMovieTest, UnnamedStoppedMovieGoesWithItsLastUser)
+{
+    auto movie = open(StereoRamp(1000));
+    movie->setLoopMode(kLoopPalindrome);
+    std::weak_ptr<CBMovie> const watched = movie;
+    movie.reset();
+    EXPECT_TRUE(watched.expired());
+}

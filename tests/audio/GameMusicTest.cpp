@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The playlist with the real tracks and a real settings file. Every run of the game is a process of its own,
+// which ends with the number of the track that its last race played.
+#include "audio/GameMusic.h"
+
+#include "audio/GameSoundNSMovie.h"
+#include "platform/AudioTrack.h"
+#include "platform/Bundle.h"
+#include "platform/MediaFile.h"
+#include "platform/Preferences.h"
+#include "platform/RunLoop.h"
+#include "platform/TestMedia.h"
+#include "settings/GameSettings.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+using namespace testing;
+using namespace testmedia;
+
+namespace
+{
+
+constexpr int kFrame = 735; // samples in a sixtieth of a second
+
+// A process that a test starts finds the variable set, and shares the folder of the one that started it.
+class GameMusicTest : public Test
+{
+protected:
+    void SetUp() override
+    {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        if (std::getenv("QUARROW_TEST_RUNS") == nullptr)
+        {
+            setenv("XDG_CONFIG_HOME", (m_folder / "").c_str(), 1);
+            setenv("QUARROW_TEST_RUNS", "1", 1);
+            m_isFirst = true;
+        }
+    }
+    void TearDown() override
+    {
+        if (m_isFirst)
+        {
+            unsetenv("QUARROW_TEST_RUNS");
+        }
+    }
+
+    Folder m_folder;
+    bool m_isFirst = false;
+};
+
+int PlayingTrack()
+{
+    int playing = -1;
+    for (int i = 0; i < GameMusic::kTrackCount; ++i)
+    {
+        if (GameMusic::GetTrack(i) != nullptr && GameMusic::GetTrack(i)->IsPlaying())
+        {
+            playing = i;
+        }
+    }
+    return playing;
+}
+
+constexpr int kSilent = 9;
+
+[[noreturn]] void PlayRaces(int count, float musicVolume)
+{
+    GameSettings::Initialize();
+    for (int i = 0; i < count; ++i)
+    {
+        GameMusic::StopTrack();
+        GameMusic::SetTrackVolume(musicVolume);
+        GameMusic::StartTrack();
+    }
+    int const playing = PlayingTrack();
+    GameMusic::StopTrack();
+    platform::Preferences::standard().synchronize();
+    std::exit(playing < 0 ? kSilent : playing);
+}
+
+} // namespace
+
+TEST_F(GameMusicTest, EachRacePlaysTheNextTrackAcrossRestarts)
+{
+    EXPECT_EXIT(PlayRaces(1, 0.5F), ExitedWithCode(0), "");
+    EXPECT_EXIT(PlayRaces(1, 0.5F), ExitedWithCode(1), "");
+    EXPECT_EXIT(PlayRaces(3, 0.5F), ExitedWithCode(0), "");
+}
+
+TEST_F(GameMusicTest, WithoutVolumeTheListStillAdvances)
+{
+    EXPECT_EXIT(PlayRaces(2, 0.0F), ExitedWithCode(kSilent), "");
+    EXPECT_EXIT(PlayRaces(1, 0.5F), ExitedWithCode(2), "");
+}
+
+TEST_F(GameMusicTest, StoredIndexTwoGoesOnWithTheFourthTrack)
+{
+    EXPECT_EXIT(
+        {
+            GameSettings::Initialize();
+            GameSettings::SetIntParam("MusicLastTrackIndex", 2);
+            PlayRaces(1, 0.5F);
+        },
+        ExitedWithCode(3), "");
+}
+
+TEST_F(GameMusicTest, AbsurdStoredIndexIsReduced)
+{
+    EXPECT_EXIT(
+        {
+            GameSettings::Initialize();
+            GameSettings::SetIntParam("MusicLastTrackIndex", 2147483647);
+            GameMusic::InitTracks();
+            GameMusic::SetTrackVolume(0.25F);
+            GameMusic::StopTrack();
+            PlayRaces(1, 0.5F);
+        },
+        ExitedWithCode(0), "");
+}
+
+TEST_F(GameMusicTest, NextRaceStopsTheOldTrackAndAStoppedOneIsRewound)
+{
+    EXPECT_EXIT(
+        {
+            GameSettings::Initialize();
+            GameMusic::SetTrackVolume(0.5F);
+            GameMusic::StartTrack();
+            bool const played = PlayingTrack() == 0;
+            GameMusic::StopTrack();
+            std::exit(played && PlayingTrack() == -1 ? 0 : 1);
+        },
+        ExitedWithCode(0), "");
+}
+
+// 0.5 of the third track's 0.7, in the 256ths in which a movie keeps its volume.
+TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
+{
+    auto const path = platform::Bundle::pathForResource("SerialK.mp3", "Music");
+    ASSERT_TRUE(path);
+    auto const file = platform::MediaFile::open(*path);
+    constexpr int kSeconds = 10;
+    Samples decoded(2 * 44100 * kSeconds);
+    platform::AudioTrack::open(*file->audio)->read(0, decoded);
+
+    Loopback loopback;
+    GameSettings::Initialize();
+    GameSettings::SetIntParam("MusicLastTrackIndex", 1);
+    GameMusic::InitTracks();
+    GameMusic::SetTrackVolume(0.5F);
+    GameMusic::StartTrack();
+    ASSERT_EQ(PlayingTrack(), 2);
+    double heardPower = 0.0;
+    double filePower = 0.0;
+    std::size_t at = 0;
+    while (at < decoded.size())
+    {
+        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+        for (float const sample :
+             loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
+        {
+            heardPower += double{sample} * sample;
+            filePower += static_cast<double>(decoded[at]) * decoded[at];
+            ++at;
+        }
+    }
+    GameMusic::StopTrack();
+    EXPECT_GT(filePower, 0.0);
+    EXPECT_NEAR(10.0 * std::log10(heardPower / filePower), 20.0 * std::log10(0.35), 0.1);
+}
+
+TEST(GameSoundNSMovieTest, MissingTrackIsSilent)
+{
+    GameSoundNSMovie movie("NoSuchTrack.mp3");
+    movie.SetVolume(1.0F);
+    movie.Play();
+    EXPECT_FALSE(movie.IsPlaying());
+    movie.Stop();
+}
+
+TEST(GameSoundNSMovieTest, PlayLeavesAPlayingTrackAloneAndStopRewinds)
+{
+    Loopback loopback;
+    GameSoundNSMovie movie("Sable.mp3");
+    auto const hear = [&](int frames)
+    {
+        std::vector<float> heard;
+        for (int i = 0; i < frames; ++i)
+        {
+            platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+            auto const frame = loopback.render(kFrame);
+            heard.insert(heard.end(), frame.begin(), frame.end());
+        }
+        return heard;
+    };
+    movie.Play();
+    EXPECT_TRUE(movie.IsPlaying());
+    auto const beginning = hear(60);
+    movie.Play();
+    EXPECT_NE(hear(60), beginning);
+    movie.Stop();
+    EXPECT_FALSE(movie.IsPlaying());
+    EXPECT_THAT(hear(10), Each(0.0F));
+    movie.Play();
+    EXPECT_EQ(hear(60), beginning);
+}

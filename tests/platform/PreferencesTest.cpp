@@ -1,0 +1,267 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/Preferences.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+using platform::Preferences;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class PreferencesTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
+        m_folder = fs::path(testing::TempDir()) / (std::string("preferences-") + test->name());
+        fs::remove_all(m_folder);
+        fs::create_directories(m_folder);
+    }
+
+    void TearDown() override { fs::remove_all(m_folder); }
+
+    fs::path file() const { return m_folder / "settings.toml"; }
+    void write(std::string const& text) const { std::ofstream(file(), std::ios::binary) << text; }
+
+    std::string text() const
+    {
+        std::ostringstream all;
+        all << std::ifstream(file(), std::ios::binary).rdbuf();
+        return all.str();
+    }
+
+    std::vector<std::string> others() const // names beside settings.toml
+    {
+        std::vector<std::string> names;
+        for (auto const& entry : fs::directory_iterator(m_folder))
+        {
+            if (entry.path() != file())
+            {
+                names.push_back(entry.path().filename().string());
+            }
+        }
+        return names;
+    }
+
+    static Preferences::Defaults defaults()
+    {
+        return {{"Number", 7}, {"Real", 0.1F}, {"Text", "word"}, {"List", std::vector<int>{1, 2}}};
+    }
+
+    fs::path m_folder;
+};
+
+TEST_F(PreferencesTest, UnknownKeysReadAsNothing)
+{
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("Nowhere"), 0);
+    EXPECT_EQ(preferences.floatForKey("Nowhere"), 0.0F);
+    EXPECT_EQ(preferences.stringForKey("Nowhere"), "");
+    EXPECT_THAT(preferences.integerArrayForKey("Nowhere"), IsEmpty());
+}
+
+TEST_F(PreferencesTest, RegisteredDefaultsAreReadAndNeverWritten)
+{
+    {
+        Preferences preferences(file());
+        preferences.registerDefaults(defaults());
+        EXPECT_EQ(preferences.integerForKey("Number"), 7);
+        EXPECT_EQ(preferences.floatForKey("Real"), 0.1F);
+        EXPECT_EQ(preferences.stringForKey("Text"), "word");
+        EXPECT_THAT(preferences.integerArrayForKey("List"), ElementsAre(1, 2));
+    }
+    EXPECT_FALSE(fs::exists(file()));
+}
+
+TEST_F(PreferencesTest, ChangesComeBackInTheNextRun)
+{
+    {
+        Preferences preferences(file());
+        preferences.setValue("Number", -3);
+        preferences.setValue("Real", 0.25F);
+        preferences.setValue("Text", std::string("\x1B"));
+        preferences.setValue("List", std::vector<int>{});
+    }
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("Number"), -3);
+    EXPECT_EQ(preferences.floatForKey("Real"), 0.25F);
+    EXPECT_EQ(preferences.stringForKey("Text"), "\x1B");
+    EXPECT_THAT(preferences.integerArrayForKey("List"), IsEmpty());
+}
+
+TEST_F(PreferencesTest, FloatsAreWrittenAsTheShortestDecimalThatReadsBack)
+{
+    constexpr float kValues[] = {0.1F, 0.3F, 1e30F, 16777216.0F, 1.17549435e-38F, 3.40282347e38F, 65.0F};
+    {
+        Preferences preferences(file());
+        int i = 0;
+        for (float const value : kValues)
+        {
+            preferences.setValue("Value" + std::to_string(i++), value);
+        }
+    }
+    EXPECT_THAT(text(), HasSubstr("Value0 = 0.1\n"));
+    EXPECT_THAT(text(), HasSubstr("Value1 = 0.3\n"));
+    Preferences const preferences(file());
+    int i = 0;
+    for (float const value : kValues)
+    {
+        EXPECT_EQ(preferences.floatForKey("Value" + std::to_string(i++)), value);
+    }
+}
+
+TEST_F(PreferencesTest, NumbersConvertTowardsZeroAndWithinTheirRange)
+{
+    write("a = 2.9\nb = -2.9\nc = 1e30\nd = nan\ne = 99999999999\nf = 3\n");
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("a"), 2);
+    EXPECT_EQ(preferences.integerForKey("b"), -2);
+    EXPECT_EQ(preferences.integerForKey("c"), std::numeric_limits<int>::max());
+    EXPECT_EQ(preferences.integerForKey("d"), 0);
+    EXPECT_TRUE(std::isnan(preferences.floatForKey("d")));
+    EXPECT_EQ(preferences.integerForKey("e"), std::numeric_limits<int>::max());
+    EXPECT_EQ(preferences.floatForKey("f"), 3.0F);
+}
+
+TEST_F(PreferencesTest, OtherTypesReadAsNothing)
+{
+    write("text = \"12\"\nyes = true\nlist = [1, \"two\", 3.9, true]\nnumber = 5\n");
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("text"), 0);
+    EXPECT_EQ(preferences.floatForKey("yes"), 0.0F);
+    EXPECT_EQ(preferences.stringForKey("number"), "");
+    EXPECT_THAT(preferences.integerArrayForKey("number"), IsEmpty());
+    EXPECT_THAT(preferences.integerArrayForKey("list"), ElementsAre(1, 0, 3, 0));
+}
+
+TEST_F(PreferencesTest, WrongTypeCostsThatKeyAloneAndIsToldOnce)
+{
+    write("Number = \"seven\"\nReal = 0.5\n");
+    Preferences preferences(file());
+    preferences.registerDefaults(defaults());
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(preferences.integerForKey("Number"), 7);
+    EXPECT_EQ(preferences.integerForKey("Number"), 7);
+    EXPECT_EQ(preferences.floatForKey("Real"), 0.5F);
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(told, HasSubstr("Number"));
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1);
+}
+
+TEST_F(PreferencesTest, UnknownKeysSurviveASave)
+{
+    write("Foreign = [1.5, \"x\"]\n[table]\nkey = 2001-02-03\n");
+    {
+        Preferences preferences(file());
+        preferences.setValue("Number", 1);
+    }
+    EXPECT_THAT(text(), HasSubstr("Foreign = [ 1.5, 'x' ]"));
+    EXPECT_THAT(text(), HasSubstr("key = 2001-02-03"));
+    EXPECT_THAT(text(), HasSubstr("Number = 1"));
+}
+
+TEST_F(PreferencesTest, TwoRunningGamesKeepEachOthersKeys)
+{
+    Preferences first(file());
+    Preferences second(file());
+    first.setValue("A", 1);
+    second.setValue("B", 2);
+    EXPECT_TRUE(first.synchronize());
+    EXPECT_TRUE(second.synchronize());
+    Preferences const after(file());
+    EXPECT_EQ(after.integerForKey("A"), 1);
+    EXPECT_EQ(after.integerForKey("B"), 2);
+}
+
+TEST_F(PreferencesTest, SynchronizeWritesOnlyWhatChanged)
+{
+    Preferences preferences(file());
+    EXPECT_FALSE(preferences.hasUnsavedChanges());
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_FALSE(fs::exists(file()));
+    preferences.setValue("A", 1);
+    EXPECT_TRUE(preferences.hasUnsavedChanges());
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_FALSE(preferences.hasUnsavedChanges());
+    EXPECT_THAT(others(), IsEmpty()) << "nothing half written stays behind";
+}
+
+TEST_F(PreferencesTest, PermissionsAndLinksStay)
+{
+    fs::path const real = m_folder / "real.toml";
+    std::ofstream(real) << "A = 1\n";
+    fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink(real, file());
+    {
+        Preferences preferences(file());
+        preferences.setValue("B", 2);
+    }
+    EXPECT_TRUE(fs::is_symlink(file()));
+    EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(Preferences(real).integerForKey("B"), 2);
+}
+
+class BrokenSettings : public PreferencesTest, public testing::WithParamInterface<std::string>
+{
+};
+
+TEST_P(BrokenSettings, AreSetAsideWithOneLine)
+{
+    write(GetParam());
+    testing::internal::CaptureStderr();
+    Preferences preferences(file());
+    preferences.registerDefaults(defaults());
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(told, HasSubstr("settings.toml"));
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_EQ(preferences.integerForKey("Number"), 7);
+    ASSERT_EQ(others().size(), 1U);
+    EXPECT_THAT(others().front(), testing::StartsWith("settings.toml.broken-2"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, BrokenSettings,
+                         testing::Values("A = ", "A = 1\nA = 2\n", "[[[", std::string("\0\xFF\x80", 3), "\"unended"),
+                         [](auto const& text) { return "Text" + std::to_string(text.index); });
+
+TEST_F(PreferencesTest, FolderInTheWayIsSetAsideLikeABrokenFile)
+{
+    fs::create_directory(file());
+    Preferences preferences(file());
+    preferences.setValue("A", 1);
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_EQ(others().size(), 1U);
+}
+
+TEST_F(PreferencesTest, RefusedSaveIsToldOnceAndTriedAgain)
+{
+    fs::path const blocked = m_folder / "blocked";
+    std::ofstream(blocked) << "a file where a folder should be";
+    Preferences preferences(blocked / "settings.toml");
+    preferences.setValue("A", 1);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(preferences.synchronize());
+    EXPECT_FALSE(preferences.synchronize());
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_TRUE(preferences.hasUnsavedChanges());
+
+    fs::remove(blocked);
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_EQ(Preferences(blocked / "settings.toml").integerForKey("A"), 1);
+}
+
+} // namespace
