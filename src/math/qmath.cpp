@@ -163,8 +163,7 @@ TQ3Quaternion* Q3Quaternion_SetRotateVectorToVector(TQ3Quaternion* out, TQ3Vecto
 {
     TQ3Vector3D half;
     Vector3D_Add(from, to, &half);
-    bool const opposite = half.x == 0.0F && half.y == 0.0F && half.z == 0.0F;
-    if (opposite)
+    if (Vector3D_GetLengthSquared(&half) == 0.0F)
     {
         half = Perpendicular(*to);
     }

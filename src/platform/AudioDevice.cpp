@@ -62,8 +62,9 @@ AudioDevice::Opening AudioDevice::systemOpening()
         }
         return alcOpenDevice(nullptr);
     };
-    // All our sounds have this rate, and the system's own resampler is better than OpenAL's. No virtual room.
-    opening.attributes = {ALC_FREQUENCY, 44100, ALC_HRTF_SOFT, ALC_FALSE};
+    // All our sounds have this rate, and the system's own resampler is better than OpenAL's. No virtual room,
+    // no effects.
+    opening.attributes = {ALC_FREQUENCY, 44100, ALC_HRTF_SOFT, ALC_FALSE, ALC_MAX_AUXILIARY_SENDS, 0};
     return opening;
 }
 

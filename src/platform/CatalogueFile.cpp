@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The layout is that of GNU gettext's manual, "The Format of GNU MO Files": seven numbers, a table of the keys, one of
-// the translations (a length and an offset each), and a hash table of key numbers.
+// The layout is that of GNU gettext's manual, "The Format of GNU MO Files": seven numbers, a table of the
+// keys, one of the translations (a length and an offset each), and a hash table of key numbers.
 #include "platform/CatalogueFile.h"
 
 #include "platform/File.h"
@@ -48,8 +48,8 @@ public:
         }
         std::uint32_t const magic = NumberAt(0);
         m_isSwapped = magic == Swapped(kMagic);
-        return (magic == kMagic || m_isSwapped) && Header(kRevision) == 0 && HasSoundTexts(Header(kKeyTable)) &&
-               HasSoundTexts(Header(kTranslationTable)) && HasSoundHash();
+        return (magic == kMagic || m_isSwapped) && Header(kRevision) == 0 &&
+               HasSoundTexts(Header(kKeyTable)) && HasSoundTexts(Header(kTranslationTable)) && HasSoundHash();
     }
 
 private:
@@ -83,7 +83,8 @@ private:
         return true;
     }
 
-    // A search ends at an empty slot, and meets every slot when their number is a prime. Up to two slots are no table.
+    // A search ends at an empty slot, and meets every slot when their number is a prime. Up to two slots are
+    // no table.
     bool HasSoundHash() const
     {
         std::uint64_t const size = Header(kHashSize);

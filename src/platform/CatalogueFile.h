@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Looks a compiled message catalogue over before gettext gets it: gettext trusts the offsets in the file, and one that
-// points outside brings the program down.
+// Looks a compiled message catalogue over before gettext gets it: gettext trusts the offsets in the file, and
+// one that points outside brings the program down.
 #pragma once
 
 #include <cstddef>

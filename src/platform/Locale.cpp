@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// gettext answers in a language other than English only while the category of messages is set to an existing locale
-// other than C. Which one hardly matters, because LANGUAGE goes before its name: so any will do where the user's own
-// was never generated.
+// gettext answers in a language other than English only while the category of messages is set to an existing
+// locale other than C. Which one hardly matters, because LANGUAGE goes before its name: so any will do where
+// the user's own was never generated.
 #include "platform/Locale.h"
 
 #include "platform/CatalogueFile.h"

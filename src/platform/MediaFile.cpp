@@ -60,7 +60,13 @@ Padding PaddingOf(AVPacket const& packet)
 class Demuxer
 {
 public:
-    Demuxer(AVFormatContext* format, MediaFile& file) : m_format(format), m_file(file) {}
+    // size: bytes of the whole file, which its packets together do not exceed.
+    Demuxer(AVFormatContext* format, std::size_t size, MediaFile& file)
+        : m_format(format),
+          m_size(size),
+          m_file(file)
+    {
+    }
 
     bool run()
     {
@@ -101,6 +107,7 @@ private:
         {
             m_file.audio.emplace();
             m_file.audio->sampleRate = rate;
+            m_file.audio->bytes.reserve(m_size);
         }
         m_file.scale = m_file.audio ? rate : kScaleWithoutAudio;
         if (m_video.stream != nullptr && m_video.stream->codecpar->width > 0)
@@ -226,7 +233,11 @@ private:
         }
         AudioStream& audio = *m_file.audio;
         audio.end = std::min(m_audio.end, m_heardEnd);
-        audio.bytes.shrink_to_fit();
+        // Shrinking copies it all; it is worth that where most of the file was something else.
+        if (audio.bytes.size() < m_size - m_size / 8)
+        {
+            audio.bytes.shrink_to_fit();
+        }
         audio.packets.shrink_to_fit();
         audio.parameters.reset(avcodec_parameters_alloc());
         bool const isCopied = audio.parameters &&
@@ -288,6 +299,7 @@ private:
     static constexpr std::int64_t kFarthest = std::int64_t{1} << 48;
 
     AVFormatContext* m_format;
+    std::size_t m_size;
     MediaFile& m_file;
     Track m_audio;
     Track m_video;
@@ -307,7 +319,7 @@ std::unique_ptr<MediaFile> MediaFile::fromBytes(std::span<std::byte const> bytes
     MediaInput input(bytes);
     AVFormatContext* const format = input.open();
     auto file = std::make_unique<MediaFile>();
-    return format != nullptr && Demuxer(format, *file).run() ? std::move(file) : nullptr;
+    return format != nullptr && Demuxer(format, bytes.size(), *file).run() ? std::move(file) : nullptr;
 }
 
 } // namespace platform

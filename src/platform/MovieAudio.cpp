@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace platform
 {
@@ -45,8 +46,15 @@ bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
         }
         begin(course);
     }
-    alSourcef(m_source.get(), AL_PITCH, pitch);
-    alSourcef(m_source.get(), AL_GAIN, gain);
+    // Each setting makes the mixer work the source out anew, changed or not.
+    if (std::exchange(m_pitch, pitch) != pitch)
+    {
+        alSourcef(m_source.get(), AL_PITCH, pitch);
+    }
+    if (std::exchange(m_gain, gain) != gain)
+    {
+        alSourcef(m_source.get(), AL_GAIN, gain);
+    }
     int const blocks = m_queued.size() < kLow ? kBlocksWhenLow : kBlocksAtOnce;
     for (int i = 0; i < blocks && feedBlock(course); ++i)
     {
@@ -86,6 +94,8 @@ void MovieAudio::begin(MovieCourse const& course)
     m_direction = course.direction;
     m_unqueued = 0;
     m_reported = 0;
+    m_pitch = 1.0F;
+    m_gain = 1.0F;
 }
 
 std::optional<std::int64_t> MovieAudio::takeHeard()

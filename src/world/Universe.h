@@ -99,6 +99,10 @@ public:
     bool IsPaused() const { return m_paused; }
     bool IsCockpitHidden() const { return m_cockpitHidden; }
     float GetFPS() const { return m_fps; }
+    Overlay const* GetFPSOverlay() const { return m_fpsOverlay.get(); } // null unless the setting asks for it
+    Overlay const* GetTimerOverlay() const { return m_timerOverlay.get(); }
+    Overlay const* GetWaypointOverlay() const { return m_waypointOverlay.get(); }
+    Overlay const* GetDistanceOverlay() const { return m_distanceOverlay.get(); }
 
 private:
     struct HeadingToMarker;

@@ -115,9 +115,8 @@ void Universe::Tick(double dt)
     }
 
     // A distance is compared with a squared one, so the text is set in almost every frame. Deliberate.
-    m_distanceToWaypoint =
-        static_cast<int>(std::sqrt(DistSquared(m_waypoint->GetPosition(), m_camera->GetPosition())));
-    if (m_distanceToWaypoint != static_cast<int>(previousDistSquared))
+    m_distanceToWaypoint = FloorToInt(std::sqrt(DistSquared(m_waypoint->GetPosition(), m_camera->GetPosition())));
+    if (m_distanceToWaypoint != FloorToInt(previousDistSquared)) // far out the square exceeds an int
     {
         m_distanceOverlay->SetString(m_distanceToWaypoint);
     }

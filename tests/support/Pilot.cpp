@@ -216,6 +216,3 @@ int Pilot::Pointer(float turn, int viewSize) const
     auto const half = static_cast<float>(viewSize) / 2.0F;
     return std::clamp(static_cast<int>(std::lround(half + turn * half)), 0, viewSize - 1);
 }
-
-std::string Pilot::Describe() const //DEV
-{ char b[200]; auto c=CurrentCourse(); snprintf(b,200,"leg %zu/%zu len %.2f clr %.3f along %.2f off %.3f turn %.2f look %.2f",m_leg,m_legs.size(),m_legs[m_leg].length,m_legs[m_leg].clearance,c.along,c.offTrack,TurnAhead(m_leg),LookAhead()); return b; }

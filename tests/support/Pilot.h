@@ -11,7 +11,6 @@
 #include "support/FlightPlan.h"
 
 #include <cstddef>
-#include <string>
 #include <vector>
 
 class Camera;
@@ -36,7 +35,6 @@ public:
 
     // How often the pilot had to make a new plan, after an impact or when led astray.
     int GetReplanCount() const { return m_replans; }
-    std::string Describe() const; //DEV
 
 private:
     struct Course;

@@ -40,7 +40,9 @@ double ColumnDifference(Picture const& picture, int first, int second)
 {
     double sum = 0.0;
     for (int y = 0; y < picture.Height(); ++y)
+    {
         sum += Difference(picture.At(first, y), picture.At(second, y));
+    }
     return sum / picture.Height();
 }
 
@@ -48,7 +50,9 @@ double RowDifference(Picture const& picture, int first, int second)
 {
     double sum = 0.0;
     for (int x = 0; x < picture.Width(); ++x)
+    {
         sum += Difference(picture.At(x, first), picture.At(x, second));
+    }
     return sum / picture.Width();
 }
 
@@ -57,7 +61,9 @@ double MeanInside(int count, std::function<double(int)> const& differenceFrom)
 {
     double sum = 0.0;
     for (int i = 0; i + 1 < count; ++i)
+    {
         sum += differenceFrom(i);
+    }
     return sum / (count - 1);
 }
 
@@ -75,7 +81,9 @@ double RowMean(Picture const& picture, int y)
 {
     double sum = 0.0;
     for (int x = 0; x < picture.Width(); ++x)
+    {
         sum += Grey(picture.At(x, y));
+    }
     return sum / picture.Width();
 }
 
@@ -84,7 +92,9 @@ double RowSpread(Picture const& picture, int y)
     double const mean = RowMean(picture, y);
     double widest = 0.0;
     for (int x = 0; x < picture.Width(); ++x)
+    {
         widest = std::max(widest, std::abs(Grey(picture.At(x, y)) - mean));
+    }
     return widest;
 }
 
@@ -125,12 +135,14 @@ TEST_F(RockTexture, LeavesRoomForTheLightOfTheScene)
     double sum = 0.0;
     int glaring = 0;
     for (int y = 0; y < 128; ++y)
+    {
         for (int x = 0; x < 128; ++x)
         {
             double const grey = Grey(m_picture.At(x, y));
             sum += grey;
             glaring += grey > 0.97 ? 1 : 0;
         }
+    }
     EXPECT_GE(sum / (128 * 128), 0.5);
     EXPECT_LE(sum / (128 * 128), 0.6);
     EXPECT_LT(glaring, 128 * 128 / 200);
@@ -180,13 +192,17 @@ TEST_F(SkyTexture, StaysDarkEnoughToReadTextOver)
     constexpr int kPatch = 16;
     double brightest = 0.0;
     for (int top = 0; top < 1024; top += kPatch)
+    {
         for (int left = 0; left < 1024; left += kPatch)
         {
             double sum = 0.0;
             for (int i = 0; i < kPatch * kPatch; ++i)
+            {
                 sum += Grey(m_picture.At(left + i % kPatch, top + i / kPatch));
+            }
             brightest = std::max(brightest, sum / (kPatch * kPatch));
         }
+    }
     EXPECT_LT(brightest, 0.33);
 }
 
@@ -200,7 +216,9 @@ TEST_F(SkyTexture, ShowsNoBlocksOfTheCompression)
     double within = 0.0;
     double across = 0.0;
     for (int x = 0; x + 1 < 1024; ++x)
+    {
         (x % 8 == 7 ? across : within) += ColumnDifference(m_picture, x, x + 1);
+    }
     EXPECT_LT(across / 127, 1.08 * within / 896);
 }
 
@@ -223,9 +241,11 @@ protected:
     std::vector<double> Channel(int number) const
     {
         std::vector<double> samples;
-        for (std::size_t i = static_cast<std::size_t>(number); i < m_sound.samples.size();
+        for (auto i = static_cast<std::size_t>(number); i < m_sound.samples.size();
              i += static_cast<std::size_t>(m_sound.channels))
+        {
             samples.push_back(m_sound.samples[i] / 32768.0);
+        }
         return samples;
     }
 
@@ -250,7 +270,9 @@ TEST_P(SoundEffect, PeaksAtOneDecibelBelowFullScale)
 {
     double peak = 0.0;
     for (std::int16_t const sample : m_sound.samples)
+    {
         peak = std::max(peak, std::abs(sample / 32768.0));
+    }
     EXPECT_NEAR(20.0 * std::log10(peak), -1.0, 0.05);
 }
 
@@ -264,7 +286,9 @@ TEST_P(SoundEffect, StartsAndEndsInSilence)
         // A step in the last millisecond would be heard as a click.
         double loudest = 0.0;
         for (std::size_t i = samples.size() - 44; i < samples.size(); ++i)
+        {
             loudest = std::max(loudest, std::abs(samples[i]));
+        }
         EXPECT_LT(loudest, 0.001);
     }
 }
@@ -276,7 +300,9 @@ TEST_P(SoundEffect, HasNoConstantPart)
         std::vector<double> const samples = Channel(channel);
         double sum = 0.0;
         for (double const sample : samples)
+        {
             sum += sample;
+        }
         // Half a step of the 16-bit scale.
         EXPECT_LT(std::abs(sum / static_cast<double>(samples.size())), 0.5 / 32768.0);
     }

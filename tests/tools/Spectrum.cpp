@@ -21,10 +21,14 @@ void Transform(Values& values)
     {
         std::size_t bit = count >> 1;
         for (; (j & bit) != 0; bit >>= 1)
+        {
             j ^= bit;
+        }
         j ^= bit;
         if (i < j)
+        {
             std::swap(values[i], values[j]);
+        }
     }
     for (std::size_t length = 2; length <= count; length <<= 1)
     {
@@ -50,21 +54,31 @@ double Grey(maker::Vector const& colour)
 
 std::vector<Values> Waves(maker::Picture const& picture)
 {
-    std::size_t const size = static_cast<std::size_t>(picture.Width());
+    auto const size = static_cast<std::size_t>(picture.Width());
     std::vector<Values> rows(size, Values(size));
     for (int y = 0; y < picture.Height(); ++y)
+    {
         for (int x = 0; x < picture.Width(); ++x)
+        {
             rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = Grey(picture.At(x, y));
+        }
+    }
     for (Values& row : rows)
+    {
         Transform(row);
+    }
     for (std::size_t x = 0; x < size; ++x)
     {
         Values column;
         for (Values const& row : rows)
+        {
             column.push_back(row[x]);
+        }
         Transform(column);
         for (std::size_t y = 0; y < size; ++y)
+        {
             rows[y][x] = column[y];
+        }
     }
     return rows;
 }
@@ -86,17 +100,21 @@ double StrongestWaveOverMean(maker::Picture const& picture, int fewest)
     std::vector<double> counts(size);
     std::vector<double> strongest(size);
     for (std::size_t y = 0; y < size; ++y)
+    {
         for (std::size_t x = 0; x < size; ++x)
         {
-            std::size_t const ring = static_cast<std::size_t>(std::hypot(Periods(x, size), Periods(y, size)));
+            auto const ring = static_cast<std::size_t>(std::hypot(Periods(x, size), Periods(y, size)));
             double const power = std::norm(waves[y][x]);
             sums[ring] += power;
             counts[ring] += 1.0;
             strongest[ring] = std::max(strongest[ring], power);
         }
+    }
     double worst = 0.0;
     // The last rings are the corners of the square, with too few waves for a mean.
-    for (std::size_t ring = static_cast<std::size_t>(fewest); ring < size * 7 / 10; ++ring)
+    for (auto ring = static_cast<std::size_t>(fewest); ring < size * 7 / 10; ++ring)
+    {
         worst = std::max(worst, strongest[ring] * counts[ring] / sums[ring]);
+    }
     return worst;
 }

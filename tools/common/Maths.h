@@ -20,9 +20,13 @@ inline double Sine(double turns)
 {
     double x = turns - std::floor(turns + 0.5);
     if (x > 0.25)
+    {
         x = 0.5 - x;
+    }
     else if (x < -0.25)
+    {
         x = -0.5 - x;
+    }
     double const a = x * (2.0 * kPi);
     double const s = a * a;
     return a *

@@ -57,7 +57,9 @@ void AddStars(std::vector<Shape>& shapes)
                                                               {470.0, 70.0, 3.5},
                                                               {136.0, 142.0, 2.8}}};
     for (auto const& [x, y, radius] : kStars)
+    {
         shapes.push_back(Disc({x, y}, radius, Around({x, y}, radius, {0xFFFFFF}, {0x9CC4FF, 0.0}), 48));
+    }
 }
 
 std::vector<Point> RockOutline(double size)

@@ -64,9 +64,13 @@ void Fill(cairo_t* context, Shape const& shape)
 {
     cairo_new_path(context);
     for (Point const& point : shape.points)
+    {
         cairo_line_to(context, point.x, point.y);
+    }
     if (shape.points.empty())
+    {
         cairo_arc(context, shape.centre.x, shape.centre.y, shape.radius, 0.0, 6.283185307179586);
+    }
     cairo_close_path(context);
     Pattern const pattern = MakePattern(shape.paint);
     cairo_set_source(context, pattern.get());
@@ -85,7 +89,9 @@ std::string Stop(int offset, Colour const& colour)
     std::ostringstream text;
     text << "<stop offset=\"" << offset << "\" stop-color=\"" << Hex(colour.rgb) << '"';
     if (colour.alpha < 1.0)
+    {
         text << " stop-opacity=\"" << colour.alpha << '"';
+    }
     text << "/>";
     return text.str();
 }
@@ -94,12 +100,16 @@ std::string Gradient(Paint const& paint, std::size_t number)
 {
     std::ostringstream text;
     char const* const kind = paint.radial ? "radialGradient" : "linearGradient";
-    text << "    <" << kind << " id=\"p" << number << "\" gradientUnits=\"userSpaceOnUse\" ";
+    text << "    <" << kind << R"( id="p)" << number << R"(" gradientUnits="userSpaceOnUse" )";
     if (paint.radial)
+    {
         text << "cx=\"" << paint.from.x << "\" cy=\"" << paint.from.y << "\" r=\"" << paint.to.x << '"';
+    }
     else
+    {
         text << "x1=\"" << paint.from.x << "\" y1=\"" << paint.from.y << "\" x2=\"" << paint.to.x
              << "\" y2=\"" << paint.to.y << '"';
+    }
     text << '>' << Stop(0, paint.start) << Stop(1, paint.end) << "</" << kind << ">\n";
     return text.str();
 }
@@ -109,13 +119,17 @@ std::string Element(Shape const& shape, std::size_t number)
     std::ostringstream text;
     text << "    <";
     if (shape.points.empty())
+    {
         text << "circle cx=\"" << shape.centre.x << "\" cy=\"" << shape.centre.y << "\" r=\"" << shape.radius
              << '"';
+    }
     else
     {
         text << "polygon points=\"";
         for (std::size_t i = 0; i < shape.points.size(); ++i)
+        {
             text << (i == 0 ? "" : " ") << shape.points[i].x << ',' << shape.points[i].y;
+        }
         text << '"';
     }
     text << " fill=\"url(#p" << number << ")\"/>\n";
@@ -132,7 +146,9 @@ bool WriteIconSvg(std::string const& path)
     for (Shape const& shape : IconShapes())
     {
         if (!IsShown(shape, kMasterSize))
+        {
             continue;
+        }
         paints << Gradient(shape.paint, number);
         drawing << Element(shape, number++);
     }
@@ -158,8 +174,12 @@ bool WriteIconPng(std::string const& path, int size)
     cairo_scale(context.get(), size / kIconUnits, size / kIconUnits);
     ClipToTile(context.get());
     for (Shape const& shape : IconShapes())
+    {
         if (IsShown(shape, size))
+        {
             Fill(context.get(), shape);
+        }
+    }
     return cairo_surface_write_to_png(surface.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
 }
 

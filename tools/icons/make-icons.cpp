@@ -5,6 +5,7 @@
 // them to.
 #include "icons/Render.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -16,11 +17,13 @@ constexpr std::array<int, 9> kSizes = {16, 22, 24, 32, 48, 64, 128, 256, 512};
 bool WriteAll(std::string const& folder)
 {
     if (!maker::WriteIconSvg(folder + "/quarrow.svg"))
+    {
         return false;
-    for (int const size : kSizes)
-        if (!maker::WriteIconPng(folder + "/quarrow-" + std::to_string(size) + ".png", size))
-            return false;
-    return true;
+    }
+    return std::all_of(
+        kSizes.begin(), kSizes.end(),
+        [&](int size)
+        { return maker::WriteIconPng(folder + "/quarrow-" + std::to_string(size) + ".png", size); });
 }
 
 } // namespace

@@ -60,7 +60,9 @@ bool Craters::Crowded(Vector const& centre, double radius) const
     double const latitude = std::abs(centre.z);
     double const cap = radius > 0.12 ? 0.80 : (radius > 0.062 ? 0.93 : 0.97);
     if (latitude > cap)
+    {
         return true;
+    }
     return std::any_of(m_craters.begin(), m_craters.end(),
                        [&](Crater const& other)
                        {
@@ -81,7 +83,9 @@ void Craters::Scatter(int count, double smallest, double largest, std::uint64_t 
         double const freshness = random.Unit();
         double const radius = smallest * largest / Mix(largest, smallest, share * share * 0.8);
         if (Crowded(centre, radius))
+        {
             continue;
+        }
         Add(centre, radius, freshness * freshness);
         ++placed;
     }
@@ -93,7 +97,9 @@ void Craters::Dig(Vector const& point, Ground& ground) const
     {
         double const cosine = Dot(point, crater.centre);
         if (cosine < crater.cosReach)
+        {
             continue;
+        }
         double const round = std::sqrt(std::max(0.0, 2.0 - 2.0 * cosine)) / crater.radius;
         // Around the poles the rings stay exact circles, see the constructor.
         bool const polar = std::abs(crater.centre.z) > 0.999;

@@ -32,10 +32,10 @@ private:
     struct Crater
     {
         Vector centre;
-        double radius; // as a chord, in radii of the rock
-        double depth;
-        double freshness; // 0 (worn down) to 1
-        double cosReach;  // beyond this angle it does nothing
+        double radius = 0.0; // as a chord, in radii of the rock
+        double depth = 0.0;
+        double freshness = 0.0; // 0 (worn down) to 1
+        double cosReach = 1.0;  // beyond this angle it does nothing
     };
 
     void Add(Vector const& centre, double radius, double freshness);

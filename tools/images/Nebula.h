@@ -16,9 +16,9 @@ class Nebula
 public:
     struct Sample
     {
-        Vector glow;  // linear light
-        double band;  // 0 to 1: how thickly stars stand here
-        double clear; // 0 to 1: the share of the light behind that the dust lets through
+        Vector glow;        // linear light
+        double band = 0.0;  // 0 to 1: how thickly stars stand here
+        double clear = 1.0; // 0 to 1: the share of the light behind that the dust lets through
     };
 
     Sample At(double u, double v) const;
@@ -31,7 +31,7 @@ private:
     TileClouds m_curlU{4, 4, 0.5, 200};
     TileClouds m_curlV{4, 4, 0.5, 300};
     TileClouds m_blue{4, 7, 0.58, 400};
-    TileClouds m_rose{4, 7, 0.58, 500};
+    TileClouds m_rose{5, 7, 0.58, 520};
     TileClouds m_amber{5, 7, 0.60, 600};
     TileClouds m_wisps{5, 6, 0.6, 700};
     TileClouds m_dust{5, 7, 0.6, 800};

@@ -66,7 +66,9 @@ void Describe(jpeg_compress_struct& info, Picture const& picture, int quality)
     // The slow integer transform gives the same numbers with and without vector instructions.
     info.dct_method = JDCT_ISLOW;
     for (int i = 0; i < 3; ++i)
+    {
         info.comp_info[i].h_samp_factor = info.comp_info[i].v_samp_factor = 1;
+    }
 }
 
 } // namespace
@@ -101,9 +103,11 @@ bool WriteJpeg(Picture const& picture, std::string const& path, int quality)
 {
     File const file = Open(path, "wb");
     if (!file)
+    {
         return false;
-    jpeg_compress_struct info;
-    jpeg_error_mgr errors;
+    }
+    jpeg_compress_struct info = {};
+    jpeg_error_mgr errors = {};
     info.err = jpeg_std_error(&errors);
     jpeg_create_compress(&info);
     jpeg_stdio_dest(&info, file.get());
@@ -124,9 +128,11 @@ bool ReadJpeg(std::string const& path, Picture& picture)
 {
     File const file = Open(path, "rb");
     if (!file)
+    {
         return false;
-    jpeg_decompress_struct info;
-    ErrorExit errors;
+    }
+    jpeg_decompress_struct info = {};
+    ErrorExit errors = {};
     std::vector<unsigned char> bytes;
     info.err = jpeg_std_error(&errors.manager);
     errors.manager.error_exit = &LeaveOnError;
@@ -152,8 +158,12 @@ bool ReadJpeg(std::string const& path, Picture& picture)
     jpeg_destroy_decompress(&info);
     unsigned char const* byte = bytes.data();
     for (int y = 0; y < picture.Height(); ++y)
+    {
         for (int x = 0; x < picture.Width(); ++x, byte += 3)
+        {
             picture.At(x, y) = {byte[0] / 255.0, byte[1] / 255.0, byte[2] / 255.0};
+        }
+    }
     return true;
 }
 

@@ -22,9 +22,9 @@ constexpr double kCore = 0.72;  // deviation of a star's disc in pixels
 
 struct Star
 {
-    double x;
-    double y;
-    double peak;
+    double x = 0.0; // in pixels, as y
+    double y = 0.0;
+    double peak = 0.0;
     Vector colour;
 };
 
@@ -34,11 +34,17 @@ double Temperature(Random& random)
     double const kind = random.Unit();
     double const within = random.Unit();
     if (kind < 0.30)
+    {
         return Mix(3000.0, 4300.0, within);
+    }
     if (kind < 0.62)
+    {
         return Mix(4300.0, 6500.0, within);
+    }
     if (kind < 0.84)
+    {
         return Mix(6500.0, 10000.0, within);
+    }
     return Mix(10000.0, 22000.0, within);
 }
 
@@ -67,7 +73,9 @@ double LightAt(Star const& star, double distance2, double reach)
 {
     double const disc = star.peak * Exp(-distance2 / (2.0 * kCore * kCore));
     if (star.peak <= 0.25)
+    {
         return disc;
+    }
     double const edge = std::max(0.0, 1.0 - distance2 / (reach * reach));
     double const halo = 0.020 * star.peak / (1.0 + distance2 / 2.5) * edge * edge;
     return disc + halo;
@@ -78,6 +86,7 @@ void Draw(Picture& sky, Star const& star)
     double const reach = Reach(star);
     int const size = sky.Width();
     for (int y = static_cast<int>(star.y - reach); y <= static_cast<int>(star.y + reach); ++y)
+    {
         for (int x = static_cast<int>(star.x - reach); x <= static_cast<int>(star.x + reach); ++x)
         {
             double const dx = x + 0.5 - star.x;
@@ -86,6 +95,7 @@ void Draw(Picture& sky, Star const& star)
             Vector& pixel = sky.At((x + size) % size, (y + size) % size);
             pixel = pixel + star.colour * light;
         }
+    }
 }
 
 // The sky box folds the tile along its edges and would show half a star there.
@@ -108,7 +118,9 @@ void AddStars(Picture& sky, Nebula const& nebula)
         Nebula::Sample const place = nebula.At(star.x / sky.Width(), star.y / sky.Height());
         double const crowd = star.peak > 0.3 ? 0.5 : 0.16 + 0.84 * place.band;
         if (chance > crowd || Folded(star, sky.Width()))
+        {
             continue;
+        }
         star.peak *= star.peak > 0.3 ? 1.0 : place.clear;
         Draw(sky, star);
         ++placed;

@@ -44,16 +44,23 @@ void TileNoise::FoldEdges()
         double const value = KnotAt(i, 0).value;
         KnotAt(i, 0).slopeU = KnotAt(0, i).slopeV = along;
         if (i != mirror)
+        {
             KnotAt(mirror, 0).slopeU = KnotAt(0, mirror).slopeV = -along;
+        }
         KnotAt(mirror, 0).value = KnotAt(0, i).value = KnotAt(0, mirror).value = value;
     }
     KnotAt(0, 0).slopeU = KnotAt(0, 0).slopeV = 0.0;
 }
 
+std::size_t TileNoise::Place(int i, int j) const
+{
+    std::size_t const cells = static_cast<std::size_t>(m_cells);
+    return static_cast<std::size_t>(j) % cells * cells + static_cast<std::size_t>(i) % cells;
+}
+
 double TileNoise::Corner(int i, int j, double du, double dv) const
 {
-    int const row = j % m_cells;
-    Knot const& knot = m_knots[static_cast<std::size_t>(row * m_cells + i % m_cells)];
+    Knot const& knot = m_knots[Place(i, j)];
     return knot.value + knot.slopeU * du + knot.slopeV * dv;
 }
 

@@ -31,7 +31,8 @@ private:
         double slopeV;
     };
 
-    Knot& KnotAt(int i, int j) { return m_knots[static_cast<std::size_t>(j * m_cells + i)]; }
+    Knot& KnotAt(int i, int j) { return m_knots[Place(i, j)]; }
+    std::size_t Place(int i, int j) const;
     double Corner(int i, int j, double du, double dv) const;
     void FoldEdges();
 

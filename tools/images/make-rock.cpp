@@ -30,8 +30,10 @@ Vector PixelColour(Rock const& rock, int x, int y)
     Vector sum;
     for (int i = 0; i < kSamples * kSamples; ++i)
     {
-        double const u = (x + (i % kSamples + 0.5) / kSamples) / kSize;
-        double const v = (y + (i / kSamples + 0.5) / kSamples) / kSize;
+        int const row = i / kSamples;
+        int const column = i % kSamples;
+        double const u = (x + (column + 0.5) / kSamples) / kSize;
+        double const v = (y + (row + 0.5) / kSamples) / kSize;
         sum = sum + rock.Colour(DirectionAt(u, v));
     }
     return sum * (1.0 / (kSamples * kSamples));
@@ -42,8 +44,12 @@ Picture PaintRock()
     Rock const rock;
     Picture picture(kSize, kSize);
     for (int y = 0; y < kSize; ++y)
+    {
         for (int x = 0; x < kSize; ++x)
+        {
             picture.At(x, y) = PixelColour(rock, x, y);
+        }
+    }
     return picture;
 }
 

@@ -42,13 +42,21 @@ Picture PaintSky()
     Nebula const nebula;
     Picture sky(kSize, kSize);
     for (int y = 0; y < kSize; ++y)
+    {
         for (int x = 0; x < kSize; ++x)
+        {
             sky.At(x, y) = nebula.At((x + 0.5) / kSize, (y + 0.5) / kSize).glow;
+        }
+    }
     AddStars(sky, nebula);
     Random random(7);
     for (int y = 0; y < kSize; ++y)
+    {
         for (int x = 0; x < kSize; ++x)
+        {
             sky.At(x, y) = Encoded(sky.At(x, y), random);
+        }
+    }
     return sky;
 }
 

@@ -34,17 +34,23 @@ double SampleAt(AiffSound const& sound, std::ptrdiff_t frame)
 {
     std::ptrdiff_t const channels = sound.channels;
     if (frame < 0 || (frame + 1) * channels > static_cast<std::ptrdiff_t>(sound.samples.size()))
+    {
         return 0.0;
+    }
     double sum = 0.0;
     for (std::ptrdiff_t i = 0; i < channels; ++i)
+    {
         sum += sound.samples[static_cast<std::size_t>(frame * channels + i)];
+    }
     return sum / static_cast<double>(channels) / 32768.0;
 }
 
 void Transform(std::vector<std::complex<double>>& values)
 {
     if (values.size() == 1)
+    {
         return;
+    }
     std::vector<std::complex<double>> even;
     std::vector<std::complex<double>> odd;
     for (std::size_t i = 0; i < values.size(); i += 2)
@@ -66,7 +72,7 @@ void Transform(std::vector<std::complex<double>>& values)
 // Levels of one column in dB of full scale, by bin.
 std::vector<double> Spectrum(AiffSound const& sound, int column)
 {
-    std::ptrdiff_t const centre = static_cast<std::ptrdiff_t>((column + 0.5) * kColumnSeconds * sound.rate);
+    auto const centre = static_cast<std::ptrdiff_t>((column + 0.5) * kColumnSeconds * sound.rate);
     std::vector<std::complex<double>> values;
     for (std::size_t i = 0; i < kWindow; ++i)
     {
@@ -78,7 +84,9 @@ std::vector<double> Spectrum(AiffSound const& sound, int column)
     Transform(values);
     std::vector<double> levels;
     for (std::size_t i = 0; i < kWindow / 2; ++i)
+    {
         levels.push_back(6.0206 * Log2(std::abs(values[i]) * 4.0 / kWindow + 1e-9));
+    }
     return levels;
 }
 
@@ -99,7 +107,7 @@ void DrawSpectrogram(cairo_t* context, AiffSound const& sound, double left, doub
         for (int y = 0; y < kPlotHeight; ++y)
         {
             double const frequency = 40.0 * Power(450.0, 1.0 - (y + 0.5) / kPlotHeight);
-            std::size_t const bin = static_cast<std::size_t>(frequency / sound.rate * kWindow + 0.5);
+            auto const bin = static_cast<std::size_t>(std::lround(frequency / sound.rate * kWindow));
             SetHeat(context, levels[bin]);
             cairo_rectangle(context, left + x, top + y, 1.0, 1.0);
             cairo_fill(context);
@@ -118,8 +126,8 @@ void DrawWaveform(cairo_t* context, AiffSound const& sound, double left, double 
     {
         double low = 0.0;
         double high = 0.0;
-        std::ptrdiff_t const end = static_cast<std::ptrdiff_t>((x + 1) * kColumnSeconds * sound.rate);
-        for (std::ptrdiff_t i = static_cast<std::ptrdiff_t>(x * kColumnSeconds * sound.rate); i < end; ++i)
+        auto const end = static_cast<std::ptrdiff_t>((x + 1) * kColumnSeconds * sound.rate);
+        for (auto i = static_cast<std::ptrdiff_t>(x * kColumnSeconds * sound.rate); i < end; ++i)
         {
             low = std::min(low, SampleAt(sound, i));
             high = std::max(high, SampleAt(sound, i));
@@ -158,7 +166,9 @@ bool DrawSoundSheet(std::string const& folder, std::vector<std::string> const& f
     {
         AiffSound sound;
         if (!ReadAiff(folder + "/" + files[i], sound))
+        {
             return false;
+        }
         double const top = kRowHeight * static_cast<double>(i) + 8.0;
         DrawName(context.get(), files[i], sound, top);
         DrawWaveform(context.get(), sound, kLabelWidth, top);

@@ -58,6 +58,7 @@ std::vector<Triangle> Sphere(int slices, Vector const& eye)
 {
     std::vector<Triangle> triangles;
     for (int stack = 0; stack < slices; ++stack)
+    {
         for (int slice = 0; slice < slices; ++slice)
         {
             Vertex const a = SphereVertex(slice, stack, slices, eye);
@@ -67,6 +68,7 @@ std::vector<Triangle> Sphere(int slices, Vector const& eye)
             triangles.push_back({a, b, c});
             triangles.push_back({c, b, d});
         }
+    }
     return triangles;
 }
 
@@ -76,14 +78,18 @@ std::optional<Vector> Hit(Triangle const& triangle, Picture const& rock, Vector 
     Vector const first = triangle[1].place - triangle[0].place;
     Vector const second = triangle[2].place - triangle[0].place;
     if (Dot(Cross(first, second), triangle[0].place) * Dot(Cross(first, second), ray) >= 0.0)
+    {
         return std::nullopt;
+    }
     Vector const across = Cross(ray, second);
     double const scale = Dot(first, across);
     Vector const from = eye - triangle[0].place;
     double const b = Dot(from, across) / scale;
     double const c = Dot(ray, Cross(from, first)) / scale;
     if (b < 0.0 || c < 0.0 || b + c > 1.0)
+    {
         return std::nullopt;
+    }
     double const a = 1.0 - b - c;
     Vector const light = triangle[0].colour * a + triangle[1].colour * b + triangle[2].colour * c;
     double const u = a * triangle[0].u + b * triangle[1].u + c * triangle[2].u;
@@ -119,7 +125,9 @@ Vector SkyAlong(Picture const& sky, Vector const& ray)
         double const s = Dot(ray, right) / depth;
         double const t = Dot(ray, up) / depth;
         if (depth > 0.0 && std::abs(s) <= 1.000001 && std::abs(t) <= 1.000001)
+        {
             return sky.Sample(s, -t);
+        }
     }
     return {};
 }
@@ -159,14 +167,19 @@ Picture Filled(int width, int height, ColourAt const& colourAt)
 {
     Picture picture(width, height);
     for (int y = 0; y < height; ++y)
+    {
         for (int x = 0; x < width; ++x)
         {
             Vector sum;
             for (int i = 0; i < kSamples * kSamples; ++i)
-                sum =
-                    sum + colourAt(x + (i % kSamples + 0.5) / kSamples, y + (i / kSamples + 0.5) / kSamples);
+            {
+                int const row = i / kSamples;
+                int const column = i % kSamples;
+                sum = sum + colourAt(x + (column + 0.5) / kSamples, y + (row + 0.5) / kSamples);
+            }
             picture.At(x, y) = sum * (1.0 / (kSamples * kSamples));
         }
+    }
     return picture;
 }
 
@@ -181,8 +194,12 @@ Picture RenderAsteroid(Picture const& rock, Picture const& sky, View const& view
                   {
                       Vector const ray = lens.Ray(x, y);
                       for (Triangle const& triangle : triangles)
+                      {
                           if (std::optional<Vector> const colour = Hit(triangle, rock, view.eye, ray))
+                          {
                               return *colour;
+                          }
+                      }
                       return SkyAlong(sky, ray);
                   });
 }

@@ -20,16 +20,24 @@ constexpr int kQuality = 92;
 void Paste(Picture& sheet, Picture const& picture, int left, int top)
 {
     for (int y = 0; y < picture.Height(); ++y)
+    {
         for (int x = 0; x < picture.Width(); ++x)
+        {
             sheet.At(left + x, top + y) = picture.At(x, y);
+        }
+    }
 }
 
 Picture Stretched(Picture const& picture, double tiles, int size)
 {
     Picture result(size, size);
     for (int y = 0; y < size; ++y)
+    {
         for (int x = 0; x < size; ++x)
+        {
             result.At(x, y) = picture.Sample(tiles * (x + 0.5) / size, tiles * (y + 0.5) / size);
+        }
+    }
     return result;
 }
 
@@ -59,9 +67,13 @@ Picture DrawAsteroids(Picture const& rock, Picture const& sky)
     }};
     Picture sheet(kSize * 3, kSize * static_cast<int>(views.size()));
     for (std::size_t row = 0; row < views.size(); ++row)
+    {
         for (std::size_t column = 0; column < kSlices.size(); ++column)
+        {
             Paste(sheet, RenderAsteroid(rock, sky, views[row], kSlices[column], kSize),
                   kSize * static_cast<int>(column), kSize * static_cast<int>(row));
+        }
+    }
     return sheet;
 }
 
@@ -88,7 +100,9 @@ bool DrawAll(std::string const& resources, std::string const& target)
     Picture sky(1, 1);
     if (!ReadJpeg(resources + "/Images/roid-128.jpg", rock) ||
         !ReadJpeg(resources + "/Images/starfield-1024.jpg", sky))
+    {
         return false;
+    }
     return WriteJpeg(DrawTextures(rock, sky), target + "/textures.jpg", kQuality) &&
            WriteJpeg(DrawAsteroids(rock, sky), target + "/asteroids.jpg", kQuality) &&
            WriteJpeg(DrawSky(sky), target + "/sky.jpg", kQuality) &&

@@ -24,7 +24,9 @@ public:
     void Number(std::uint64_t number, int bytes)
     {
         for (int i = bytes - 1; i >= 0; --i)
+        {
             m_bytes += static_cast<char>(static_cast<unsigned char>(number >> (8 * i)));
+        }
     }
 
     void Chunk(std::string const& name, Bytes const& content)
@@ -73,7 +75,9 @@ std::uint64_t NumberAt(std::string const& bytes, std::size_t place, std::size_t 
 {
     std::uint64_t number = 0;
     for (std::size_t i = 0; i < count; ++i)
+    {
         number = number << 8 | static_cast<unsigned char>(bytes[place + i]);
+    }
     return number;
 }
 
@@ -88,7 +92,9 @@ void ReadCommon(std::string const& bytes, std::size_t place, AiffSound& sound)
 void ReadSamples(std::string const& bytes, std::size_t place, std::size_t size, AiffSound& sound)
 {
     for (std::size_t i = 8; i + 1 < size; i += 2)
+    {
         sound.samples.push_back(static_cast<std::int16_t>(NumberAt(bytes, place + i, 2)));
+    }
 }
 
 } // namespace
@@ -112,18 +118,26 @@ bool ReadAiff(std::string const& path, AiffSound& sound)
     std::ifstream in(path, std::ios::binary);
     std::string const bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     if (bytes.size() < 12 || bytes.substr(0, 4) != "FORM" || bytes.substr(8, 4) != "AIFF")
+    {
         return false;
+    }
     sound = {};
     for (std::size_t place = 12; place + 8 <= bytes.size();)
     {
         std::string const name = bytes.substr(place, 4);
         std::size_t const size = NumberAt(bytes, place + 4, 4);
         if (size > bytes.size() - place - 8)
+        {
             return false;
+        }
         if (name == "COMM" && size >= 18)
+        {
             ReadCommon(bytes, place + 8, sound);
+        }
         if (name == "SSND" && size >= 8)
+        {
             ReadSamples(bytes, place + 8, size, sound);
+        }
         place += 8 + size + size % 2;
     }
     return sound.channels > 0 && sound.sampleBits == 16 && !sound.samples.empty();

@@ -74,7 +74,9 @@ void Lift(Signal& signal, double centre, double quality, double decibels)
 void Saturate(Signal& signal, double drive)
 {
     for (double& sample : signal)
+    {
         sample = SoftClip(drive * sample) / drive;
+    }
 }
 
 } // namespace maker

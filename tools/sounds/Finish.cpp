@@ -36,7 +36,9 @@ void Centre(Signal& signal, double fade)
         weight += window;
     }
     for (std::size_t i = 0; i < signal.size(); ++i)
+    {
         signal[i] -= sum / weight * Window(i, signal.size(), fade);
+    }
 }
 
 } // namespace
@@ -54,7 +56,9 @@ void Finish(Stereo& sound, double fade)
         [gain](Signal& channel)
         {
             for (double& sample : channel)
+            {
                 sample *= gain;
+            }
         });
 }
 

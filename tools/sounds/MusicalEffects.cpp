@@ -47,6 +47,7 @@ constexpr std::array<double, 6> kLevel = {1.0, 0.78, 0.72, 0.66, 0.80, 0.95};
 void PlayChord(Stereo& sound, Chord const& chord, std::uint64_t seed)
 {
     for (std::size_t voice = 0; voice < chord.notes.size(); ++voice)
+    {
         for (std::uint64_t player = 0; player < 2; ++player)
         {
             BrassNote const note = {Pitch(chord.notes[voice]), chord.length,
@@ -55,6 +56,7 @@ void PlayChord(Stereo& sound, Chord const& chord, std::uint64_t seed)
             double const place = kPlace[voice] + (player == 0 ? -0.12 : 0.12);
             sound.Add(line, 0.11 * kLevel[voice], place, chord.start + 0.004 * static_cast<double>(player));
         }
+    }
 }
 
 Signal Timpani(double pitch)
@@ -68,7 +70,9 @@ Signal Timpani(double pitch)
     Signal mallet = WhiteNoise(0.09, 5);
     LowPass(mallet, 700.0);
     for (std::size_t i = 0; i < mallet.size(); ++i)
+    {
         mallet[i] *= Struck(static_cast<double>(i) / kSampleRate, 0.001, 0.06);
+    }
     Add(drum, mallet, 1.6);
     return drum;
 }
@@ -92,9 +96,13 @@ Stereo MakeFanfare()
 {
     Stereo sound(2.9);
     for (std::size_t i = 0; i < kFanfare.size(); ++i)
+    {
         PlayChord(sound, kFanfare[i], i + 1);
+    }
     for (double const start : {0.0, 0.45})
+    {
         sound.Add(Timpani(Pitch(start < 0.1 ? 43 : 41)), 0.16, 0.0, start);
+    }
     sound.Add(Timpani(Pitch(43)), 0.32, 0.0, 0.95);
     sound.Add(Cymbal(1.9, 21), 0.050, -0.4, 0.945);
     sound.Add(Cymbal(1.9, 22), 0.050, 0.4, 0.949);

@@ -55,15 +55,19 @@ public:
     explicit Network(RoomSize const& room)
     {
         for (int const length : kLengths)
+        {
             m_lines.emplace_back(std::max(31, static_cast<int>(length * room.scale)), room);
+        }
     }
 
     void Step(double& left, double& right)
     {
-        std::array<double, kLines> out;
+        std::array<double, kLines> out = {};
         double sum = 0.0;
         for (std::size_t i = 0; i < kLines; ++i)
+        {
             sum += out[i] = m_lines[i].Out();
+        }
         double const inLeft = left;
         double const inRight = right;
         left = right = 0.0;

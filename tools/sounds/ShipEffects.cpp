@@ -24,7 +24,9 @@ constexpr RoomSize kHull = {0.9, 0.55, 3200.0};
 void Shape(Signal& signal, std::function<double(double)> const& level)
 {
     for (std::size_t i = 0; i < signal.size(); ++i)
+    {
         signal[i] *= level(static_cast<double>(i) / kSampleRate);
+    }
 }
 
 // A burst of noise, struck and filtered around a centre.
@@ -63,7 +65,9 @@ Signal Turbine(double detune)
                         phase += 420.0 * detune * spin / kSampleRate;
                         double sum = 0.0;
                         for (int n = 1; n <= 9; ++n)
+                        {
                             sum += Sine(phase * n) * Power(n, -1.15 - 0.9 * (1.0 - spin));
+                        }
                         return sum * spin * SmoothStep(0.08, 0.30, time);
                     });
 }
@@ -114,7 +118,9 @@ Signal Scrape(double seconds)
     {
         double const time = static_cast<double>(i) / kSampleRate;
         if (random.Unit() < 70.0 / kSampleRate)
+        {
             target = random.Unit();
+        }
         grip += (target - grip) * 0.012;
         body.Set(520.0 + 900.0 * grip, 3.0);
         edge.Set(1900.0 + 2600.0 * grip + 700.0 * time, 5.0);

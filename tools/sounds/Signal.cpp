@@ -11,29 +11,36 @@ namespace maker
 
 Signal Silence(double seconds)
 {
-    return Signal(static_cast<std::size_t>(seconds * kSampleRate), 0.0);
+    Signal silence(static_cast<std::size_t>(seconds * kSampleRate), 0.0);
+    return silence;
 }
 
 Signal Generate(double seconds, std::function<double(double)> const& sampleAt)
 {
     Signal signal = Silence(seconds);
     for (std::size_t i = 0; i < signal.size(); ++i)
+    {
         signal[i] = sampleAt(static_cast<double>(i) / kSampleRate);
+    }
     return signal;
 }
 
 void Add(Signal& signal, Signal const& layer, double gain, double start)
 {
-    std::size_t const first = static_cast<std::size_t>(start * kSampleRate);
+    auto const first = static_cast<std::size_t>(start * kSampleRate);
     for (std::size_t i = 0; i < layer.size() && first + i < signal.size(); ++i)
+    {
         signal[first + i] += gain * layer[i];
+    }
 }
 
 double Peak(Signal const& signal)
 {
     double peak = 0.0;
     for (double const sample : signal)
+    {
         peak = std::max(peak, std::abs(sample));
+    }
     return peak;
 }
 

@@ -37,7 +37,9 @@ Signal Tap(double pitch, double fall, std::uint64_t seed)
     Signal tick = WhiteNoise(0.006, seed);
     BandPass(tick, 4.0 * pitch, 0.9);
     for (std::size_t i = 0; i < tick.size(); ++i)
+    {
         tick[i] *= Struck(static_cast<double>(i) / kSampleRate, 0.0004, 0.004);
+    }
     Add(tap, tick, 0.8);
     return tap;
 }

@@ -36,7 +36,9 @@ double BrassHarmonic(double n, double pitch, double open)
 double Struck(double time, double rise, double fall)
 {
     if (time < rise)
+    {
         return SmoothStep(0.0, rise, time);
+    }
     return Exp(-kLn1000 * (time - rise) / fall);
 }
 
@@ -58,8 +60,10 @@ Signal Ring(std::span<Mode const> modes, double seconds, double rise)
                     {
                         double sum = 0.0;
                         for (std::size_t i = 0; i < modes.size(); ++i)
+                        {
                             sum += modes[i].level * Struck(time, rise, modes[i].fall) *
                                    Sine(modes[i].pitch * time + 0.31 * static_cast<double>(i));
+                        }
                         return sum;
                     });
 }
@@ -109,7 +113,9 @@ Signal Brass(BrassNote const& note, std::uint64_t seed)
                             untilUpdate = 15;
                             double const open = note.bite * breath * (0.72 + 0.28 * accent);
                             for (int n = 1; n <= harmonics; ++n)
+                            {
                                 levels[static_cast<std::size_t>(n)] = BrassHarmonic(n, note.pitch, open);
+                            }
                         }
                         flutter += 0.004 * (random.Noise() - flutter);
                         double const sway = note.vibrato * SmoothStep(0.25, 0.8, time) * Sine(pulse * time);
@@ -117,7 +123,9 @@ Signal Brass(BrassNote const& note, std::uint64_t seed)
                         phase += note.pitch * Cents(drift + sway + scoop + 60.0 * flutter) / kSampleRate;
                         double sum = 0.0;
                         for (int n = 1; n <= harmonics; ++n)
+                        {
                             sum += levels[static_cast<std::size_t>(n)] * Sine(phase * n);
+                        }
                         return sum * breath * (0.8 + 0.35 * accent);
                     });
 }

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Any bytes as a picture, drawn stretched and flipped as textures are.
+#include "platform/ImageHeader.h"
+#include "platform/ImageImporter.h"
+
+#include <array>
+#include <span>
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
+{
+    auto const bytes = std::as_bytes(std::span(data, size));
+    auto const header = platform::ReadImageHeader(bytes);
+    // Larger pictures take the same paths, only longer.
+    constexpr std::int64_t kMostPixels = 1 << 20;
+    if (!header || std::int64_t{header->description.width} * header->description.height > kMostPixels)
+    {
+        return 0;
+    }
+    auto const importer = platform::ImageImporter::forType(header->type);
+    constexpr int kSide = 64;
+    std::array<std::uint32_t, std::size_t{kSide} * kSide> target{};
+    importer->setTarget({target.data(), kSide, kSide, 32});
+    importer->setMatrix(double{kSide} / header->description.width,
+                        -double{kSide} / header->description.height, 0.0, kSide);
+    if (importer->setData(bytes))
+    {
+        importer->draw();
+    }
+    return 0;
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Any bytes as a movie: taken apart, then decoded forwards, backwards and at scattered places.
+#include "platform/AudioTrack.h"
+#include "platform/MediaFile.h"
+
+#include <array>
+#include <span>
+
+namespace
+{
+
+constexpr std::int64_t kBlock = 2048; // samples
+constexpr int kBlocks = 16;
+
+void Listen(platform::MediaFile const& file)
+{
+    auto const track = platform::AudioTrack::open(*file.audio);
+    if (!track)
+    {
+        return;
+    }
+    std::array<std::int16_t, 2 * kBlock> stereo{};
+    for (std::int64_t i = 0; i < kBlocks; ++i)
+    {
+        track->read(i * kBlock, stereo);
+    }
+    for (std::int64_t i = 0; i < kBlocks; ++i)
+    {
+        track->read(file.duration - (i + 1) * kBlock, stereo);
+    }
+    for (std::int64_t i = 0; i < kBlocks; ++i)
+    {
+        track->read(i * 7919 * kBlock % file.duration, stereo);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
+{
+    auto const file = platform::MediaFile::fromBytes(std::as_bytes(std::span(data, size)));
+    if (file && file->audio)
+    {
+        Listen(*file);
+    }
+    return 0;
+}

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Worlds whose contents a test can tell beforehand, and a ship that lies in them as asked.
+#pragma once
+
+#include "math/qmath.h"
+
+#include <memory>
+
+class Camera;
+class Universe;
+
+namespace test
+{
+
+std::unique_ptr<Universe> EmptyWorld();
+
+// An asteroid of that radius in every cell.
+std::unique_ptr<Universe> FullWorld(float asteroidRadius);
+
+std::unique_ptr<Universe> SeededWorld(unsigned seed);
+
+// The ship at that place, unturned: facing (0, 0, -1) with y up. Speed range, throttle and turn as new.
+void LayShip(Camera& ship, TQ3Vector3D const& position);
+
+} // namespace test
