@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The playlist: four tracks, of which each race plays the next, over and over until it ends. The place in the list
-// survives between runs. Game and the pause menu are the callers; a GameMusic itself is the handle of one track.
+// The playlist: four tracks, of which each race plays the next, over and over until it ends. The place in the
+// list survives between runs. Game and the pause menu are the callers; a GameMusic itself is the handle of
+// one track.
 #pragma once
 
 #include <array>

@@ -9,8 +9,8 @@ class GameSoundNSSound;
 class GameSound
 {
 public:
-    // fileName: with its extension, in the resources' "Sounds" folder. All who name the same file share one adapter,
-    // which lives until the process ends: a new race costs no new sounds.
+    // fileName: with its extension, in the resources' "Sounds" folder. All who name the same file share one
+    // adapter, which lives until the process ends: a new race costs no new sounds.
     explicit GameSound(char const* fileName);
 
     void Play() const; // nothing while effects are off

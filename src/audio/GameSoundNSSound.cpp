@@ -3,14 +3,18 @@
 #include "audio/GameSoundNSSound.h"
 
 #include "platform/Bundle.h"
+#include "platform/Log.h"
 #include "platform/Sound.h"
 
 GameSoundNSSound::GameSoundNSSound(char const* fileName)
 {
-    if (auto const path = platform::Bundle::pathForResource(fileName, "Sounds"))
+    auto const path = platform::Bundle::pathForResource(fileName, "Sounds");
+    if (!path)
     {
-        m_sound = platform::Sound::initWithContentsOfFile(*path);
+        platform::LogFormat("The sound %s is missing", fileName);
+        return;
     }
+    m_sound = platform::Sound::initWithContentsOfFile(*path);
 }
 
 GameSoundNSSound::~GameSoundNSSound() = default;

@@ -66,16 +66,17 @@ void LogBitDepths()
     glGetIntegerv(GL_STENCIL_BITS, &stencil);
     glGetIntegerv(GL_DEPTH_BITS, &depth);
     char text[128];
-    std::snprintf(text, sizeof text, "Alpha bits  = %d, Stencil bits = %d, Depth bits = %d", alpha, stencil, depth);
+    std::snprintf(text, sizeof text, "Alpha bits  = %d, Stencil bits = %d, Depth bits = %d", alpha, stencil,
+                  depth);
     QTUtilLog(text);
 }
 
-// A turn request along one axis: the pointer's distance from the view's centre, sensitivity at the edge; 0 in the dead
-// zone, which is measured on the scaled value.
+// A turn request along one axis: the pointer's distance from the view's centre, sensitivity at the edge; 0 in
+// the dead zone, which is measured on the scaled value.
 float TurnRequest(int mouse, int viewSize, double sensitivity, float deadCenter)
 {
-    auto const turn =
-        static_cast<float>((mouse + viewSize * -0.5) * (sensitivity + sensitivity) / static_cast<double>(viewSize));
+    auto const turn = static_cast<float>((mouse + viewSize * -0.5) * (sensitivity + sensitivity) /
+                                         static_cast<double>(viewSize));
     return std::fabs(turn) > deadCenter ? turn : 0.0F;
 }
 
@@ -299,7 +300,8 @@ void Game::ChangeThrottle(float step)
 {
     m_soundControls->Play();
     float const throttle = m_universe->GetCamera()->GetTargetVPct();
-    m_universe->PlayerWantsToGo(step > 0.0F ? std::min(1.0F, throttle + step) : std::max(0.0F, throttle + step));
+    m_universe->PlayerWantsToGo(step > 0.0F ? std::min(1.0F, throttle + step)
+                                            : std::max(0.0F, throttle + step));
 }
 
 float Game::GetFPS() const

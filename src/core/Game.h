@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The one object that ties everything together: the race world, the sounds of the game as a whole, and the state.
-// The host view makes it on the first frame, then calls Tick and Render once a frame and hands it every event.
+// The one object that ties everything together: the race world, the sounds of the game as a whole, and the
+// state. The host view makes it on the first frame, then calls Tick and Render once a frame and hands it
+// every event.
 #pragma once
 
 #include <cstdint>

@@ -36,7 +36,8 @@ public:
     // A left or right button was released. x, y: 0 for another event.
     bool IsMouseUp(int& x, int& y) const;
 
-    // up: any movement to the right, away from the user, or about a third axis forwards. Untouched for another event.
+    // up: any movement to the right, away from the user, or about a third axis forwards. Untouched for
+    // another event.
     bool IsScrollWheel(bool& up) const;
 
 private:

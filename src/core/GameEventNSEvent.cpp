@@ -23,7 +23,8 @@ bool GameEventNSEvent::IsKeyUp() const
     return m_event.type == EventType::KeyUp;
 }
 
-// In the lossy 8-bit reading of the characters every unit that is not ASCII is a question mark, and a 0 ends them.
+// In the lossy 8-bit reading of the characters every unit that is not ASCII is a question mark, and a 0 ends
+// them.
 bool GameEventNSEvent::IsKey(char c) const
 {
     if (!IsKey())
@@ -58,7 +59,8 @@ unsigned short GameEventNSEvent::GetUniChar() const
 bool GameEventNSEvent::IsMouseMove(int& dx, int& dy, int& x, int& y) const
 {
     bool const moved = m_event.type == EventType::MouseMoved || m_event.type == EventType::LeftMouseDragged ||
-                       m_event.type == EventType::RightMouseDragged || m_event.type == EventType::OtherMouseDragged;
+                       m_event.type == EventType::RightMouseDragged ||
+                       m_event.type == EventType::OtherMouseDragged;
     if (!moved)
     {
         dx = 0;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Diagnostics shared by everything that draws. All read and format an error and discard the text, deliberately.
+// Diagnostics shared by everything that draws. All read and format an error and discard the text,
+// deliberately.
 #pragma once
 
 // A silent sink for messages.

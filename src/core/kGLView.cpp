@@ -139,7 +139,8 @@ void kGLView::EnterFullScreen()
     {
         StartingWindow = platform::Application::shared()->keyWindow();
     }
-    auto window = platform::Window::initWithContentRect(platform::MainScreenFrame(), platform::WindowStyle::Borderless);
+    auto window =
+        platform::Window::initWithContentRect(platform::MainScreenFrame(), platform::WindowStyle::Borderless);
     if (!window)
     {
         return;

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The OpenGL view of the main window, and the only bridge between the platform and the game: it drives a frame from
-// the frame timer, switches between window and full screen, and turns the platform's events into the game's.
+// The OpenGL view of the main window, and the only bridge between the platform and the game: it drives a
+// frame from the frame timer, switches between window and full screen, and turns the platform's events into
+// the game's.
 #pragma once
 
 #include "platform/OpenGLView.h"

@@ -18,8 +18,8 @@ public:
     GBuffer(GBuffer const&) = delete;
     GBuffer& operator=(GBuffer const&) = delete;
 
-    // size: whole pixels; bitDepth: 16 (native-endian 1-5-5-5) or 32 (bytes B, G, R, A, premultiplied). Null when the
-    // memory is refused.
+    // size: whole pixels; bitDepth: 16 (native-endian 1-5-5-5) or 32 (bytes B, G, R, A, premultiplied). Null
+    // when the memory is refused.
     static std::shared_ptr<GBuffer> Create(platform::Size size, int bitDepth);
 
     bool CreateImageBuffer(platform::Size size, int bitDepth);
@@ -27,8 +27,8 @@ public:
     // Makes the buffer ready to be drawn into by copyTo(); false when it has no memory.
     bool CreateCGContext();
 
-    // Draws this buffer's picture, scaled and interpolated, over the destination's whole area. The source's memory is
-    // read as 32-bit pixels whatever its depth.
+    // Draws this buffer's picture, scaled and interpolated, over the destination's whole area. The source's
+    // memory is read as 32-bit pixels whatever its depth.
     void copyTo(GBuffer& destination) const;
 
     float GetWidth() const { return m_width; }   // pixels

@@ -115,8 +115,8 @@ bool QTImage::SetImportGWorldWithScale(bool scale)
 bool QTImage::CreateImageWithBitdepth(int depth)
 {
     bool const ready = EnsureBuffer({BufferSide(m_imageWidth), BufferSide(m_imageHeight)}, depth) &&
-                       (!m_data.empty() || LoadImageData()) && (m_importer || CreateImportRefFromData(m_data)) &&
-                       SetImportGWorldWithScale(true);
+                       (!m_data.empty() || LoadImageData()) &&
+                       (m_importer || CreateImportRefFromData(m_data)) && SetImportGWorldWithScale(true);
     if (!ready)
     {
         return false;
@@ -128,8 +128,8 @@ bool QTImage::CreateImageWithBitdepth(int depth)
 
 bool QTImage::EnsureBuffer(platform::Size size, int depth)
 {
-    bool const fits =
-        GetPixels() != nullptr && GetWidth() == size.width && GetHeight() == size.height && GetBitDepth() == depth;
+    bool const fits = GetPixels() != nullptr && GetWidth() == size.width && GetHeight() == size.height &&
+                      GetBitDepth() == depth;
     if (fits)
     {
         return true;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A picture file of the resources, decoded into a buffer of power-of-two size, upside down: row 0 of the buffer is the
-// bottom of the picture, as texture coordinate t = 0 wants it.
+// A picture file of the resources, decoded into a buffer of power-of-two size, upside down: row 0 of the
+// buffer is the bottom of the picture, as texture coordinate t = 0 wants it.
 #pragma once
 
 #include "gfx/GBuffer.h"
@@ -24,15 +24,15 @@ public:
 
     bool SetImageWithName(char const* name);
     bool SetImageFromFSSpec(std::filesystem::path const& file);
-    bool SetImageInfo(); // size, depth and type, without keeping the picture
+    bool SetImageInfo();  // size, depth and type, without keeping the picture
     bool LoadImageData(); // the file's bytes
     bool CreateImportRefFromData(std::vector<std::byte> const& data);
 
     // Points the importer at the buffer; scale: stretches the picture over all of it, upside down.
     bool SetImportGWorldWithScale(bool scale);
 
-    // Decodes into a buffer of the next powers of two, at most 1024 each way, and forgets the file's bytes. True also
-    // for a picture that cannot be drawn: the buffer then stays as it was.
+    // Decodes into a buffer of the next powers of two, at most 1024 each way, and forgets the file's bytes.
+    // True also for a picture that cannot be drawn: the buffer then stays as it was.
     bool CreateImageWithBitdepth(int depth);
 
     void ReleaseImageData();

@@ -4,9 +4,9 @@
 // The one-call path from a picture's file name to a texture, and the system log.
 #pragma once
 
-// Makes a texture name, always, and fills it from the picture of that name in the resources' "Images" folder: linear
-// filtering, repeated in both directions, left bound. An OpenGL context is current.
-// 0 on success; -1, with one log line and an empty texture, when the picture cannot be had.
+// Makes a texture name, always, and fills it from the picture of that name in the resources' "Images" folder:
+// linear filtering, repeated in both directions, left bound. An OpenGL context is current. 0 on success; -1,
+// with one log line and an empty texture, when the picture cannot be had.
 int QTLoadAsTexture(unsigned long* texture, char const* name);
 
 // Writes the text to the system log.

@@ -88,7 +88,8 @@ void Roid::ReadSettings()
     CreatePrerender(GameSettings::GetIntParam("_AsteroidsSmoothness"), m_ahroid);
 }
 
-// Names that are gone already are 0 and cost nothing: only the first asteroid of a field to go has work to do.
+// Names that are gone already are 0 and cost nothing: only the first asteroid of a field to go has work to
+// do.
 void Roid::ReleaseShared()
 {
     if (m_texture != 0)

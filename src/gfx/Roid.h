@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // One asteroid of the field: a body with a size class, drawn as a textured sphere that does not turn.
-// All share one texture and twelve display lists, four sizes in three levels of detail, which ReadSettings() builds.
+// All share one texture and twelve display lists, four sizes in three levels of detail, which ReadSettings()
+// builds.
 #pragma once
 
 #include "world/Body.h"
@@ -38,9 +39,9 @@ public:
     // Moves the asteroid to the position and draws it there. False when its centre is out of view.
     bool Render(TQ3Vector3D const& position, Frustum const& frustum);
 
-    // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid: then
-    // hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it has come.
-    // A touch beyond the end is reported too.
+    // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid:
+    // then hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it
+    // has come. A touch beyond the end is reported too.
     bool ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                  TQ3Vector3D* hitPoint, float* hitDistance) const;
 

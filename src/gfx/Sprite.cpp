@@ -20,7 +20,8 @@ float Halved(float side)
     return side > 1.0F ? side / 2.0F : side;
 }
 
-// Uploads the levels below the first, each half the one above, down to 1 x 1. The number of the last one uploaded.
+// Uploads the levels below the first, each half the one above, down to 1 x 1. The number of the last one
+// uploaded.
 int UploadSmallerLevels(QTImage const& image)
 {
     platform::Size size{image.GetWidth(), image.GetHeight()};

@@ -22,8 +22,9 @@ StringTexture::~StringTexture()
     deleteTexture();
 }
 
-StringTexture& StringTexture::initWithAttributedString(platform::AttributedString string, platform::Color textColor,
-                                                       platform::Color boxColor, platform::Color borderColor)
+StringTexture& StringTexture::initWithAttributedString(platform::AttributedString string,
+                                                       platform::Color textColor, platform::Color boxColor,
+                                                       platform::Color borderColor)
 {
     deleteTexture();
     m_texSize = {};

@@ -5,8 +5,8 @@
 // A box and a frame may lie behind the text. Overlay is the caller.
 #pragma once
 
-#include "platform/GLContext.h"
 #include "platform/Geometry.h"
+#include "platform/GLContext.h"
 #include "platform/Text.h"
 
 #include <memory>
@@ -26,8 +26,9 @@ public:
     // Every object is initialised by one of these. Without colours: opaque white text, no box, no frame.
     StringTexture& initWithAttributedString(platform::AttributedString string, platform::Color textColor,
                                             platform::Color boxColor, platform::Color borderColor);
-    StringTexture& initWithString(std::string const& string, Attributes const& attributes, platform::Color textColor,
-                                  platform::Color boxColor, platform::Color borderColor);
+    StringTexture& initWithString(std::string const& string, Attributes const& attributes,
+                                  platform::Color textColor, platform::Color boxColor,
+                                  platform::Color borderColor);
     StringTexture& initWithAttributedString(platform::AttributedString string);
     StringTexture& initWithString(std::string const& string, Attributes const& attributes);
 
@@ -37,11 +38,11 @@ public:
     void setTextColor(platform::Color color);
     void setBoxColor(platform::Color color);
     void setBorderColor(platform::Color color);
-    void setMargins(platform::Size size);         // between the frame's edge and the text, pixels
-    void useStaticFrame(platform::Size size);     // the bitmap's size, whatever the text
-    void useDynamicFrame();                       // back to a size that follows the text; nothing when it does already
+    void setMargins(platform::Size size);     // between the frame's edge and the text, pixels
+    void useStaticFrame(platform::Size size); // the bitmap's size, whatever the text
+    void useDynamicFrame(); // back to a size that follows the text; nothing when it does already
 
-    unsigned texName() const { return m_texName; } // 0 without a texture
+    unsigned texName() const { return m_texName; }       // 0 without a texture
     platform::Size texSize() const { return m_texSize; } // pixels of the bitmap last uploaded
     platform::AttributedString const& string() const { return *m_string; }
     platform::Color textColor() const { return m_textColor; }
@@ -54,8 +55,8 @@ public:
     // Needs a current OpenGL context; without one, a log line and no texture.
     void genTexture();
 
-    // Draw the top left corner at the point, at the text's own size, or stretched over the bounds. The caller's state
-    // decides about texturing, blending and colour.
+    // Draw the top left corner at the point, at the text's own size, or stretched over the bounds. The
+    // caller's state decides about texturing, blending and colour.
     void drawAtPoint(platform::Point point);
     void drawWithBounds(platform::Rect bounds);
 

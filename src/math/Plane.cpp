@@ -36,8 +36,8 @@ void Widen(float value, float* min, float* max)
     }
 }
 
-// The part of the stretch on the inner side of the plane, with the slack that rounding may need: beyond 0.01, some
-// units in the last place of coordinates that grow with the distance from the origin.
+// The part of the stretch on the inner side of the plane, with the slack that rounding may need: beyond 0.01,
+// some units in the last place of coordinates that grow with the distance from the origin.
 void Narrow(Plane const& plane, float x, float y, float* minZ, float* maxZ)
 {
     float const extent = std::fabs(x) + std::fabs(y) + std::max(std::fabs(*minZ), std::fabs(*maxZ));
@@ -85,8 +85,8 @@ Plane& Plane::Normalize()
 Frustum::Frustum(float fov, float aspect, TQ3Vector3D const* position, TQ3Vector3D const* direction,
                  TQ3Vector3D const* up, float distance)
 {
-    // One unit wider than the exact view, and the width by one more: what pokes in from outside by its radius, though
-    // its centre is out of view, is still drawn.
+    // One unit wider than the exact view, and the width by one more: what pokes in from outside by its
+    // radius, though its centre is out of view, is still drawn.
     auto const halfHeight = static_cast<float>(std::tan(fov * 0.5) * distance + 1.0);
     float const halfWidth = halfHeight * aspect + 1.0F;
 
@@ -117,7 +117,8 @@ void Frustum::NarrowToView(float x, float y, float* minZ, float* maxZ) const
     }
 }
 
-void Frustum::GetBoundingBox(float* minX, float* maxX, float* minY, float* maxY, float* minZ, float* maxZ) const
+void Frustum::GetBoundingBox(float* minX, float* maxX, float* minY, float* maxY, float* minZ,
+                             float* maxZ) const
 {
     TQ3Vector3D const& first = m_corners[2];
     *minX = *maxX = first.x;

@@ -13,7 +13,8 @@ public:
     Plane() = default;
     Plane(TQ3Vector3D const& p, TQ3Vector3D const& q, TQ3Vector3D const& r) { Init(p, q, r); }
 
-    // The plane through three points, which must not lie on a line; its normal is (p - q) x (r - q). Returns 0.
+    // The plane through three points, which must not lie on a line; its normal is (p - q) x (r - q). Returns
+    // 0.
     int Init(TQ3Vector3D const& p, TQ3Vector3D const& q, TQ3Vector3D const& r);
 
     // Divides all four by the length of the normal.
@@ -32,10 +33,10 @@ public:
 class Frustum
 {
 public:
-    // fov: full vertical angle in radians; aspect: width / height; direction, up: unit vectors at right angles;
-    // distance: from the eye to the far plane, in world units.
-    Frustum(float fov, float aspect, TQ3Vector3D const* position, TQ3Vector3D const* direction, TQ3Vector3D const* up,
-            float distance);
+    // fov: full vertical angle in radians; aspect: width / height; direction, up: unit vectors at right
+    // angles; distance: from the eye to the far plane, in world units.
+    Frustum(float fov, float aspect, TQ3Vector3D const* position, TQ3Vector3D const* direction,
+            TQ3Vector3D const* up, float distance);
 
     // A point on a plane is inside.
     bool IsPointInside(TQ3Vector3D const& p) const

@@ -12,8 +12,8 @@ constexpr float kOnePlusEpsilon = 1.0000001F;
 
 TQ3Quaternion Scaled(TQ3Quaternion const& q, double factor)
 {
-    return {static_cast<float>(q.w * factor), static_cast<float>(q.x * factor), static_cast<float>(q.y * factor),
-            static_cast<float>(q.z * factor)};
+    return {static_cast<float>(q.w * factor), static_cast<float>(q.x * factor),
+            static_cast<float>(q.y * factor), static_cast<float>(q.z * factor)};
 }
 
 // The unit axis along which the vector reaches least; x wins a tie with y, and z wins none.
@@ -94,9 +94,8 @@ TQ3Vector3D* Vector3D_Normalize(TQ3Vector3D const* a, TQ3Vector3D* out, float* l
 
 TQ3Vector3D* Vector3D_Mod(TQ3Vector3D const* a, int n, TQ3Vector3D* out)
 {
-    auto const remainder = [n](float c) {
-        return c - static_cast<float>(static_cast<int>(c / static_cast<float>(n)) * n);
-    };
+    auto const remainder = [n](float c)
+    { return c - static_cast<float>(static_cast<int>(c / static_cast<float>(n)) * n); };
     *out = {remainder(a->x), remainder(a->y), remainder(a->z)};
     return out;
 }
@@ -106,11 +105,14 @@ void Q3Vector3D_TransformQuaternion(TQ3Vector3D const* v, TQ3Quaternion const* q
     TQ3Quaternion const p{0.0F, v->x, v->y, v->z};
     TQ3Quaternion const c{q->w, -q->x, -q->y, -q->z};
 
-    // The zero scalar part of p takes part like any other factor, so that infinities and NaNs spread the same way.
-    TQ3Quaternion const t{p.w * c.w - p.x * c.x - p.y * c.y - p.z * c.z, p.w * c.x + p.x * c.w + p.y * c.z - p.z * c.y,
-                          p.w * c.y + p.y * c.w + p.z * c.x - p.x * c.z, p.w * c.z + p.z * c.w + p.x * c.y - p.y * c.x};
+    // The zero scalar part of p takes part like any other factor, so that infinities and NaNs spread the same
+    // way.
+    TQ3Quaternion const t{
+        p.w * c.w - p.x * c.x - p.y * c.y - p.z * c.z, p.w * c.x + p.x * c.w + p.y * c.z - p.z * c.y,
+        p.w * c.y + p.y * c.w + p.z * c.x - p.x * c.z, p.w * c.z + p.z * c.w + p.x * c.y - p.y * c.x};
 
-    *out = {q->w * t.x + q->x * t.w + q->y * t.z - q->z * t.y, q->w * t.y + q->y * t.w + q->z * t.x - q->x * t.z,
+    *out = {q->w * t.x + q->x * t.w + q->y * t.z - q->z * t.y,
+            q->w * t.y + q->y * t.w + q->z * t.x - q->x * t.z,
             q->w * t.z + q->z * t.w + q->x * t.y - q->y * t.x};
 }
 
@@ -147,7 +149,9 @@ TQ3Quaternion* Q3Quaternion_Normalize(TQ3Quaternion const* q, TQ3Quaternion* out
 {
     float const squaredNorm = Q3Quaternion_Dot(q, q);
     bool const isUnit = kOneMinusEpsilon < squaredNorm && squaredNorm < kOnePlusEpsilon;
-    *out = (squaredNorm < kQ3Epsilon || isUnit) ? *q : Scaled(*q, 1.0 / std::sqrt(static_cast<double>(squaredNorm)));
+    *out = (squaredNorm < kQ3Epsilon || isUnit)
+               ? *q
+               : Scaled(*q, 1.0 / std::sqrt(static_cast<double>(squaredNorm)));
     return out;
 }
 
@@ -159,7 +163,8 @@ TQ3Quaternion* Q3Quaternion_SetRotateAboutAxis(TQ3Quaternion* out, TQ3Vector3D c
     return out;
 }
 
-TQ3Quaternion* Q3Quaternion_SetRotateVectorToVector(TQ3Quaternion* out, TQ3Vector3D const* from, TQ3Vector3D const* to)
+TQ3Quaternion* Q3Quaternion_SetRotateVectorToVector(TQ3Quaternion* out, TQ3Vector3D const* from,
+                                                    TQ3Vector3D const* to)
 {
     TQ3Vector3D half;
     Vector3D_Add(from, to, &half);
@@ -197,13 +202,17 @@ TQ3Quaternion* Q3Quaternion_InterpolateLinear(TQ3Quaternion const* q, TQ3Quatern
 TQ3Quaternion* Q3Quaternion_InterpolateFast(TQ3Quaternion const* q, TQ3Quaternion const* r, float t,
                                             TQ3Quaternion* out)
 {
-    *out = {q->w + (r->w - q->w) * t, q->x + (r->x - q->x) * t, q->y + (r->y - q->y) * t, q->z + (r->z - q->z) * t};
+    *out = {q->w + (r->w - q->w) * t, q->x + (r->x - q->x) * t, q->y + (r->y - q->y) * t,
+            q->z + (r->z - q->z) * t};
     return Q3Quaternion_Normalize(out, out);
 }
 
 TQ3Matrix4x4* Q3Matrix4x4_SetIdentity(TQ3Matrix4x4* m)
 {
-    *m = {{{1.0F, 0.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 0.0F, 1.0F}}};
+    *m = {{{1.0F, 0.0F, 0.0F, 0.0F},
+           {0.0F, 1.0F, 0.0F, 0.0F},
+           {0.0F, 0.0F, 1.0F, 0.0F},
+           {0.0F, 0.0F, 0.0F, 1.0F}}};
     return m;
 }
 

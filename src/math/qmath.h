@@ -23,8 +23,8 @@ struct TQ3Quaternion
     float z = 0.0F;
 };
 
-// Four rows of four, row after row; a point is a row multiplied on the left. In this order the sixteen floats are
-// what glMultMatrixf expects.
+// Four rows of four, row after row; a point is a row multiplied on the left. In this order the sixteen floats
+// are what glMultMatrixf expects.
 struct TQ3Matrix4x4
 {
     float value[4][4] = {};
@@ -68,10 +68,11 @@ TQ3Quaternion* Q3Quaternion_Normalize(TQ3Quaternion const* q, TQ3Quaternion* out
 TQ3Quaternion* Q3Quaternion_SetRotateAboutAxis(TQ3Quaternion* out, TQ3Vector3D const* axis, float angle);
 
 // The shortest rotation that takes one unit vector to another; a half turn for exactly opposite ones.
-TQ3Quaternion* Q3Quaternion_SetRotateVectorToVector(TQ3Quaternion* out, TQ3Vector3D const* from, TQ3Vector3D const* to);
+TQ3Quaternion* Q3Quaternion_SetRotateVectorToVector(TQ3Quaternion* out, TQ3Vector3D const* from,
+                                                    TQ3Vector3D const* to);
 
-// Spherical interpolation, despite the name, without a flip to the shorter arc. Nearly equal or nearly opposite
-// quaternions snap to the nearer end, q up to and including t = 0.5.
+// Spherical interpolation, despite the name, without a flip to the shorter arc. Nearly equal or nearly
+// opposite quaternions snap to the nearer end, q up to and including t = 0.5.
 TQ3Quaternion* Q3Quaternion_InterpolateLinear(TQ3Quaternion const* q, TQ3Quaternion const* r, float t,
                                               TQ3Quaternion* out);
 

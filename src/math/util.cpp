@@ -74,7 +74,8 @@ int RandRange(int lo, int hi)
 
 float Dist(int x1, int y1, int z1, int x2, int y2, int z2)
 {
-    auto const square = [](int a, int b) {
+    auto const square = [](int a, int b)
+    {
         std::uint32_t const difference = static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b);
         return difference * difference;
     };

@@ -18,14 +18,15 @@ void FltSwap(float& a, float& b);
 // True within an absolute distance of 0.01, whatever the size of the numbers.
 bool FltIsCloseTo(float a, float b);
 
-// The next number of the platform's 31-bit random sequence scaled by 2^-31: in [0, 1), but that one draw in some 30
-// million rounds up to 1.
+// The next number of the platform's 31-bit random sequence scaled by 2^-31: in [0, 1), but that one draw in
+// some 30 million rounds up to 1.
 float Rand();
 
 // In [lo, hi); rounding to float may give hi itself.
 float RandRange(float lo, float hi);
 
-// lo to hi, both included. About once in 30 million draws the scaled number rounds up to 1 and the result is hi + 1.
+// lo to hi, both included. About once in 30 million draws the scaled number rounds up to 1 and the result is
+// hi + 1.
 int RandRange(int lo, int hi);
 
 inline float DistSquared(TQ3Vector3D const& a, TQ3Vector3D const& b)
@@ -42,6 +43,7 @@ float Dist(int x1, int y1, int z1, int x2, int y2, int z2);
 // The smallest power of two that is not below n; 1 for 0. n is at most 2^31.
 unsigned Power2Ceiling(unsigned n);
 
-// The integer below (floor) or above (ceiling), held within +-2^30 so that cell ranges never overflow; 0 for NaN.
+// The integer below (floor) or above (ceiling), held within +-2^30 so that cell ranges never overflow; 0 for
+// NaN.
 int FloorToInt(float value);
 int CeilToInt(float value);

@@ -4,9 +4,9 @@
 
 #include "platform/Locale.h"
 
+#include <libintl.h>
 #include <SDL.h>
 
-#include <libintl.h>
 #include <memory>
 #include <vector>
 
@@ -41,16 +41,18 @@ fs::path FindResources()
     return {};
 }
 
-fs::path const& Resources()
+// The language is chosen with the first resource, which is looked up before anything starts a thread.
+fs::path OpenBundle()
 {
-    static fs::path const folder = FindResources();
-    return folder;
+    fs::path const resources = FindResources();
+    SelectLanguage(kTextDomain, resources / "Locale");
+    return resources;
 }
 
-bool BindCatalogue()
+fs::path const& Resources()
 {
-    SelectLanguage(kTextDomain, Resources() / "Locale");
-    return true;
+    static fs::path const folder = OpenBundle();
+    return folder;
 }
 
 bool IsPlainName(std::string const& name)
@@ -74,8 +76,7 @@ std::optional<fs::path> pathForResource(std::string const& name, std::string con
 
 std::string localizedString(char const* english)
 {
-    static bool const bound = BindCatalogue();
-    static_cast<void>(bound);
+    Resources();
     // The empty key stands for the catalogue's own header.
     return *english != '\0' ? dgettext(kTextDomain, english) : "";
 }

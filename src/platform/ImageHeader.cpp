@@ -172,6 +172,10 @@ void ReadTiff(Reader& reader, ImageHeader& header)
 
 void ReadWebp(Reader& reader, ImageHeader& header)
 {
+    if (!reader.has(8, "WEBP"))
+    {
+        return; // a sound or a film
+    }
     if (reader.has(12, "VP8X"))
     {
         bool const hasAlpha = (reader.u8(20) & 0x10U) != 0;
@@ -193,8 +197,7 @@ void ReadWebp(Reader& reader, ImageHeader& header)
 struct Format
 {
     FourCharCode type;
-    std::size_t offset;
-    std::string_view magic;
+    std::string_view magic; // the file's first bytes
     void (*read)(Reader&, ImageHeader&);
 };
 
@@ -209,13 +212,13 @@ constexpr FourCharCode Code(char const (&text)[5])
 }
 
 constexpr std::array<Format, 7> kFormats{{
-    {Code("JPEG"), 0, "\xFF\xD8\xFF"sv, ReadJpeg},
-    {Code("PNGf"), 0, "\x89PNG\r\n\x1A\n"sv, ReadPng},
-    {Code("GIFf"), 0, "GIF8"sv, ReadGif},
-    {Code("TIFF"), 0, "II*\0"sv, ReadTiff},
-    {Code("TIFF"), 0, "MM\0*"sv, ReadTiff},
-    {Code("WEBP"), 8, "WEBPVP8"sv, ReadWebp},
-    {Code("BMPf"), 0, "BM"sv, ReadBmp},
+    {Code("JPEG"), "\xFF\xD8\xFF"sv, ReadJpeg},
+    {Code("PNGf"), "\x89PNG\r\n\x1A\n"sv, ReadPng},
+    {Code("GIFf"), "GIF8"sv, ReadGif},
+    {Code("TIFF"), "II*\0"sv, ReadTiff},
+    {Code("TIFF"), "MM\0*"sv, ReadTiff},
+    {Code("WEBP"), "RIFF"sv, ReadWebp},
+    {Code("BMPf"), "BM"sv, ReadBmp},
 }};
 
 } // namespace
@@ -223,9 +226,8 @@ constexpr std::array<Format, 7> kFormats{{
 std::optional<ImageHeader> ReadImageHeader(std::span<std::byte const> bytes)
 {
     Reader reader(bytes);
-    auto const format =
-        std::find_if(kFormats.begin(), kFormats.end(),
-                     [&](Format const& candidate) { return reader.has(candidate.offset, candidate.magic); });
+    auto const format = std::find_if(kFormats.begin(), kFormats.end(),
+                                     [&](Format const& candidate) { return reader.has(0, candidate.magic); });
     if (format == kFormats.end())
     {
         return std::nullopt;

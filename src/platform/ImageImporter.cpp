@@ -1,18 +1,15 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// SDL_image decodes; the result is kept as premultiplied 32-bit pixels and drawn through Cairo.
+// The size is told from the header before anything is decoded; the decoded picture is kept and drawn through
+// Cairo.
 #include "platform/ImageImporter.h"
 
 #include "platform/File.h"
+#include "platform/ImageDecoder.h"
 #include "platform/ImageHeader.h"
 #include "platform/PixelSurface.h"
-#include "platform/QuietStandardError.h"
 
-#include <SDL_image.h>
-
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace platform
@@ -20,95 +17,7 @@ namespace platform
 namespace
 {
 
-struct SurfaceDeleter
-{
-    void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
-};
-using Surface = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
-
 constexpr std::size_t kLargestFile = std::size_t{64} << 20U; // bytes
-
-constexpr FourCharCode kJpeg = 0x4A504547; // 'JPEG'
-
-// The name by which SDL_image knows the type.
-char const* DecoderName(FourCharCode type)
-{
-    constexpr std::array<std::pair<FourCharCode, char const*>, 6> kNames{{
-        {kJpeg, "JPG"},
-        {0x504E4766, "PNG"},  // 'PNGf'
-        {0x47494666, "GIF"},  // 'GIFf'
-        {0x54494646, "TIF"},  // 'TIFF'
-        {0x57454250, "WEBP"}, // 'WEBP'
-        {0x424D5066, "BMP"},  // 'BMPf'
-    }};
-    auto const name = std::find_if(kNames.begin(), kNames.end(),
-                                   [&](auto const& candidate) { return candidate.first == type; });
-    return name != kNames.end() ? name->second : nullptr;
-}
-
-Surface Decode(std::span<std::byte const> bytes, FourCharCode type)
-{
-    SDL_RWops* const stream = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
-    if (stream == nullptr)
-    {
-        return nullptr;
-    }
-    QuietStandardError const quiet;
-    return Surface(IMG_LoadTyped_RW(stream, SDL_TRUE, DecoderName(type)));
-}
-
-std::uint32_t Scaled(std::uint32_t component, std::uint32_t factor)
-{
-    return (component * factor + 127U) / 255U;
-}
-
-std::uint32_t Premultiplied(std::uint32_t pixel)
-{
-    std::uint32_t const alpha = pixel >> 24U;
-    return (alpha << 24U) | (Scaled((pixel >> 16U) & 255U, alpha) << 16U) |
-           (Scaled((pixel >> 8U) & 255U, alpha) << 8U) | Scaled(pixel & 255U, alpha);
-}
-
-// Four-colour pictures come undecoded as bytes cyan, magenta, yellow, black, each the amount of light that
-// the ink lets through.
-std::uint32_t FromInks(std::uint32_t pixel)
-{
-    std::uint32_t const black = pixel >> 24U;
-    return 0xFF000000U | (Scaled(pixel & 255U, black) << 16U) | (Scaled((pixel >> 8U) & 255U, black) << 8U) |
-           Scaled((pixel >> 16U) & 255U, black);
-}
-
-template <typename Conversion>
-void CopyPixels(SDL_Surface const& surface, std::uint32_t* pixels, Conversion convert)
-{
-    auto const* row = static_cast<std::byte const*>(surface.pixels);
-    for (int y = 0; y < surface.h; ++y, row += surface.pitch, pixels += surface.w)
-    {
-        auto const* const source = reinterpret_cast<std::uint32_t const*>(row);
-        std::transform(source, source + surface.w, pixels, convert);
-    }
-}
-
-bool HasFourInks(SDL_Surface const& surface, ImageHeader const& header)
-{
-    return header.type == kJpeg && header.description.depth == 32 && surface.format->BitsPerPixel == 32;
-}
-
-void CopyInks(SDL_Surface const& surface, bool inverted, std::uint32_t* pixels)
-{
-    std::uint32_t const flip = inverted ? 0U : 0xFFFFFFFFU;
-    CopyPixels(surface, pixels, [flip](std::uint32_t pixel) { return FromInks(pixel ^ flip); });
-}
-
-bool CopyColors(SDL_Surface* surface, std::uint32_t* pixels)
-{
-    Surface const converted(SDL_ConvertSurfaceFormat(surface, SDL_PIXELFORMAT_ARGB8888, 0));
-    if (converted)
-    {
-        CopyPixels(*converted, pixels, Premultiplied);
-    }
-    return converted != nullptr;
-}
 
 } // namespace
 
@@ -151,21 +60,8 @@ bool ImageImporter::setData(std::span<std::byte const> bytes)
     {
         return false;
     }
-    Surface const surface = Decode(bytes, m_type);
-    if (!surface || surface->w != header->description.width || surface->h != header->description.height)
-    {
-        return false;
-    }
-    Pixels pixels = AllocatePixels(surface->w, surface->h);
+    Pixels pixels = DecodeImage(bytes, *header);
     if (!pixels)
-    {
-        return false;
-    }
-    if (HasFourInks(*surface, *header))
-    {
-        CopyInks(*surface, header->invertedInk, pixels.get());
-    }
-    else if (!CopyColors(surface.get(), pixels.get()))
     {
         return false;
     }

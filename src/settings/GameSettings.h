@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Everything that is kept between runs: preferences, tuning values (keys that begin with "_"), key bindings, the place
-// in the playlist and the best race times. The table of defaults in GameSettings.cpp lists every key.
+// Everything that is kept between runs: preferences, tuning values (keys that begin with "_"), key bindings,
+// the place in the playlist and the best race times. The table of defaults in GameSettings.cpp lists every
+// key.
 //
-// Nothing is cached: a get reads the preferences and a set writes them, so the next reader sees a change at once.
-// A key that is neither stored nor in the table reads as 0, 0.0, the empty string or zeros.
+// Nothing is cached: a get reads the preferences and a set writes them, so the next reader sees a change at
+// once. A key that is neither stored nor in the table reads as 0, 0.0, the empty string or zeros.
 #pragma once
 
 #include <cstddef>
@@ -22,7 +23,8 @@ public:
     static float GetFloatParam(char const* key);
     static void SetFloatParam(char const* key, float value);
 
-    // Copies the stored string (UTF-8) into the buffer, cut to its size at a character's border, always terminated.
+    // Copies the stored string (UTF-8) into the buffer, cut to its size at a character's border, always
+    // terminated.
     static void GetStringParam(char const* key, char* buffer, std::size_t size);
     template <std::size_t Size>
     static void GetStringParam(char const* key, char (&buffer)[Size])

@@ -44,8 +44,10 @@ void Menu::HandleEventCurrent(GameEvent const* event)
     }
 }
 
-Menu::Menu(int x, int y, int itemCount, char const* fontName, int fontSize) :
-    m_fontSize(fontSize), m_anchorX(x), m_anchorY(y)
+Menu::Menu(int x, int y, int itemCount, char const* fontName, int fontSize)
+    : m_fontSize(fontSize),
+      m_anchorX(x),
+      m_anchorY(y)
 {
     std::snprintf(m_fontName, sizeof m_fontName, "%s", fontName);
     for (int i = 0; i < itemCount; ++i)

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The base of every screen of choices: a column of text items over the scene, with highlighting under the pointer,
-// clicks and keys. At most one menu is current; Game draws it and hands it the events.
+// The base of every screen of choices: a column of text items over the scene, with highlighting under the
+// pointer, clicks and keys. At most one menu is current; Game draws it and hands it the events.
 #pragma once
 
 #include <memory>
@@ -22,14 +22,14 @@ public:
     static void HandleEventCurrent(GameEvent const* event);
     static Menu* GetCurrent() { return m_pmenuCurrent; }
 
-    // x, y: the anchor, in window pixels from the top left; item 0 stands there and each further one two font sizes
-    // below. fontName: shorter than 32 bytes.
+    // x, y: the anchor, in window pixels from the top left; item 0 stands there and each further one two font
+    // sizes below. fontName: shorter than 32 bytes.
     Menu(int x, int y, int itemCount, char const* fontName, int fontSize);
     Menu(Menu const&) = delete;
     Menu& operator=(Menu const&) = delete;
 
-    // item: the index under the released button, or -1. True when the click did something. The menu may be gone
-    // afterwards.
+    // item: the index under the released button, or -1. True when the click did something. The menu may be
+    // gone afterwards.
     virtual bool MouseUp(int item) = 0;
 
     // False for captions, which never highlight.

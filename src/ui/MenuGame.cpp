@@ -90,7 +90,8 @@ MenuMain::MenuMain() : Menu(0, 0, 5, kFontName, kFontSize)
     AddCaption(kTitle, 2 * kFontSize, "Quarrow");
     AddCaption(kAuthorship, 12, "A game by the Quarrow team");
     AddCaption(kNews, 13, "News and updates: www.quarrow.example");
-    AddCaption(kContest, 13, "Entered in the Game Makers' Contest: visit contest.example for more information");
+    AddCaption(kContest, 13,
+               "Entered in the Game Makers' Contest: visit contest.example for more information");
     m_captions[kAuthorship]->SetBorderColor(0.0F, 0.0F, 0.0F, 0.0F);
     for (int const index : {kNews, kContest})
     {
@@ -187,7 +188,8 @@ MenuEndGame::MenuEndGame(int seconds) : Menu(0, 0, 5, kFontName, kFontSize)
 void MenuEndGame::RankTime(int seconds)
 {
     auto times = StoredTimes();
-    auto* const place = std::ranges::find_if(times, [seconds](int time) { return seconds < time || time == 0; });
+    auto* const place =
+        std::ranges::find_if(times, [seconds](int time) { return seconds < time || time == 0; });
     if (place == times.end())
     {
         return;

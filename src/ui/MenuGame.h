@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The menus around a race: main, pause, end of race, best times, options with graphics and sound, and credits.
-// The keys have a page of their own, MenuKeyboard.
+// The menus around a race: main, pause, end of race, best times, options with graphics and sound, and
+// credits. The keys have a page of their own, MenuKeyboard.
 #pragma once
 
 #include "ui/Menu.h"

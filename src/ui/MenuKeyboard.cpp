@@ -99,7 +99,8 @@ MenuKeyboard::MenuKeyboard() : Menu(0, 0, 6, "Helvetica", 20)
     SetLocalizedItem(*this, kBack, "Back to Options");
 }
 
-// Another key's line that was waiting keeps its "[Type a key]": a text is only rewritten when its item changes.
+// Another key's line that was waiting keeps its "[Type a key]": a text is only rewritten when its item
+// changes.
 bool MenuKeyboard::MouseUp(int item)
 {
     switch (item)
@@ -149,7 +150,8 @@ void MenuKeyboard::SetStringForItem(int item)
     case kPause:
         label = localizedString("Pause Game key: ");
         break;
-    case kInvert: {
+    case kInvert:
+    {
         bool const inverted = GameSettings::GetIntParam("MouseInvert") != 0;
         // Translators: a label before YES or NO; keep the two blanks at its end.
         label = localizedString("Invert Mouse Up/Down:  ") +
@@ -160,9 +162,15 @@ void MenuKeyboard::SetStringForItem(int item)
     default:
         return;
     }
-    bool const waits = m_capture != -1;
-    // Translators: stands in place of a key's name while the game waits for the player to press one.
-    label += waits ? localizedString("[Type a key]") : KeyName(GameSettings::GetUniCharParam(kKeySettings[item]));
+    if (m_capture != -1)
+    {
+        // Translators: stands in place of a key's name while the game waits for the player to press one.
+        label += localizedString("[Type a key]");
+    }
+    else
+    {
+        label += KeyName(GameSettings::GetUniCharParam(kKeySettings[item]));
+    }
     SetItem(item, label.c_str());
 }
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The page of control keys and the mouse's inversion. A click on a key's line waits for the next key and binds it.
+// The page of control keys and the mouse's inversion. A click on a key's line waits for the next key and
+// binds it.
 #pragma once
 
 #include "ui/Menu.h"

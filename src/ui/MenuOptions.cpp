@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The hub of the settings and its pages for graphics and sound. A click writes the next value of a fixed cycle at
-// once; the word shown follows from the stored value by ranges, so a value set by hand joins its cycle at a click.
+// The hub of the settings and its pages for graphics and sound. A click writes the next value of a fixed
+// cycle at once; the word shown follows from the stored value by ranges, so a value set by hand joins its
+// cycle at a click.
 #include "audio/GameSound.h"
 #include "platform/Bundle.h"
 #include "settings/GameSettings.h"
@@ -40,8 +41,8 @@ char const* ViewDistanceWord(float fogEndHigh)
 {
     if (fogEndHigh < 50.0F)
     {
-        // Translators: LOW, NORMAL and HIGH follow "View Distance:  " and "Asteroid Detail:  ", NORMAL and HALF
-        // "Asteroid Density:  ". They have to agree with each label that they follow.
+        // Translators: LOW, NORMAL and HIGH follow "View Distance:  " and "Asteroid Detail:  ", NORMAL and
+        // HALF "Asteroid Density:  ". They have to agree with each label that they follow.
         return MarkForCatalogue("LOW");
     }
     return fogEndHigh < 65.0F ? MarkForCatalogue("NORMAL") : MarkForCatalogue("HIGH");
@@ -103,7 +104,8 @@ char const* MusicWord(float volume)
 {
     if (volume == 0.0F)
     {
-        // Translators: OFF and ON follow "Sound Volume:  "; OFF, SOFT, MEDIUM and LOUD follow "Music Volume:  ".
+        // Translators: OFF and ON follow "Sound Volume:  "; OFF, SOFT, MEDIUM and LOUD
+        // follow "Music Volume:  ".
         return MarkForCatalogue("OFF");
     }
     if (volume < 0.5F)
@@ -181,12 +183,12 @@ void MenuGraphics::SetStringForItem(int item)
                         ViewDistanceWord(GameSettings::GetFloatParam("FogEndHigh")));
         break;
     case kDetail:
-        // Translators: how finely the asteroids are shaped; a label before LOW, NORMAL or HIGH, with two blanks.
+        // Translators: how finely the asteroids are shaped; a label before LOW, NORMAL or HIGH.
         SetLabelAndWord(*this, item, localizedString("Asteroid Detail:  "),
                         DetailWord(GameSettings::GetIntParam("_AsteroidsSmoothness")));
         break;
     case kDensity:
-        // Translators: how many asteroids there are; a label before HALF or NORMAL, with two blanks.
+        // Translators: how many asteroids there are; a label before HALF or NORMAL.
         SetLabelAndWord(*this, item, localizedString("Asteroid Density:  "),
                         DensityWord(GameSettings::GetFloatParam("_AsteroidsDensityCenter")));
         break;
@@ -200,7 +202,8 @@ bool MenuGraphics::MouseUp(int item)
     switch (item)
     {
     case kViewDistance:
-        GameSettings::SetFloatParam("FogEndHigh", NextViewDistance(GameSettings::GetFloatParam("FogEndHigh")));
+        GameSettings::SetFloatParam("FogEndHigh",
+                                    NextViewDistance(GameSettings::GetFloatParam("FogEndHigh")));
         break;
     case kDetail:
         GameSettings::SetIntParam("_AsteroidsSmoothness",
@@ -231,7 +234,7 @@ void MenuSound::SetStringForItem(int item)
     switch (item)
     {
     case kEffects:
-        // Translators: the sound effects; a label before OFF or ON, with two blanks.
+        // Translators: the sound effects; a label before OFF or ON.
         SetLabelAndWord(*this, item, localizedString("Sound Volume:  "),
                         EffectsWord(GameSettings::GetFloatParam("SoundVolume")));
         break;
@@ -252,7 +255,8 @@ bool MenuSound::MouseUp(int item)
         SwitchEffects();
         break;
     case kMusic:
-        GameSettings::SetFloatParam("MusicVolume", NextMusicVolume(GameSettings::GetFloatParam("MusicVolume")));
+        GameSettings::SetFloatParam("MusicVolume",
+                                    NextMusicVolume(GameSettings::GetFloatParam("MusicVolume")));
         break;
     case kSoundBack:
         SetCurrent(new MenuOptions);

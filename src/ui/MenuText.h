@@ -17,8 +17,8 @@ constexpr char const* MarkForCatalogue(char const* english)
 // Sets a menu's item to the localised text.
 void SetLocalizedItem(Menu& menu, int item, char const* english);
 
-// The localised text of an English one with int conversions, filled in. A translation whose conversions differ from
-// the English ones is not used.
+// The localised text of an English one with int conversions, filled in. A translation whose conversions
+// differ from the English ones is not used.
 std::string LocalizedFormat(char const* english, int first, int second);
 std::string LocalizedFormat(char const* english, int first, int second, int third);
 

@@ -17,8 +17,10 @@ constexpr platform::Color kBorderColor{0.8F, 0.8F, 1.0F, 1.0F};
 
 } // namespace
 
-Overlay::Overlay(int x, int y, int fontSize, char const* fontName) :
-    m_attributes(platform::TextAttributes::shared(fontName, static_cast<float>(fontSize), kForeground)), m_x(x), m_y(y)
+Overlay::Overlay(int x, int y, int fontSize, char const* fontName)
+    : m_attributes(platform::TextAttributes::shared(fontName, static_cast<float>(fontSize), kForeground)),
+      m_x(x),
+      m_y(y)
 {
     m_texture.initWithString("", m_attributes, kTextColor, kBoxColor, kBorderColor);
 }

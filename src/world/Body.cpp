@@ -164,7 +164,8 @@ TQ3Vector3D Body::Facing() const
     return facing;
 }
 
-// The speed becomes the minimum, not zero: with a minimum above zero a blocked ship keeps crawling, deliberately.
+// The speed becomes the minimum, not zero: with a minimum above zero a blocked ship keeps crawling,
+// deliberately.
 void Body::StopAtImpact()
 {
     SetVelocity(0.0F);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// What every moving or placed thing of the race world shares: place, facing, speed along the facing, and spin.
-// World units: 1 is the spacing of the asteroid lattice; speeds in units per second, angles in radians.
+// What every moving or placed thing of the race world shares: place, facing, speed along the facing, and
+// spin. World units: 1 is the spacing of the asteroid lattice; speeds in units per second, angles in radians.
 #pragma once
 
 #include "math/qmath.h"
@@ -36,13 +36,14 @@ public:
     void SetRotationRate(TQ3Vector3D const& axis, float rate); // radians per second about the axis as given
     void SetRotation(float angle);                             // turns by that angle about the spin axis
 
-    // Faces a point. Replaces the rotation, so it is right only for a body that has not turned yet: the new ship.
+    // Faces a point. Replaces the rotation, so it is right only for a body that has not turned yet: the new
+    // ship.
     void TurnToFace(float x, float y, float z);
 
     bool SphereIntersects(TQ3Vector3D const& centre, float r) const; // touching counts
 
-    // One frame of dt seconds. True when the step was refused because an asteroid lies in the way; the body then
-    // stays where it is at minimum speed.
+    // One frame of dt seconds. True when the step was refused because an asteroid lies in the way; the body
+    // then stays where it is at minimum speed.
     bool Tick(double dt);
 
     float GetRadius() const { return m_radius; }

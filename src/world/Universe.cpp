@@ -20,11 +20,13 @@ namespace
 
 constexpr std::size_t kFontNameSize = 256;
 
-// The cells that a path may touch along one axis. A path towards smaller coordinates is covered by swapping the ends;
-// its padding then lies on the inner side of each, deliberately.
+// The cells that a path may touch along one axis. A path towards smaller coordinates is covered by swapping
+// the ends; its padding then lies on the inner side of each, deliberately.
 struct CellRange
 {
-    CellRange(float start, float end, float margin) : low(FloorToInt(start - margin)), high(CeilToInt(end + margin))
+    CellRange(float start, float end, float margin)
+        : low(FloorToInt(start - margin)),
+          high(CeilToInt(end + margin))
     {
         if (high < low)
         {
@@ -130,18 +132,20 @@ void Universe::CreateOverlays()
     }
 }
 
-bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius, TQ3Vector3D* hitPoint,
-                               float* hitFraction) const
+bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
+                               TQ3Vector3D* hitPoint, float* hitFraction) const
 {
     CellRange const xs(start.x, end.x, m_searchMargin);
     CellRange const ys(start.y, end.y, m_searchMargin);
     CellRange const zs(start.z, end.z, m_searchMargin);
 
     float best = std::numeric_limits<float>::infinity(); // squared distance of the nearest hit
-    auto const consider = [&](Roid& roid) {
+    auto const consider = [&](Roid& roid)
+    {
         TQ3Vector3D point;
         float distance = 0.0F;
-        if (roid.ComputePathIntersection(start, end, radius, &point, &distance) && DistSquared(start, point) < best)
+        if (roid.ComputePathIntersection(start, end, radius, &point, &distance) &&
+            DistSquared(start, point) < best)
         {
             best = DistSquared(start, point);
             *hitPoint = point;

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The race world: the player's ship, the asteroid field, the course with its marker and clock, the scene and the
-// cockpit. Game makes a new one for every race.
+// The race world: the player's ship, the asteroid field, the course with its marker and clock, the scene and
+// the cockpit. Game makes a new one for every race.
 //
-// The field is a lattice of 16 x 16 x 16 cells, one unit apart, that repeats without end along the positive axes;
-// which of eight variants of a cell stands at a place depends on how deep the place lies in the field. Space with a
-// negative coordinate is empty.
+// The field is a lattice of 16 x 16 x 16 cells, one unit apart, that repeats without end along the positive
+// axes; which of eight variants of a cell stands at a place depends on how deep the place lies in the field.
+// Space with a negative coordinate is empty.
 //
 // Construction and collision are in Universe.cpp, course and clock in UniverseRace.cpp, the scene in
 // UniverseScene.cpp, the instruments in UniverseCockpit.cpp.
@@ -51,8 +51,8 @@ public:
     void Unpause() { m_paused = false; }
     void SetCockpitVisible(bool visible) { m_cockpitHidden = !visible; }
 
-    // The race result in seconds: every second spent paused is taken off the running time, which did not advance
-    // during the pause either. Deliberate.
+    // The race result in seconds: every second spent paused is taken off the running time, which did not
+    // advance during the pause either. Deliberate.
     double GetTimeElapsed() const { return m_raceTime - m_pausedTime; }
 
     void PlayerWantsToGo(float pct); // throttle, 0..1
@@ -64,16 +64,16 @@ public:
     void ActivateWaypoint(int n);
     void RandomizeWaypoints();
 
-    // True when a sphere of that radius on its way from start to end would hit an asteroid before the end. Then
-    // hitPoint is where its centre would be at the nearest hit, and hitFraction is 0.
-    bool WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius, TQ3Vector3D* hitPoint,
-                         float* hitFraction) const;
+    // True when a sphere of that radius on its way from start to end would hit an asteroid before the end.
+    // Then hitPoint is where its centre would be at the nearest hit, and hitFraction is 0.
+    bool WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
+                         TQ3Vector3D* hitPoint, float* hitFraction) const;
 
     // The variant at a coordinate: one level for each 16 units of depth, at most 7.
     static int CoordToDensity(int c) { return std::min(c / kFieldSize, kLevelCount - 1); }
 
-    // The asteroid of a cell of the endless lattice, null where the cell is empty. One asteroid serves all the
-    // repetitions of its cell: its position means nothing until the user has moved it.
+    // The asteroid of a cell of the endless lattice, null where the cell is empty. One asteroid serves all
+    // the repetitions of its cell: its position means nothing until the user has moved it.
     Roid* RoidAtCell(int x, int y, int z) const
     {
         int const depth = std::min(std::min(x, y), z);
@@ -92,7 +92,10 @@ public:
     GameSound* GetWhamSound() const { return m_whamSound.get(); }
     unsigned long GetSkyTexture() const { return m_skyTexture; }
     int GetCurrentWaypoint() const { return m_currentWaypoint; }
-    TQ3Vector3D const& GetWaypointPosition(int index) const { return m_waypoints[static_cast<std::size_t>(index)]; }
+    TQ3Vector3D const& GetWaypointPosition(int index) const
+    {
+        return m_waypoints[static_cast<std::size_t>(index)];
+    }
     int GetDistanceToWaypoint() const { return m_distanceToWaypoint; }
     double GetRaceTime() const { return m_raceTime; }
     double GetPausedTime() const { return m_pausedTime; }

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The instruments: bars, compass and arrow as small geometry just in front of the eye, and three lines of text.
+// The instruments: bars, compass and arrow as small geometry just in front of the eye, and three lines of
+// text.
 #include "world/Universe.h"
 
 #include "core/Globals.h"
@@ -28,7 +29,8 @@ constexpr float kBarLength = 0.04F;
 
 // An arrow along +y, about one unit long.
 constexpr GLfloat kArrowVertices[8][2] = {
-    {-0.1F, -0.3F}, {0.1F, -0.3F}, {0.1F, 0.1F}, {0.3F, 0.1F}, {0.0F, 0.45F}, {-0.3F, 0.1F}, {-0.1F, 0.1F}, {0.0F, 0.0F},
+    {-0.1F, -0.3F}, {0.1F, -0.3F}, {0.1F, 0.1F},  {0.3F, 0.1F},
+    {0.0F, 0.45F},  {-0.3F, 0.1F}, {-0.1F, 0.1F}, {0.0F, 0.0F},
 };
 constexpr GLubyte kArrowHead[] = {3, 4, 5};
 constexpr GLubyte kArrowShaft[] = {0, 1, 2, 6};
@@ -154,13 +156,14 @@ Universe::HeadingToMarker Universe::HeadingFromShip() const
 
     TQ3Vector3D facing;
     m_camera->GetFacingNormal(&facing);
-    double const cosine = FltClamp(Vector3D_Dot(&facing, &direction), -1.0F, 1.0F); // rounding may lead beyond
+    double const cosine =
+        FltClamp(Vector3D_Dot(&facing, &direction), -1.0F, 1.0F); // rounding may lead beyond
     auto angle = static_cast<float>(std::acos(cosine) * 180.0 / kPi);
     TQ3Vector3D side;
     Vector3D_Cross(&facing, &direction, &side);
 
-    // "vertical" carries the sign of the elevation, so both tests together make the sign of the angle follow the
-    // side on which the marker lies; for a marker exactly level it stays positive.
+    // "vertical" carries the sign of the elevation, so both tests together make the sign of the angle follow
+    // the side on which the marker lies; for a marker exactly level it stays positive.
     if (Vector3D_Dot(&side, &vertical) < 0.0F)
     {
         angle = -angle;
@@ -172,7 +175,8 @@ Universe::HeadingToMarker Universe::HeadingFromShip() const
     return {elevation, angle};
 }
 
-// Counter and distance stand to the left of the clock, one clock's height (of a 550 pixel high view) below its top.
+// Counter and distance stand to the left of the clock, one clock's height (of a 550 pixel high view) below
+// its top.
 void Universe::RenderReadOuts(int width, int height)
 {
     m_timerOverlay->MoveTo(width * 5 / 9, height * 9 / 10);

@@ -19,14 +19,14 @@ namespace
 {
 
 constexpr int kLastWaypoint = Universe::kWaypointCount - 1;
-constexpr TQ3Vector3D kFirstWaypoint{-3.5F, -3.5F, -5.5F};        // just outside the field, near the start
-constexpr TQ3Vector3D kDeepestWaypoint{108.5F, 108.5F, 108.5F};   // the last but one
-constexpr TQ3Vector3D kFinish{14.5F, 14.5F, 14.5F};               // back out, near the edge
-constexpr TQ3Vector3D kParkedMarker{100.5F, 100.5F, 100.5F};      // once the race is over
-constexpr int kDepthStep = 18;                                    // units from one waypoint to the next
+constexpr TQ3Vector3D kFirstWaypoint{-3.5F, -3.5F, -5.5F};      // just outside the field, near the start
+constexpr TQ3Vector3D kDeepestWaypoint{108.5F, 108.5F, 108.5F}; // the last but one
+constexpr TQ3Vector3D kFinish{14.5F, 14.5F, 14.5F};             // back out, near the edge
+constexpr TQ3Vector3D kParkedMarker{100.5F, 100.5F, 100.5F};    // once the race is over
+constexpr int kDepthStep = 18;                                  // units from one waypoint to the next
 
-// A place at that depth, off the diagonal to one of three sides, at the centre of a lattice cube: the halves keep it
-// clear of the asteroids.
+// A place at that depth, off the diagonal to one of three sides, at the centre of a lattice cube: the halves
+// keep it clear of the asteroids.
 TQ3Vector3D WaypointOffSide(int side, int depth)
 {
     float const full = static_cast<float>(depth) + 0.5F;
@@ -115,7 +115,8 @@ void Universe::Tick(double dt)
     }
 
     // A distance is compared with a squared one, so the text is set in almost every frame. Deliberate.
-    m_distanceToWaypoint = FloorToInt(std::sqrt(DistSquared(m_waypoint->GetPosition(), m_camera->GetPosition())));
+    m_distanceToWaypoint =
+        FloorToInt(std::sqrt(DistSquared(m_waypoint->GetPosition(), m_camera->GetPosition())));
     if (m_distanceToWaypoint != FloorToInt(previousDistSquared)) // far out the square exceeds an int
     {
         m_distanceOverlay->SetString(m_distanceToWaypoint);

@@ -29,12 +29,12 @@ constexpr GLfloat kLightPosition[] = {10.0F, 10.0F, -10.0F, 0.5F};
 
 // A cube around the eye, face after face, each corner list matching kSkyTexture.
 constexpr GLfloat kSkyVertices[24][3] = {
-    {-10, 10, -10},  {-10, -10, -10}, {10, -10, -10},  {10, 10, -10},  // -z
-    {-10, 10, 10},   {10, 10, 10},    {10, -10, 10},   {-10, -10, 10}, // +z
-    {-10, 10, 10},   {-10, -10, 10},  {-10, -10, -10}, {-10, 10, -10}, // -x
-    {10, 10, 10},    {10, 10, -10},   {10, -10, -10},  {10, -10, 10},  // +x
-    {-10, 10, -10},  {10, 10, -10},   {10, 10, 10},    {-10, 10, 10},  // +y
-    {-10, -10, 10},  {10, -10, 10},   {10, -10, -10},  {-10, -10, -10} // -y
+    {-10, 10, -10}, {-10, -10, -10}, {10, -10, -10},  {10, 10, -10},  // -z
+    {-10, 10, 10},  {10, 10, 10},    {10, -10, 10},   {-10, -10, 10}, // +z
+    {-10, 10, 10},  {-10, -10, 10},  {-10, -10, -10}, {-10, 10, -10}, // -x
+    {10, 10, 10},   {10, 10, -10},   {10, -10, -10},  {10, -10, 10},  // +x
+    {-10, 10, -10}, {10, 10, -10},   {10, 10, 10},    {-10, 10, 10},  // +y
+    {-10, -10, 10}, {10, -10, 10},   {10, -10, -10},  {-10, -10, -10} // -y
 };
 constexpr GLfloat kSkyTexture[4][3] = {{-1, 1, 0}, {-1, -1, 0}, {1, -1, 0}, {1, 1, 0}};
 
@@ -63,10 +63,11 @@ void Universe::Render(int width, int height)
 
     TQ3Vector3D facing;
     m_camera->GetFacingNormal(&facing);
-    TQ3Vector3D apex; // one unit behind the ship, so that rocks beside the eye are not culled by their centres
+    TQ3Vector3D
+        apex; // one unit behind the ship, so that rocks beside the eye are not culled by their centres
     Vector3D_Subtract(&m_camera->GetPosition(), &facing, &apex);
-    Frustum const frustum(kFieldOfView, static_cast<float>(width) / static_cast<float>(height), &apex, &facing,
-                          &m_camera->GetUp(), fogEnd + 1.0F);
+    Frustum const frustum(kFieldOfView, static_cast<float>(width) / static_cast<float>(height), &apex,
+                          &facing, &m_camera->GetUp(), fogEnd + 1.0F);
     Roid::RenderStart();
     RenderField(frustum);
     Roid::RenderEnd();

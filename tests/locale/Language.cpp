@@ -74,7 +74,7 @@ Spoken::~Spoken()
 
 void Select(std::filesystem::path const& folder)
 {
-    // The first lookup selects the program's own catalogues.
+    // The first look-up selects the program's own catalogues.
     static std::string const bound = platform::Bundle::localizedString("");
     platform::SelectLanguage("quarrow", folder);
 }
@@ -82,6 +82,25 @@ void Select(std::filesystem::path const& folder)
 std::filesystem::path Catalogues()
 {
     return QUARROW_CATALOGUES;
+}
+
+Folder::Folder()
+{
+    std::string name = std::filesystem::temp_directory_path() / "quarrow-XXXXXX";
+    m_path = mkdtemp(name.data());
+}
+
+Folder::~Folder()
+{
+    std::error_code error;
+    std::filesystem::remove_all(m_path, error);
+}
+
+std::filesystem::path Folder::Catalogue(std::string const& name) const
+{
+    std::filesystem::path const folder = m_path / name / "LC_MESSAGES";
+    std::filesystem::create_directories(folder);
+    return folder / "quarrow.mo";
 }
 
 std::vector<std::string> Shipped()

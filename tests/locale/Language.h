@@ -48,6 +48,24 @@ void Select(std::filesystem::path const& folder);
 // The folder of the catalogues that the build has made.
 std::filesystem::path Catalogues();
 
+// A new folder for catalogues of a test's own, gone with the object.
+class Folder
+{
+public:
+    Folder();
+    ~Folder();
+    Folder(Folder const&) = delete;
+    Folder& operator=(Folder const&) = delete;
+
+    std::filesystem::path const& path() const { return m_path; }
+
+    // The catalogue of a language in it; its folder exists.
+    std::filesystem::path Catalogue(std::string const& name) const;
+
+private:
+    std::filesystem::path m_path;
+};
+
 // Those of po/LINGUAS.
 std::vector<std::string> Shipped();
 

@@ -12,8 +12,8 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
-#include <fstream>
+#include <cstdio>
+#include <filesystem>
 
 using language::Environment;
 using platform::Bundle::localizedString;
@@ -135,19 +135,16 @@ TEST_F(Locale, FolderWithoutCataloguesMeansEnglish)
 
 TEST_F(Locale, DamagedCatalogueMeansEnglishAndOneLogLine)
 {
-    fs::path const folder = fs::temp_directory_path() / "quarrow-locale-test";
-    fs::path const file = folder / "de" / "LC_MESSAGES" / "quarrow.mo";
-    fs::create_directories(file.parent_path());
-    fs::copy_file(language::Catalogues() / "de" / "LC_MESSAGES" / "quarrow.mo", file,
-                  fs::copy_options::overwrite_existing);
+    language::Folder const folder;
+    fs::path const file = folder.Catalogue("de");
+    fs::copy_file(language::Catalogues() / "de" / "LC_MESSAGES" / "quarrow.mo", file);
     fs::resize_file(file, fs::file_size(file) / 2);
 
     CapturedLog log;
-    std::string const quit = QuitFor({{"LANG", "de_DE.UTF-8"}}, folder);
+    std::string const quit = QuitFor({{"LANG", "de_DE.UTF-8"}}, folder.path());
     EXPECT_EQ(log.lines(),
               std::vector{"The catalogue " + file.string() + " is damaged: the texts are in English"});
     EXPECT_EQ(quit, "Quit");
-    fs::remove_all(folder);
 }
 
 TEST_F(Locale, EmptyTextIsNeverTheCataloguesHeader)

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The scene skips the cells that NarrowToView() leaves out: it must leave out no point of the view, and most others.
+// The scene skips the cells that NarrowToView() leaves out: it must leave out no point of the view, and most
+// others.
 #include "math/Plane.h"
 
 #include <gtest/gtest.h>

@@ -72,9 +72,10 @@ class BadInputScenario(unittest.TestCase):
         (resources / "Images" / "roid-128.jpg").unlink()
         (resources / "Images" / "starfield-1024.jpg").write_bytes(b"no picture")
         (resources / "Sounds" / "Fanfare.AIFF").write_bytes(b"no sound")
+        (resources / "Sounds" / "Wham.AIFF").unlink()
         shutil.rmtree(resources / "Music")
         self.expect_play(self.open_display(), "Unable to load texture roid-128.jpg",
-                         "Unable to load texture starfield-1024.jpg", "Fanfare.AIFF")
+                         "Unable to load texture starfield-1024.jpg", "Fanfare.AIFF", "Wham.AIFF")
 
     def test_broken_settings_are_set_aside_and_play_goes_on(self):
         display = self.open_display()

@@ -54,7 +54,7 @@ void TileNoise::FoldEdges()
 
 std::size_t TileNoise::Place(int i, int j) const
 {
-    std::size_t const cells = static_cast<std::size_t>(m_cells);
+    auto const cells = static_cast<std::size_t>(m_cells);
     return static_cast<std::size_t>(j) % cells * cells + static_cast<std::size_t>(i) % cells;
 }
 
