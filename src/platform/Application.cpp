@@ -46,10 +46,11 @@ extern "C" void NoteSignal(int)
 
 void CatchEndingSignals()
 {
-    for (int const signal : {SIGTERM, SIGINT
+    for (int const signal : {
+             SIGTERM, SIGINT
 #if !defined(_WIN32)
-                             ,
-                             SIGHUP
+                 ,
+                 SIGHUP
 #endif
          })
     {
@@ -69,7 +70,8 @@ std::string TakeTypedText()
 {
     SDL_Event next;
     SDL_PumpEvents();
-    if (SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 && next.type == SDL_TEXTINPUT)
+    if (SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
+        next.type == SDL_TEXTINPUT)
     {
         return next.text.text;
     }
@@ -178,7 +180,8 @@ Window* DesktopApplication::keyWindow()
 
 void DesktopApplication::waitForWork() const
 {
-    double const wait = std::min(RunLoop::current().secondsUntilNextTimer(RunLoop::Mode::Default), kLongestSleep);
+    double const wait =
+        std::min(RunLoop::current().secondsUntilNextTimer(RunLoop::Mode::Default), kLongestSleep);
     if (wait <= 0.0)
     {
         return;
@@ -268,8 +271,8 @@ bool DesktopApplication::performKeyEquivalent(SDL_KeyboardEvent const& event)
 {
     for (Command const& command : m_interface.commands)
     {
-        bool const matches = std::ranges::any_of(
-            command.keys, [&event](KeyEquivalent const& key) { return Matches(key, event.keysym); });
+        bool const matches = std::ranges::any_of(command.keys, [&event](KeyEquivalent const& key)
+                                                 { return Matches(key, event.keysym); });
         if (!matches)
         {
             continue;

@@ -40,8 +40,8 @@ protected:
 };
 
 // Starts the application from "Main.toml" in the resources' "Interface" folder and runs it to its end.
-// Returns the exit status: 0 after an orderly end; 1, with one log line, when there is no display, no OpenGL or no
-// readable interface file.
+// Returns the exit status: 0 after an orderly end; 1, with one log line, when there is no display, no OpenGL
+// or no readable interface file.
 int ApplicationMain(ViewClasses const& viewClasses);
 
 } // namespace platform

@@ -9,10 +9,11 @@
 #if defined(_WIN32)
 #include <fstream>
 #else
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cstdlib>
 #endif
 
 namespace platform

@@ -6,15 +6,16 @@
 // installation that the program belongs to.
 #pragma once
 
-#include <optional>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace platform::Bundle
 {
 
-// The path of a readable file of that name in a sub-folder of the resources ("Images", "Sounds", "Music", "Interface").
-// Nothing when there is none, or when a name is not a plain file name (a separator or ".." in it).
+// The path of a readable file of that name in a sub-folder of the resources ("Images", "Sounds", "Music",
+// "Interface"). Nothing when there is none, or when a name is not a plain file name (a separator or ".." in
+// it).
 std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
 
 // The text in the language of the user's locale; the English text is the key and the fallback.

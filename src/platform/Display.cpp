@@ -64,7 +64,8 @@ bool OpenDisplay()
     char const* const driver = SDL_GetCurrentVideoDriver();
     if (driver == nullptr || ShowsNothing(driver))
     {
-        LogFormat("There is no display: the video driver \"%s\" shows nothing", driver != nullptr ? driver : "");
+        LogFormat("There is no display: the video driver \"%s\" shows nothing",
+                  driver != nullptr ? driver : "");
         CloseDisplay();
         return false;
     }

@@ -7,8 +7,8 @@
 namespace platform
 {
 
-// Opens it unless it is open. False, with one log line, when nobody could see what is drawn: there is no display, or
-// only a driver that shows nothing.
+// Opens it unless it is open. False, with one log line, when nobody could see what is drawn: there is no
+// display, or only a driver that shows nothing.
 bool OpenDisplay();
 
 void CloseDisplay();

@@ -28,8 +28,8 @@ struct Event
 {
     EventType type = EventType::KeyDown;
 
-    // What the key produces in the user's layout, ignoring Control, Alt and Command but not Shift; empty for other
-    // events. Keys without a character have the codes of KeyCodes.h.
+    // What the key produces in the user's layout, ignoring Control, Alt and Command but not Shift; empty for
+    // other events. Keys without a character have the codes of KeyCodes.h.
     std::u16string charactersIgnoringModifiers;
 
     // Pixels of the drawable, origin at the bottom left, y upwards.

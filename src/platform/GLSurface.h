@@ -35,7 +35,8 @@ struct OpenGLContext::Surface
     void leave(SDL_Window* window); // goes home when it was the target
     bool makeCurrent() const;
 
-    // The context whose home is still to be taken by a window, or the one that owns the handle; null for none.
+    // The context whose home is still to be taken by a window, or the one that owns the handle; null for
+    // none.
     static Surface* main();
     static Surface* owning(void* contextHandle);
 };

@@ -15,7 +15,8 @@
 namespace platform
 {
 
-// Four characters, most significant first, that tell a file's type: 'JPEG', 'PNGf', 'GIFf', 'TIFF', 'BMPf', 'WEBP'.
+// Four characters, most significant first, that tell a file's type: 'JPEG', 'PNGf', 'GIFf', 'TIFF', 'BMPf',
+// 'WEBP'.
 using FourCharCode = std::uint32_t;
 
 struct ImageDescription
@@ -47,8 +48,8 @@ public:
     // False for a buffer without memory.
     bool setTarget(PixelBuffer const& target);
 
-    // A point (x, y) of the picture goes to (x * scaleX + translateX, y * scaleY + translateY) of the target; identity
-    // at first.
+    // A point (x, y) of the picture goes to (x * scaleX + translateX, y * scaleY + translateY) of the target;
+    // identity at first.
     void setMatrix(double scaleX, double scaleY, double translateX, double translateY);
 
     // Draws over the target; false, and the target as it was, without data or target.

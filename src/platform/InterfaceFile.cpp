@@ -106,9 +106,11 @@ bool TakePrefix(std::string_view& text, std::string_view prefix)
 
 bool IsKeyName(std::string_view text)
 {
-    return !text.empty() && std::ranges::all_of(text, [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    });
+    return !text.empty() && std::ranges::all_of(text,
+                                                [](char c) {
+                                                    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+                                                           (c >= 'a' && c <= 'z');
+                                                });
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The main interface file "Main.toml": the window, the class of the view in it, and the commands with their keys.
+// The main interface file "Main.toml": the window, the class of the view in it, and the commands with their
+// keys.
 #pragma once
 
 #include "platform/Geometry.h"

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// From SDL's keys to the characters that an Event carries. Application asks it for each key that goes down or up.
+// From SDL's keys to the characters that an Event carries. Application asks it for each key that goes down or
+// up.
 #pragma once
 
 #include "platform/Event.h"
@@ -16,8 +17,8 @@
 namespace platform
 {
 
-// What a key produces, ignoring Control, Alt and Command but not Shift. typedText: the UTF-8 text that came with the
-// key, empty when none did. Empty for modifier keys and for keys that stand for nothing.
+// What a key produces, ignoring Control, Alt and Command but not Shift. typedText: the UTF-8 text that came
+// with the key, empty when none did. Empty for modifier keys and for keys that stand for nothing.
 std::u16string CharactersForKey(SDL_Keysym const& key, std::string_view typedText);
 
 // Remembers what each key produced when it went down, for the event of its release.

@@ -77,7 +77,9 @@ public:
         }
         readPackets();
         bool const isWhole = isComplete(m_audio, promised) && isComplete(m_video, promised);
-        return isWhole && (finishAudio() | finishVideo()) && layOnOneTimeLine();
+        bool const hasAudio = isWhole && finishAudio();
+        bool const hasVideo = isWhole && finishVideo();
+        return (hasAudio || hasVideo) && layOnOneTimeLine();
     }
 
 private:

@@ -35,28 +35,6 @@ constexpr int kMostArrivals = 64;
 
 } // namespace
 
-MovieCallBack::MovieCallBack(Movie& movie) : m_movie(movie)
-{
-    movie.m_callBacks.push_back(this);
-}
-
-MovieCallBack::~MovieCallBack()
-{
-    std::erase(m_movie.m_callBacks, this);
-}
-
-void MovieCallBack::callMeWhen(Trigger trigger, TimeValue time, std::function<void()> action)
-{
-    m_trigger = trigger;
-    m_time = time;
-    m_action = std::move(action);
-}
-
-bool MovieCallBack::isDue(TimeValue time, int direction) const
-{
-    return m_action && m_time == time && (m_trigger == Trigger::TimeForward) == (direction > 0);
-}
-
 std::unique_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
 {
     auto media = MediaFile::open(file);

@@ -7,18 +7,17 @@
 #pragma once
 
 #include "platform/Geometry.h"
+#include "platform/MovieCallBack.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <vector>
 
 namespace platform
 {
 
-using TimeValue = std::int32_t; // in units of the movie's time scale
-using Fixed = std::int32_t;     // 16.16; 0x10000 is 1
+using Fixed = std::int32_t; // 16.16; 0x10000 is 1
 
 struct TimeRange
 {
@@ -26,40 +25,10 @@ struct TimeRange
     TimeValue duration = 0;
 };
 
-class Movie;
 class MovieAudio;
 class AudioTrack;
 struct MediaFile;
 struct MovieCourse;
-
-// Tells when a movie's time reaches a value while it plays. It fires once for each callMeWhen(), inside
-// moviesTask().
-class MovieCallBack
-{
-public:
-    enum class Trigger
-    {
-        TimeForward,
-        TimeBackward,
-    };
-
-    explicit MovieCallBack(Movie& movie); // the movie lives longer
-    ~MovieCallBack();                     // also from within its own action
-    MovieCallBack(MovieCallBack const&) = delete;
-    MovieCallBack& operator=(MovieCallBack const&) = delete;
-
-    void callMeWhen(Trigger trigger, TimeValue time, std::function<void()> action);
-    void cancel() { m_action = nullptr; }
-
-private:
-    friend class Movie;
-    bool isDue(TimeValue time, int direction) const;
-
-    Movie& m_movie;
-    Trigger m_trigger = Trigger::TimeForward;
-    TimeValue m_time = 0;
-    std::function<void()> m_action; // empty while it waits for nothing
-};
 
 class Movie
 {

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Making the one context: the nearest depth that the driver has, and a swap that waits for the display if it can.
+// Making the one context: the nearest depth that the driver has, and a swap that waits for the display if it
+// can.
 #include "platform/Display.h"
 #include "platform/GLSurface.h"
 #include "platform/Log.h"
@@ -39,21 +40,22 @@ std::shared_ptr<SDL_Window> MakeHome(Size size)
 {
     constexpr Uint32 kFlags =
         SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
-    SDL_Window* const window =
-        SDL_CreateWindow("Quarrow", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                         std::max(1, static_cast<int>(size.width)), std::max(1, static_cast<int>(size.height)), kFlags);
+    SDL_Window* const window = SDL_CreateWindow("Quarrow", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                                std::max(1, static_cast<int>(size.width)),
+                                                std::max(1, static_cast<int>(size.height)), kFlags);
     return window != nullptr ? std::shared_ptr<SDL_Window>(window, SDL_DestroyWindow) : nullptr;
 }
 
-// A driver without desktop OpenGL may hand out OpenGL ES, which lacks everything that the game draws with. Asked
-// through the driver's own entry point: this file is linked where another OpenGL stands in, too.
+// A driver without desktop OpenGL may hand out OpenGL ES, which lacks everything that the game draws with.
+// Asked through the driver's own entry point: this file is linked where another OpenGL stands in, too.
 bool IsDesktopOpenGL()
 {
     using GetString = unsigned char const* (*)(unsigned);
     constexpr unsigned kVersion = 0x1F02; // GL_VERSION
     auto const getString = reinterpret_cast<GetString>(SDL_GL_GetProcAddress("glGetString"));
     unsigned char const* const version = getString != nullptr ? getString(kVersion) : nullptr;
-    return version != nullptr && !std::string_view(reinterpret_cast<char const*>(version)).starts_with("OpenGL ES");
+    return version != nullptr &&
+           !std::string_view(reinterpret_cast<char const*>(version)).starts_with("OpenGL ES");
 }
 
 bool MakeWithDepth(OpenGLContext::Surface& surface, PixelFormat const& format, int depthSize, Size size)
@@ -105,14 +107,16 @@ OpenGLContext::Surface::~Surface()
 OpenGLContext::Surface* OpenGLContext::Surface::main()
 {
     auto const& live = LiveSurfaces();
-    auto const found = std::find_if(live.begin(), live.end(), [](Surface const* s) { return s->home != nullptr; });
+    auto const found =
+        std::find_if(live.begin(), live.end(), [](Surface const* s) { return s->home != nullptr; });
     return found != live.end() ? *found : nullptr;
 }
 
 OpenGLContext::Surface* OpenGLContext::Surface::owning(void* contextHandle)
 {
     auto const& live = LiveSurfaces();
-    auto const found = std::find_if(live.begin(), live.end(), [contextHandle](Surface const* s)
+    auto const found = std::find_if(live.begin(), live.end(),
+                                    [contextHandle](Surface const* s)
                                     { return s->context && s->context.get() == contextHandle; });
     return found != live.end() ? *found : nullptr;
 }
@@ -139,7 +143,9 @@ void OpenGLContext::Surface::leave(SDL_Window* window)
     }
 }
 
-OpenGLContext::OpenGLContext() : m_surface(std::make_unique<Surface>()) {}
+OpenGLContext::OpenGLContext() : m_surface(std::make_unique<Surface>())
+{
+}
 
 OpenGLContext::~OpenGLContext() = default;
 

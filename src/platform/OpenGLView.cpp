@@ -15,7 +15,8 @@ std::unique_ptr<PixelFormat> PixelFormat::initWithAttributes(std::span<unsigned 
     std::size_t i = 0;
     while (i < attributes.size() && attributes[i] != 0)
     {
-        bool const hasValue = attributes[i] == kPixelFormatColorSize || attributes[i] == kPixelFormatDepthSize;
+        bool const hasValue =
+            attributes[i] == kPixelFormatColorSize || attributes[i] == kPixelFormatDepthSize;
         if (hasValue && i + 1 >= attributes.size())
         {
             return nullptr;

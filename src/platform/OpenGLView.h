@@ -28,7 +28,8 @@ enum PixelFormatAttribute : unsigned
 class PixelFormat
 {
 public:
-    // attributes: as enumerated above, ended by 0. Null when they are malformed or there is no display to draw on.
+    // attributes: as enumerated above, ended by 0. Null when they are malformed or there is no display to
+    // draw on.
     static std::unique_ptr<PixelFormat> initWithAttributes(std::span<unsigned const> attributes);
 
     bool doubleBuffer() const { return m_doubleBuffer; }
@@ -54,8 +55,9 @@ public:
     OpenGLContext(OpenGLContext const&) = delete;
     OpenGLContext& operator=(OpenGLContext const&) = delete;
 
-    // Makes the context in a window of that content size which stays hidden until a Window takes it. False, with one
-    // log line, when the driver has none to give. The swap waits for the display where the driver can.
+    // Makes the context in a window of that content size which stays hidden until a Window takes it. False,
+    // with one log line, when the driver has none to give. The swap waits for the display where the driver
+    // can.
     bool create(PixelFormat const& format, Size size);
 
     void makeCurrentContext();

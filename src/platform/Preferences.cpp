@@ -80,7 +80,8 @@ double NumberOf(Preferences::Value const& value)
 float FloatWithin(double value)
 {
     constexpr double kMost = std::numeric_limits<float>::max();
-    return std::isfinite(value) ? static_cast<float>(std::clamp(value, -kMost, kMost)) : static_cast<float>(value);
+    return std::isfinite(value) ? static_cast<float>(std::clamp(value, -kMost, kMost))
+                                : static_cast<float>(value);
 }
 
 std::vector<int> IntegersOf(toml::node const& node)
@@ -103,7 +104,7 @@ struct Preferences::Storage
     std::filesystem::path file;
     toml::table values; // the user's, changes included
     Defaults defaults;
-    std::set<std::string> changed; // keys not yet written
+    std::set<std::string> changed;  // keys not yet written
     std::set<std::string> reported; // keys whose kind was complained about
     bool refusalReported = false;
 

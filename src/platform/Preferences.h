@@ -4,8 +4,8 @@
 // The per-user preferences: a TOML file in the platform's configuration folder, over a layer of registered
 // defaults that is never written to it. GameSettings is the only caller in the game.
 //
-// Every read asks the user's values first, then the defaults. A user's value whose kind (number, string, array)
-// is not that of the registered default counts as absent; it is reported once and stays in the file.
+// Every read asks the user's values first, then the defaults. A user's value whose kind (number, string,
+// array) is not that of the registered default counts as absent; it is reported once and stays in the file.
 // A float reads as an int towards zero and within its range (NaN as 0), an int as a float; any other mismatch
 // reads as 0, empty or zeros.
 #pragma once
@@ -40,12 +40,13 @@ public:
 
     int integerForKey(std::string const& key) const;
     float floatForKey(std::string const& key) const;
-    std::string stringForKey(std::string const& key) const;        // UTF-8
-    std::vector<int> integerArrayForKey(std::string const& key) const; // an element that is no number reads as 0
+    std::string stringForKey(std::string const& key) const; // UTF-8
+    std::vector<int>
+    integerArrayForKey(std::string const& key) const; // an element that is no number reads as 0
     void setValue(std::string const& key, Value value);
 
-    // Writes the changed keys now, over what the file holds by then: a new file, synced, renamed over the old one.
-    // False, and everything kept for the next try, when the disk refuses. Nothing to write is true.
+    // Writes the changed keys now, over what the file holds by then: a new file, synced, renamed over the old
+    // one. False, and everything kept for the next try, when the disk refuses. Nothing to write is true.
     bool synchronize();
 
     // True while a change waits to be written; the application calls synchronize() within a second.

@@ -32,7 +32,9 @@ std::shared_ptr<Timer> Timer::scheduledTimer(double interval, std::function<void
 }
 
 Timer::Timer(double interval, std::function<void()> action)
-    : m_interval(NanosecondsFromSeconds(interval)), m_nextFire(UpTime() + m_interval), m_action(std::move(action))
+    : m_interval(NanosecondsFromSeconds(interval)),
+      m_nextFire(UpTime() + m_interval),
+      m_action(std::move(action))
 {
 }
 
@@ -63,8 +65,9 @@ RunLoop& RunLoop::current()
 
 void RunLoop::addTimer(std::shared_ptr<Timer> const& timer, Mode mode)
 {
-    bool const known = std::any_of(m_entries.begin(), m_entries.end(), [&](Entry const& entry)
-                                   { return entry.timer == timer && entry.mode == mode; });
+    bool const known =
+        std::any_of(m_entries.begin(), m_entries.end(),
+                    [&](Entry const& entry) { return entry.timer == timer && entry.mode == mode; });
     if (!known && timer->isValid())
     {
         m_entries.push_back({timer, mode});

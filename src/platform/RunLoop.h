@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The one run loop of the main thread: repeating timers by mode. Application pumps the events between two passes,
-// so a timer's action and an event never overlap.
+// The one run loop of the main thread: repeating timers by mode. Application pumps the events between two
+// passes, so a timer's action and an event never overlap.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,8 @@ namespace platform
 class Timer
 {
 public:
-    // Makes a timer and adds it to the current run loop in the default mode. interval: seconds; 0 fires at every pass.
+    // Makes a timer and adds it to the current run loop in the default mode. interval: seconds; 0 fires at
+    // every pass.
     static std::shared_ptr<Timer> scheduledTimer(double interval, std::function<void()> action);
 
     Timer(double interval, std::function<void()> action);

@@ -50,7 +50,8 @@ void SetAside(fs::path const& file, std::string_view reason)
     std::error_code error;
     fs::rename(file, aside, error);
     Log("The settings in " + file.string() + " cannot be used (" + std::string(reason) + "); " +
-        (error ? "defaults are used" : "they are kept as " + aside.filename().string() + ", and defaults are used"));
+        (error ? "defaults are used"
+               : "they are kept as " + aside.filename().string() + ", and defaults are used"));
 }
 
 // The double whose shortest decimal is that of the float.

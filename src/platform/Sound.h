@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // A short sound that plays by itself. GameSoundNSSound is the caller.
-// A file is decoded once per run and its samples are shared by all who open it. Without a sound device everything
-// stays silent: play() answers false.
+// A file is decoded once per run and its samples are shared by all who open it. Without a sound device
+// everything stays silent: play() answers false.
 #pragma once
 
 #include <filesystem>

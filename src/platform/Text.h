@@ -18,8 +18,10 @@ namespace platform
 class TextAttributes
 {
 public:
-    // fontName: a family; one that the system lacks falls back to a sans-serif. fontSize: pixels, at least 1 is used.
-    static std::shared_ptr<TextAttributes const> shared(std::string const& fontName, float fontSize, Color foreground);
+    // fontName: a family; one that the system lacks falls back to a sans-serif. fontSize: pixels, at least 1
+    // is used.
+    static std::shared_ptr<TextAttributes const> shared(std::string const& fontName, float fontSize,
+                                                        Color foreground);
 
     std::string const& fontName() const { return m_fontName; }
     float fontSize() const { return m_fontSize; }

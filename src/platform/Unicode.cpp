@@ -19,8 +19,8 @@ struct Decoded
     std::size_t length; // units read, at least 1
 };
 
-// How many bytes a sequence has by its first one, the bits of that byte that count, and the least code point that
-// needs so many.
+// How many bytes a sequence has by its first one, the bits of that byte that count, and the least code point
+// that needs so many.
 struct SequenceForm
 {
     unsigned char mask;
@@ -81,7 +81,8 @@ Decoded DecodeUtf16(std::u16string_view text)
         return {first, 1};
     }
     bool const isPair = first < 0xDC00 && text.size() > 1 && text[1] >= 0xDC00 && text[1] <= 0xDFFF;
-    return isPair ? Decoded{0x10000 + ((first - 0xD800) << 10U) + (text[1] - 0xDC00U), 2} : Decoded{kReplacement, 1};
+    return isPair ? Decoded{0x10000 + ((first - 0xD800) << 10U) + (text[1] - 0xDC00U), 2}
+                  : Decoded{kReplacement, 1};
 }
 
 void AppendUtf8(std::string& out, char32_t c)

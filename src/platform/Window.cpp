@@ -120,9 +120,10 @@ std::unique_ptr<Window> Window::initWithContentRect(Rect contentRect, WindowStyl
         return nullptr;
     }
     auto handle = std::make_unique<Handle>();
-    handle->window = style == WindowStyle::Titled
-                         ? MakeTitledWindow(contentRect.size)
-                         : MakeWindow(ScreenBounds(MainScreen()), SDL_WINDOW_BORDERLESS | SDL_WINDOW_FULLSCREEN_DESKTOP);
+    handle->window =
+        style == WindowStyle::Titled
+            ? MakeTitledWindow(contentRect.size)
+            : MakeWindow(ScreenBounds(MainScreen()), SDL_WINDOW_BORDERLESS | SDL_WINDOW_FULLSCREEN_DESKTOP);
     if (!handle->window)
     {
         LogFormat("A window could not be made: %s", SDL_GetError());

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Windows on the screen. One OpenGL context serves them all: a window shows the view that is its content view, and
-// the context draws into the window that shows its view.
+// Windows on the screen. One OpenGL context serves them all: a window shows the view that is its content
+// view, and the context draws into the window that shows its view.
 #pragma once
 
 #include "platform/Event.h"
@@ -39,7 +39,8 @@ public:
 
     void setTitle(std::string const& title);
 
-    // Shows the view here from now on: its context draws into this window, its frame takes this window's size.
+    // Shows the view here from now on: its context draws into this window, its frame takes this window's
+    // size.
     void setContentView(OpenGLView* view);
     OpenGLView* contentView() const { return m_view; }
 

@@ -88,8 +88,8 @@ TEST_F(GameControls, TheWheelStepsLikeTheKeys)
 TEST_F(GameControls, EveryStepClicks)
 {
     startRace();
-    for (platform::Event const& event :
-         {events::KeyDown(u"w"), events::KeyDown(u"s"), events::Wheel(0.0F, 1.0F), events::Wheel(0.0F, -1.0F)})
+    for (platform::Event const& event : {events::KeyDown(u"w"), events::KeyDown(u"s"),
+                                         events::Wheel(0.0F, 1.0F), events::Wheel(0.0F, -1.0F)})
     {
         frozen::Silence();
         send(event);

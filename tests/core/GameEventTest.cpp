@@ -110,8 +110,8 @@ TEST(GameEventKeys, TheFirstUnitIsTheCharacter)
 
 TEST(GameEventMouse, MovesAndDragsTellPlaceAndMovement)
 {
-    for (EventType const type : {EventType::MouseMoved, EventType::LeftMouseDragged, EventType::RightMouseDragged,
-                                 EventType::OtherMouseDragged})
+    for (EventType const type : {EventType::MouseMoved, EventType::LeftMouseDragged,
+                                 EventType::RightMouseDragged, EventType::OtherMouseDragged})
     {
         GameEvent const event = Wrapped(MouseDragged(type, 30.0F, 40.0F, 5, -6));
         int dx = 0;
@@ -201,10 +201,11 @@ TEST_P(GameEventWheel, AnyMovementAboveZeroIsUp)
 }
 
 INSTANTIATE_TEST_SUITE_P(Deltas, GameEventWheel,
-                         testing::Values(WheelCase{1, 0, 0, true}, WheelCase{0, 1, 0, true}, WheelCase{0, 0, 1, true},
-                                         WheelCase{-1, 1, 0, true}, WheelCase{1, -1, 0, true},
-                                         WheelCase{-1, 0, 0, false}, WheelCase{0, -1, 0, false},
-                                         WheelCase{0, 0, -1, false}, WheelCase{0, 0, 0, false}));
+                         testing::Values(WheelCase{1, 0, 0, true}, WheelCase{0, 1, 0, true},
+                                         WheelCase{0, 0, 1, true}, WheelCase{-1, 1, 0, true},
+                                         WheelCase{1, -1, 0, true}, WheelCase{-1, 0, 0, false},
+                                         WheelCase{0, -1, 0, false}, WheelCase{0, 0, -1, false},
+                                         WheelCase{0, 0, 0, false}));
 
 TEST(GameEventNoWheel, AnotherEventLeavesTheAnswerUntouched)
 {

@@ -19,11 +19,11 @@
 #include "world/Camera.h"
 #include "world/Universe.h"
 
-#include <cmath>
-#include <ctime>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <ctime>
 
 namespace
 {
@@ -179,7 +179,8 @@ TEST_F(Stage, ConstructionSetsTheFixedState)
     ASSERT_GE(calls.size(), wanted.size());
     EXPECT_TRUE(std::equal(wanted.begin(), wanted.end(), calls.begin()))
         << "the first calls are " << testing::PrintToString(std::vector(calls.begin(), calls.begin() + 23));
-    EXPECT_EQ(recording::indexOf(calls, "glTexImage2D") > 22, true) << "the world comes after the fixed state";
+    EXPECT_EQ(recording::indexOf(calls, "glTexImage2D") > 22, true)
+        << "the world comes after the fixed state";
 }
 
 TEST_F(Stage, ConstructionPlacesNoLight)

@@ -127,20 +127,23 @@ TEST_F(ViewInWindow, MouseMovesComeWhileTheViewHasTheKeyboard)
 
 TEST_F(ViewInWindow, TheFrameTimerRunsInAllModes)
 {
-    for (RunLoop::Mode const mode : {RunLoop::Mode::Default, RunLoop::Mode::EventTracking, RunLoop::Mode::ModalPanel})
+    for (RunLoop::Mode const mode :
+         {RunLoop::Mode::Default, RunLoop::Mode::EventTracking, RunLoop::Mode::ModalPanel})
     {
         ASSERT_GT(RunLoop::current().secondsUntilNextTimer(mode), 1.0) << "no timer yet";
     }
     CapturedLog log;
     m_view->awakeFromNib();
     EXPECT_THAT(log.lines(), ElementsAre("awakeFromNib", "end awakeFromNib"));
-    for (RunLoop::Mode const mode : {RunLoop::Mode::Default, RunLoop::Mode::EventTracking, RunLoop::Mode::ModalPanel})
+    for (RunLoop::Mode const mode :
+         {RunLoop::Mode::Default, RunLoop::Mode::EventTracking, RunLoop::Mode::ModalPanel})
     {
         EXPECT_LE(RunLoop::current().secondsUntilNextTimer(mode), 0.001);
     }
     m_window.reset();
     m_view.reset();
-    EXPECT_GT(RunLoop::current().secondsUntilNextTimer(RunLoop::Mode::Default), 1.0) << "the view takes its timer along";
+    EXPECT_GT(RunLoop::current().secondsUntilNextTimer(RunLoop::Mode::Default), 1.0)
+        << "the view takes its timer along";
 }
 
 TEST_F(ViewInWindow, FullScreenShowsTheViewInAWindowOfItsOwn)

@@ -29,7 +29,8 @@ std::vector<int> BytesOf(GBuffer const& buffer)
 std::unique_ptr<QTImage> ImageOf(TestPicture const& picture)
 {
     auto image = std::make_unique<QTImage>();
-    return image->SetImageFromFSSpec(picture.file()) && image->CreateImageWithBitdepth(32) ? std::move(image) : nullptr;
+    return image->SetImageFromFSSpec(picture.file()) && image->CreateImageWithBitdepth(32) ? std::move(image)
+                                                                                           : nullptr;
 }
 
 TEST(GBuffer, HoldsRowsWithoutPadding)
@@ -67,7 +68,8 @@ TEST(GBuffer, ACopyFillsTheWholeDestination)
     TestPicture const picture(8, 8, Plain(0xFF102030));
     auto const image = ImageOf(picture);
     ASSERT_NE(image, nullptr);
-    for (platform::Size const size : {platform::Size{4.0F, 2.0F}, platform::Size{1.0F, 1.0F}, platform::Size{16.0F, 9.0F}})
+    for (platform::Size const size :
+         {platform::Size{4.0F, 2.0F}, platform::Size{1.0F, 1.0F}, platform::Size{16.0F, 9.0F}})
     {
         auto const copy = GBuffer::Create(size, 32);
         image->copyTo(*copy);
@@ -95,7 +97,8 @@ TEST(GBuffer, ACopyKeepsTheRowsInOrder)
 
 TEST(GBuffer, ASmallerCopyInterpolates)
 {
-    TestPicture const picture(2, 2, [](int x, int y) { return (x + y) % 2 == 0 ? 0xFFFFFFFFU : 0xFF000000U; });
+    TestPicture const picture(2, 2,
+                              [](int x, int y) { return (x + y) % 2 == 0 ? 0xFFFFFFFFU : 0xFF000000U; });
     auto const image = ImageOf(picture);
     ASSERT_NE(image, nullptr);
     auto const copy = GBuffer::Create({1.0F, 1.0F}, 32);

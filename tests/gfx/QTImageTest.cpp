@@ -74,7 +74,8 @@ INSTANTIATE_TEST_SUITE_P(Sizes, QTImageSizes,
                                          SizeCase{2000, 2000, 1024, 1024}, SizeCase{1, 1, 1, 1},
                                          SizeCase{3, 1025, 4, 1024}));
 
-// Four by four, a colour for each quarter: top left red, top right green, bottom left blue, bottom right half clear.
+// Four by four, a colour for each quarter: top left red, top right green, bottom left blue, bottom right half
+// clear.
 TestPicture::Colour Quarters(int x, int y)
 {
     if (y < 2)

@@ -39,7 +39,10 @@ protected:
     }
     std::vector<Call> create(int mode) { return create(mode, m_image); }
 
-    Call filter(int which, int value) { return call("glTexParameteri", {GL_TEXTURE_2D, double(which), double(value)}); }
+    Call filter(int which, int value)
+    {
+        return call("glTexParameteri", {GL_TEXTURE_2D, double(which), double(value)});
+    }
 
     TestPicture m_picture;
     TestPicture m_odd;
@@ -92,8 +95,8 @@ TEST_F(SpriteTest, MipmapsGoDownToOnePixel)
         }
     }
     using Size = std::pair<int, int>;
-    EXPECT_THAT(sizes, ElementsAre(Size{256, 64}, Size{128, 32}, Size{64, 16}, Size{32, 8}, Size{16, 4}, Size{8, 2},
-                                   Size{4, 1}, Size{2, 1}, Size{1, 1}));
+    EXPECT_THAT(sizes, ElementsAre(Size{256, 64}, Size{128, 32}, Size{64, 16}, Size{32, 8}, Size{16, 4},
+                                   Size{8, 2}, Size{4, 1}, Size{2, 1}, Size{1, 1}));
     EXPECT_THAT(calls, Contains(filter(GL_TEXTURE_MAG_FILTER, GL_LINEAR)));
     EXPECT_THAT(calls, Contains(filter(GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR)));
     EXPECT_THAT(calls, Contains(filter(GL_TEXTURE_BASE_LEVEL, 0)));
@@ -149,8 +152,9 @@ TEST_F(SpriteTest, SetBindsAndMinifiesByItsMode)
         create(mode);
         recording::start();
         m_sprite.set();
-        EXPECT_THAT(recording::stop(), ElementsAre(call("glBindTexture", {GL_TEXTURE_2D, double(m_sprite.GetTexture())}),
-                                                   filter(GL_TEXTURE_MIN_FILTER, minify)));
+        EXPECT_THAT(recording::stop(),
+                    ElementsAre(call("glBindTexture", {GL_TEXTURE_2D, double(m_sprite.GetTexture())}),
+                                filter(GL_TEXTURE_MIN_FILTER, minify)));
     }
 }
 
@@ -178,11 +182,11 @@ TEST_F(SpriteTest, TheQuadShowsTheWholeTexture)
     create(1);
     recording::start();
     m_sprite.render(10.9F, 20.9F);
-    EXPECT_THAT(recording::stop(),
-                ElementsAre(call("glBegin", {GL_QUADS}), call("glTexCoord2i", {0, 1}), call("glVertex2i", {10, 20}),
-                            call("glTexCoord2i", {0, 0}), call("glVertex2i", {10, 84}),
-                            call("glTexCoord2i", {1, 0}), call("glVertex2i", {266, 84}),
-                            call("glTexCoord2i", {1, 1}), call("glVertex2i", {266, 20}), call("glEnd")));
+    EXPECT_THAT(recording::stop(), ElementsAre(call("glBegin", {GL_QUADS}), call("glTexCoord2i", {0, 1}),
+                                               call("glVertex2i", {10, 20}), call("glTexCoord2i", {0, 0}),
+                                               call("glVertex2i", {10, 84}), call("glTexCoord2i", {1, 0}),
+                                               call("glVertex2i", {266, 84}), call("glTexCoord2i", {1, 1}),
+                                               call("glVertex2i", {266, 20}), call("glEnd")));
 }
 
 TEST_F(SpriteTest, DeletingTellsWhetherThereWasATexture)

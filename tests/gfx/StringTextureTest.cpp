@@ -34,7 +34,10 @@ protected:
         m_texture.initWithString("Start Race", m_attributes);
     }
 
-    platform::Size measured(std::string const& text) { return platform::AttributedString(text, m_attributes).size(); }
+    platform::Size measured(std::string const& text)
+    {
+        return platform::AttributedString(text, m_attributes).size();
+    }
 
     // What drawing at (0, 0) calls.
     std::vector<recording::Call> draw()
@@ -150,13 +153,19 @@ TEST_F(StringTextureTest, TheTextureIsMadeByTheFirstDrawOnly)
 TEST_F(StringTextureTest, EverySetterThrowsTheTextureAway)
 {
     std::vector<std::function<void()>> const setters{
-        [this] { m_texture.setString({"x", m_attributes}); },
+        [this] {
+            m_texture.setString({"x", m_attributes});
+        },
         [this] { m_texture.setString("x", m_attributes); },
         [this] { m_texture.setTextColor(kRed); },
         [this] { m_texture.setBoxColor(kRed); },
         [this] { m_texture.setBorderColor(kRed); },
-        [this] { m_texture.setMargins({1.0F, 1.0F}); },
-        [this] { m_texture.useStaticFrame({20.0F, 20.0F}); },
+        [this] {
+            m_texture.setMargins({1.0F, 1.0F});
+        },
+        [this] {
+            m_texture.useStaticFrame({20.0F, 20.0F});
+        },
         [this] { m_texture.useDynamicFrame(); },
     };
     int index = 0;
@@ -188,8 +197,8 @@ TEST_F(StringTextureTest, TheUploadIsARectangleOfRgbaBytes)
     double const name = m_texture.texName();
     EXPECT_EQ(recording::indexOf(calls, call("glGenTextures", {1})), 0);
     EXPECT_EQ(recording::indexOf(calls, call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name})), 1);
-    EXPECT_EQ(recording::indexOf(calls, call("glTexImage2D", {GL_TEXTURE_RECTANGLE_EXT, 0, GL_RGBA, 200, 30, 0, GL_RGBA,
-                                                              GL_UNSIGNED_BYTE})),
+    EXPECT_EQ(recording::indexOf(calls, call("glTexImage2D", {GL_TEXTURE_RECTANGLE_EXT, 0, GL_RGBA, 200, 30,
+                                                              0, GL_RGBA, GL_UNSIGNED_BYTE})),
               2);
     EXPECT_EQ(recording::count(calls, "glTexParameteri"), 0);
     EXPECT_EQ(recording::count(calls, "glTexParameterf"), 0);
@@ -202,12 +211,12 @@ TEST_F(StringTextureTest, TheQuadIsTheTextureAtItsNaturalSize)
     double const name = m_texture.texName();
     recording::start();
     m_texture.drawAtPoint({10.0F, 20.0F});
-    EXPECT_THAT(recording::stop(),
-                ElementsAre(call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name}), call("glBegin", {GL_QUADS}),
-                            call("glTexCoord2f", {0, 0}), call("glVertex2f", {10, 20}),
-                            call("glTexCoord2f", {0, 30}), call("glVertex2f", {10, 50}),
-                            call("glTexCoord2f", {200, 30}), call("glVertex2f", {210, 50}),
-                            call("glTexCoord2f", {200, 0}), call("glVertex2f", {210, 20}), call("glEnd")));
+    EXPECT_THAT(recording::stop(), ElementsAre(call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name}),
+                                               call("glBegin", {GL_QUADS}), call("glTexCoord2f", {0, 0}),
+                                               call("glVertex2f", {10, 20}), call("glTexCoord2f", {0, 30}),
+                                               call("glVertex2f", {10, 50}), call("glTexCoord2f", {200, 30}),
+                                               call("glVertex2f", {210, 50}), call("glTexCoord2f", {200, 0}),
+                                               call("glVertex2f", {210, 20}), call("glEnd")));
 }
 
 TEST_F(StringTextureTest, BoundsStretchTheTexture)

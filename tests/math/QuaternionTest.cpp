@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 #include "math/qmath.h"
-
 #include "support/VectorMatchers.h"
 
 #include <gmock/gmock.h>
@@ -205,11 +204,14 @@ TEST(QuaternionTest, OppositeVectorsGiveAHalfTurnAboutAPerpendicularAxis)
 TEST(QuaternionTest, HalfTurnTakesTheAxisOfTheLeastComponent)
 {
     // Least |x|, |y| above |z| = 0: the z axis. h = (0, 0, -1); h x to = (0.8, -0.6, 0).
-    EXPECT_THAT(FromTo({-0.6F, -0.8F, 0.0F}, {0.6F, 0.8F, 0.0F}), IsQuaternionNear(0.0F, 0.8F, -0.6F, 0.0F, 1e-6F));
+    EXPECT_THAT(FromTo({-0.6F, -0.8F, 0.0F}, {0.6F, 0.8F, 0.0F}),
+                IsQuaternionNear(0.0F, 0.8F, -0.6F, 0.0F, 1e-6F));
     // |x| above |y|: the y axis. h = (0, -1, 0); h x to = (-0.6, 0, 0.8).
-    EXPECT_THAT(FromTo({-0.8F, 0.0F, -0.6F}, {0.8F, 0.0F, 0.6F}), IsQuaternionNear(0.0F, -0.6F, 0.0F, 0.8F, 1e-6F));
+    EXPECT_THAT(FromTo({-0.8F, 0.0F, -0.6F}, {0.8F, 0.0F, 0.6F}),
+                IsQuaternionNear(0.0F, -0.6F, 0.0F, 0.8F, 1e-6F));
     // Otherwise the x axis, in a tie too. h = (-1, 0, 0); h x (0, 0, 1) = (0, 1, 0).
-    EXPECT_THAT(FromTo({0.0F, 0.0F, -1.0F}, {0.0F, 0.0F, 1.0F}), IsQuaternionNear(0.0F, 0.0F, 1.0F, 0.0F, 1e-6F));
+    EXPECT_THAT(FromTo({0.0F, 0.0F, -1.0F}, {0.0F, 0.0F, 1.0F}),
+                IsQuaternionNear(0.0F, 0.0F, 1.0F, 0.0F, 1e-6F));
 }
 
 // Their sum has a component, but a length that rounds to nothing.

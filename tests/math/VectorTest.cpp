@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 #include "math/qmath.h"
-
 #include "support/VectorMatchers.h"
 
 #include <gmock/gmock.h>

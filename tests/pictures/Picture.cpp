@@ -13,9 +13,9 @@
 namespace
 {
 
-constexpr double kMeanTolerance = 1.5;        // of 255
-constexpr int kPixelTolerance = 40;           // of 255
-constexpr double kFarPixelTolerance = 0.01;   // share of pixels
+constexpr double kMeanTolerance = 1.5;      // of 255
+constexpr int kPixelTolerance = 40;         // of 255
+constexpr double kFarPixelTolerance = 0.01; // share of pixels
 
 using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
 
@@ -26,8 +26,8 @@ std::string GoldenFile(std::string const& name)
 
 struct Difference
 {
-    double mean = 0.0;      // of 255
-    double farShare = 0.0;  // pixels beyond kPixelTolerance
+    double mean = 0.0;     // of 255
+    double farShare = 0.0; // pixels beyond kPixelTolerance
 };
 
 Difference Compare(Picture const& a, Picture const& b)
@@ -54,9 +54,10 @@ Difference Compare(Picture const& a, Picture const& b)
 
 } // namespace
 
-Picture::Picture(int width, int height) :
-    m_width(width), m_height(height),
-    m_bytes(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)
+Picture::Picture(int width, int height)
+    : m_width(width),
+      m_height(height),
+      m_bytes(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3)
 {
 }
 
@@ -79,8 +80,9 @@ Picture Picture::load(std::string const& file)
 
 bool Picture::save(std::string const& file) const
 {
-    Surface const surface(SDL_CreateRGBSurfaceWithFormatFrom(const_cast<std::uint8_t*>(m_bytes.data()), m_width,
-                                                             m_height, 24, m_width * 3, SDL_PIXELFORMAT_RGB24),
+    Surface const surface(SDL_CreateRGBSurfaceWithFormatFrom(const_cast<std::uint8_t*>(m_bytes.data()),
+                                                             m_width, m_height, 24, m_width * 3,
+                                                             SDL_PIXELFORMAT_RGB24),
                           SDL_FreeSurface);
     return surface && IMG_SavePNG(surface.get(), file.c_str()) == 0;
 }
@@ -90,7 +92,8 @@ testing::AssertionResult LooksLike(Picture const& picture, std::string const& na
     std::string const file = GoldenFile(name);
     if (std::getenv("QUARROW_UPDATE_GOLDEN") != nullptr)
     {
-        return picture.save(file) ? testing::AssertionSuccess() : testing::AssertionFailure() << "cannot write " << file;
+        return picture.save(file) ? testing::AssertionSuccess()
+                                  : testing::AssertionFailure() << "cannot write " << file;
     }
     Picture const golden = Picture::load(file);
     if (golden.width() != picture.width() || golden.height() != picture.height())
@@ -103,7 +106,7 @@ testing::AssertionResult LooksLike(Picture const& picture, std::string const& na
         return testing::AssertionSuccess();
     }
     picture.save(name + "-seen.png");
-    return testing::AssertionFailure() << name << " differs by " << difference.mean << " of 255 on average, "
-                                       << difference.farShare * 100.0 << " % of its pixels strongly; see " << name
-                                       << "-seen.png";
+    return testing::AssertionFailure()
+           << name << " differs by " << difference.mean << " of 255 on average, "
+           << difference.farShare * 100.0 << " % of its pixels strongly; see " << name << "-seen.png";
 }

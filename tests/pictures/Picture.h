@@ -26,15 +26,19 @@ public:
     bool save(std::string const& file) const;
 
 private:
-    std::size_t offset(int y) const { return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) * 3; }
+    std::size_t offset(int y) const
+    {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) * 3;
+    }
 
     int m_width;
     int m_height;
     std::vector<std::uint8_t> m_bytes;
 };
 
-// Succeeds when the picture looks like tests/pictures/golden/<name>.png: on average at most 1.5 of 255 apart, and at
-// most one pixel in a hundred by more than 40. Software OpenGL rounds differently from version to version, along edges
-// above all, and FreeType's grey levels move by a few; a missing line of text or a marker elsewhere differs by more.
-// On failure the picture is left beside the test program. With QUARROW_UPDATE_GOLDEN set it becomes the golden one.
+// Succeeds when the picture looks like tests/pictures/golden/<name>.png: on average at most 1.5 of 255 apart,
+// and at most one pixel in a hundred by more than 40. Software OpenGL rounds differently from version to
+// version, along edges above all, and FreeType's grey levels move by a few; a missing line of text or a
+// marker elsewhere differs by more. On failure the picture is left beside the test program. With
+// QUARROW_UPDATE_GOLDEN set it becomes the golden one.
 testing::AssertionResult LooksLike(Picture const& picture, std::string const& name);

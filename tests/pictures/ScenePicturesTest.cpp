@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The scene, the cockpit and the menus as a player sees them, against golden pictures.
+#include "core/Game.h"
 #include "pictures/Picture.h"
 #include "pictures/SceneWindow.h"
-
-#include "core/Game.h"
 #include "platform/Random.h"
 #include "settings/GameSettings.h"
 #include "ui/Menu.h"
@@ -62,10 +61,12 @@ protected:
 
     Picture DrawScene()
     {
-        return SceneWindow::shared().draw([this](int width, int height) {
-            m_universe->Render(width, height);
-            Menu::RenderCurrent(width, height);
-        });
+        return SceneWindow::shared().draw(
+            [this](int width, int height)
+            {
+                m_universe->Render(width, height);
+                Menu::RenderCurrent(width, height);
+            });
     }
 
     static Picture DrawMenu()

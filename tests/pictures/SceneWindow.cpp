@@ -15,8 +15,12 @@ class PassiveView : public platform::OpenGLView
 public:
     bool initWithFrame(platform::Rect frame) override
     {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer, platform::kPixelFormatColorSize, 32,
-                                            platform::kPixelFormatDepthSize, 32, 0};
+        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
+                                            platform::kPixelFormatColorSize,
+                                            32,
+                                            platform::kPixelFormatDepthSize,
+                                            32,
+                                            0};
         auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
         return format && initWithPixelFormat(frame, *format);
     }
@@ -45,7 +49,8 @@ SceneWindow::SceneWindow() : m_view(std::make_unique<PassiveView>())
 {
     platform::Rect const content{{}, {kWidth, kHeight}};
     bool const hasContext = m_view->initWithFrame(content);
-    m_window = hasContext ? platform::Window::initWithContentRect(content, platform::WindowStyle::Titled) : nullptr;
+    m_window =
+        hasContext ? platform::Window::initWithContentRect(content, platform::WindowStyle::Titled) : nullptr;
     if (!m_window)
     {
         throw std::runtime_error("no window to draw into");

@@ -24,7 +24,8 @@ TEST(BundleTest, MissingResourceIsNothing)
 
 TEST(BundleTest, NamesNeverLeadOutOfTheResources)
 {
-    for (char const* name : {"", ".", "..", "../CMakeLists.txt", "/etc/passwd", "Images/roid-128.jpg", "a\\b"})
+    for (char const* name :
+         {"", ".", "..", "../CMakeLists.txt", "/etc/passwd", "Images/roid-128.jpg", "a\\b"})
     {
         EXPECT_FALSE(Bundle::pathForResource(name, "Images")) << name;
         EXPECT_FALSE(Bundle::pathForResource("roid-128.jpg", name)) << name;

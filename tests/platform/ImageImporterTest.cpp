@@ -367,11 +367,22 @@ TEST_F(ImageImporterTest, BrokenFilesAreNoPicturesAndSayNothing)
           jpeg.substr(0, jpeg.size() / 2), badPng, std::string("II*\0\x08\0\0\0\x03\0garbage", 17)})
     {
         auto const importer = ImageImporter::forFile(file(bytes));
-        EXPECT_FALSE(importer && setData(*importer, bytes)) << bytes.size() << " of " << png.size() << ", " << jpeg.size();
+        EXPECT_FALSE(importer && setData(*importer, bytes))
+            << bytes.size() << " of " << png.size() << ", " << jpeg.size();
     }
     EXPECT_FALSE(ImageImporter::forFile(m_folder / "missing"));
     EXPECT_FALSE(ImageImporter::forFile(m_folder / "."));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+// Its last chunk never ends; a decoder that reads on finds the same bytes again and again.
+TEST_F(ImageImporterTest, PictureThatEndsWithinAChunkComesToAnEnd)
+{
+    std::string const bytes =
+        ReadBytes(std::filesystem::path(QUARROW_SOURCE_DIR) / "fuzz/corpus/image/cut-off.png");
+    ASSERT_FALSE(bytes.empty());
+    auto const importer = ImageImporter::forType(Code("PNGf"));
+    EXPECT_FALSE(setData(*importer, bytes));
 }
 
 TEST_F(ImageImporterTest, AbsurdSizesAreRefusedFromTheHeader)

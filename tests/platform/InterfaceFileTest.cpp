@@ -43,7 +43,8 @@ protected:
 
 TEST_F(InterfaceFileTest, WindowAndCommandsAreRead)
 {
-    auto const interface = load(std::string(kWindow) + "[[command]]\naction = \"terminate\"\nkeys = [\"Ctrl+Q\"]\n");
+    auto const interface =
+        load(std::string(kWindow) + "[[command]]\naction = \"terminate\"\nkeys = [\"Ctrl+Q\"]\n");
     ASSERT_TRUE(interface);
     EXPECT_EQ(interface->windowTitle, "T");
     EXPECT_EQ(interface->contentSize.width, 10.0F);
@@ -74,7 +75,8 @@ TEST_F(InterfaceFileTest, WhatCannotBeUsedIsToldInOneLine)
     expectRefusal("[window]\ntitle = 3\n", "title");
     expectRefusal("[window]\ntitle = \"T\"\nwidth = 0\nheight = 1\nview = \"V\"\n", "width");
     expectRefusal(std::string(kWindow) + "[[command]]\naction = \"dance\"\nkeys = []\n", "dance");
-    expectRefusal(std::string(kWindow) + "[[command]]\naction = \"terminate\"\nkeys = [\"Ctrl+\"]\n", "Ctrl+");
+    expectRefusal(std::string(kWindow) + "[[command]]\naction = \"terminate\"\nkeys = [\"Ctrl+\"]\n",
+                  "Ctrl+");
     expectRefusal(std::string(kWindow) + "[[command]]\naction = \"terminate\"\n", "keys");
 }
 

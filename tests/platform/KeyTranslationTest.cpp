@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "platform/KeyCodes.h"
 #include "platform/KeyTranslation.h"
+
+#include "platform/KeyCodes.h"
 
 #include <gtest/gtest.h>
 

@@ -234,7 +234,8 @@ TEST_P(BrokenSettings, AreSetAsideWithOneLine)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, BrokenSettings,
-                         testing::Values("A = ", "A = 1\nA = 2\n", "[[[", std::string("\0\xFF\x80", 3), "\"unended"),
+                         testing::Values("A = ", "A = 1\nA = 2\n", "[[[", std::string("\0\xFF\x80", 3),
+                                         "\"unended"),
                          [](auto const& text) { return "Text" + std::to_string(text.index); });
 
 TEST_F(PreferencesTest, FolderInTheWayIsSetAsideLikeABrokenFile)

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "platform/Clock.h"
 #include "platform/RunLoop.h"
+
+#include "platform/Clock.h"
 
 #include <gtest/gtest.h>
 
@@ -96,11 +97,13 @@ TEST(RunLoopTest, TimerMayEndItselfAndOthersFromItsAction)
     int otherCount = 0;
     std::shared_ptr<Timer> own;
     std::shared_ptr<Timer> other;
-    own = Timer::scheduledTimer(0.0, [&] {
-        ++ownCount;
-        own->invalidate();
-        other->invalidate();
-    });
+    own = Timer::scheduledTimer(0.0,
+                                [&]
+                                {
+                                    ++ownCount;
+                                    own->invalidate();
+                                    other->invalidate();
+                                });
     other = Timer::scheduledTimer(0.0, [&otherCount] { ++otherCount; });
     RunLoop::current().runTimersOnce(Mode::Default);
     RunLoop::current().runTimersOnce(Mode::Default);
@@ -113,12 +116,15 @@ TEST(RunLoopTest, TimerMayBeAddedFromAnAction)
 {
     int count = 0;
     std::shared_ptr<Timer> added;
-    auto const first = Timer::scheduledTimer(0.0, [&] {
-        if (!added)
-        {
-            added = Timer::scheduledTimer(0.0, [&count] { ++count; });
-        }
-    });
+    auto const first = Timer::scheduledTimer(0.0,
+                                             [&]
+                                             {
+                                                 if (!added)
+                                                 {
+                                                     added =
+                                                         Timer::scheduledTimer(0.0, [&count] { ++count; });
+                                                 }
+                                             });
     RunLoop::current().runTimersOnce(Mode::Default);
     RunLoop::current().runTimersOnce(Mode::Default);
     EXPECT_GE(count, 1);

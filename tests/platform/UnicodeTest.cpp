@@ -26,8 +26,8 @@ TEST(UnicodeTest, FunctionKeysHaveThreeBytes)
 TEST(UnicodeTest, IllFormedBytesAreReplacedOneByOne)
 {
     EXPECT_EQ(Utf16FromUtf8("\x80x"), u"\uFFFDx");
-    EXPECT_EQ(Utf16FromUtf8("\xE2\x82"), u"\uFFFD\uFFFD");        // cut off
-    EXPECT_EQ(Utf16FromUtf8("\xC0\x80"), u"\uFFFD\uFFFD");        // longer than needed
+    EXPECT_EQ(Utf16FromUtf8("\xE2\x82"), u"\uFFFD\uFFFD");           // cut off
+    EXPECT_EQ(Utf16FromUtf8("\xC0\x80"), u"\uFFFD\uFFFD");           // longer than needed
     EXPECT_EQ(Utf16FromUtf8("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD"); // a surrogate
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The game itself, with a pilot at its real window: while a race runs, the pilot's moves go to the X server as those
-// of a mouse and a keyboard, by way of xdotool, and come back to the game as any player's do.
+// The game itself, with a pilot at its real window: while a race runs, the pilot's moves go to the X server
+// as those of a mouse and a keyboard, by way of xdotool, and come back to the game as any player's do.
 #include "core/Game.h"
 #include "core/kGLView.h"
 #include "platform/Application.h"

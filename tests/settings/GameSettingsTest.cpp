@@ -52,12 +52,14 @@ TEST_P(IntDefaults, ReadsItsDefaultFromAnEmptyStore)
 
 INSTANTIATE_TEST_SUITE_P(Table, IntDefaults,
                          testing::Values(IntDefault{"Fullscreen", 1}, IntDefault{"_ShowFPS", 0},
-                                         IntDefault{"_FPSFontSize", 12}, IntDefault{"_AsteroidsSmoothness", 7},
+                                         IntDefault{"_FPSFontSize", 12},
+                                         IntDefault{"_AsteroidsSmoothness", 7},
                                          IntDefault{"_CockpitArrowX", 7}, IntDefault{"_CockpitArrowY", 7},
                                          IntDefault{"_CockpitTimerFontSize", 20},
-                                         IntDefault{"_CockpitWayptFontSize", 12}, IntDefault{"MouseInvert", 0},
-                                         IntDefault{"MusicLastTrackIndex", -1}),
-                         [](auto const& tested) {
+                                         IntDefault{"_CockpitWayptFontSize", 12},
+                                         IntDefault{"MouseInvert", 0}, IntDefault{"MusicLastTrackIndex", -1}),
+                         [](auto const& tested)
+                         {
                              std::string name(tested.param.key);
                              std::erase(name, '_');
                              return name;
@@ -90,7 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FloatDefault{"_PlayerMaxAccel", 0.3F}, FloatDefault{"_PlayerSize", 0.2F},
                     FloatDefault{"MouseSensitivity", 1.0F}, FloatDefault{"MouseDeadCenterPct", 0.05F},
                     FloatDefault{"SoundVolume", 1.0F}, FloatDefault{"MusicVolume", 0.5F}),
-    [](auto const& tested) {
+    [](auto const& tested)
+    {
         std::string name(tested.param.key);
         std::erase(name, '_');
         return name;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Stands in for the application while the object lives: whoever asks for the shared one gets it. A program that uses
-// it has no other application.
+// Stands in for the application while the object lives: whoever asks for the shared one gets it. A program
+// that uses it has no other application.
 #pragma once
 
 #include "platform/Application.h"

@@ -14,8 +14,9 @@
 namespace
 {
 
-// Within a layer of the lattice across the line's longest axis, an asteroid that comes within its greatest reach (0.7)
-// and kOpen of the line lies at most that distance times the square root of 3 from where the line crosses the layer.
+// Within a layer of the lattice across the line's longest axis, an asteroid that comes within its greatest
+// reach (0.7) and kOpen of the line lies at most that distance times the square root of 3 from where the line
+// crosses the layer.
 constexpr float kLayerReach = 1.74F;
 
 float Component(TQ3Vector3D const& v, int axis)
@@ -42,7 +43,9 @@ float DistanceToSegment(TQ3Vector3D const& point, TQ3Vector3D const& from, TQ3Ve
 
 } // namespace
 
-FieldMap::FieldMap(Universe const& universe) : m_universe(universe), m_shipRadius(universe.GetCamera()->GetRadius())
+FieldMap::FieldMap(Universe const& universe)
+    : m_universe(universe),
+      m_shipRadius(universe.GetCamera()->GetRadius())
 {
 }
 

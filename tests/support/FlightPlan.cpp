@@ -74,7 +74,8 @@ void AppendWay(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& 
 
 } // namespace
 
-std::vector<Leg> PlanFlight(FieldMap const& map, TQ3Vector3D const& from, std::vector<TQ3Vector3D> const& waypoints)
+std::vector<Leg> PlanFlight(FieldMap const& map, TQ3Vector3D const& from,
+                            std::vector<TQ3Vector3D> const& waypoints)
 {
     std::vector<Leg> legs;
     TQ3Vector3D start = from;

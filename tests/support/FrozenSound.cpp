@@ -13,8 +13,8 @@ namespace
 // A loopback device advances only when samples are taken from it, and nobody takes any.
 ALCdevice* OpenLoopback()
 {
-    auto const open =
-        reinterpret_cast<LPALCLOOPBACKOPENDEVICESOFT>(alcGetProcAddress(nullptr, "alcLoopbackOpenDeviceSOFT"));
+    auto const open = reinterpret_cast<LPALCLOOPBACKOPENDEVICESOFT>(
+        alcGetProcAddress(nullptr, "alcLoopbackOpenDeviceSOFT"));
     return open(nullptr);
 }
 
@@ -25,9 +25,10 @@ namespace frozen
 
 void Silence()
 {
-    platform::AudioDevice::shared().setOpening({OpenLoopback,
-                                                {ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT,
-                                                 ALC_SHORT_SOFT, ALC_FREQUENCY, 44100}});
+    platform::AudioDevice::shared().setOpening(
+        {OpenLoopback,
+         {ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT, ALC_SHORT_SOFT, ALC_FREQUENCY,
+          44100}});
 }
 
 bool Plays(char const* fileName)

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A sound device whose time stands still: what starts to play goes on playing until the test silences it, however
-// slow the machine. So "was it played?" is "does it play?".
+// A sound device whose time stands still: what starts to play goes on playing until the test silences it,
+// however slow the machine. So "was it played?" is "does it play?".
 #pragma once
 
 namespace frozen

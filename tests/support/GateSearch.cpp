@@ -15,9 +15,9 @@
 namespace
 {
 
-constexpr int kDetour = 10;          // cubes beyond the box around start and goal that a way may use
-constexpr float kHaste = 1.2F;       // more than 1: fewer cubes looked at for a slightly longer way
-constexpr float kNarrowness = 2.0F;  // how much longer than a free step one through the narrowest gate counts
+constexpr int kDetour = 10;         // cubes beyond the box around start and goal that a way may use
+constexpr float kHaste = 1.2F;      // more than 1: fewer cubes looked at for a slightly longer way
+constexpr float kNarrowness = 2.0F; // how much longer than a free step one through the narrowest gate counts
 
 struct Cube
 {
@@ -38,8 +38,8 @@ TQ3Vector3D Centre(Cube const& c)
     return {static_cast<float>(c.x) + 0.5F, static_cast<float>(c.y) + 0.5F, static_cast<float>(c.z) + 0.5F};
 }
 
-// The lattice points that a step from the cube by d passes closest to, and how closely: the four corners of a face,
-// the two ends of an edge, or the corner itself.
+// The lattice points that a step from the cube by d passes closest to, and how closely: the four corners of a
+// face, the two ends of an edge, or the corner itself.
 float StepClearance(FieldMap const& map, Cube const& c, Cube const& d)
 {
     int const axes = std::abs(d.x) + std::abs(d.y) + std::abs(d.z);
@@ -118,11 +118,15 @@ private:
     std::priority_queue<Open> m_open;
 };
 
-Search::Search(FieldMap const& map, Cube const& from, Cube const& to, float margin) :
-    m_map(map), m_from(from), m_to(to), m_margin(margin),
-    m_low{std::min(from.x, to.x) - kDetour, std::min(from.y, to.y) - kDetour, std::min(from.z, to.z) - kDetour},
-    m_size{std::abs(from.x - to.x) + 2 * kDetour + 1, std::abs(from.y - to.y) + 2 * kDetour + 1,
-           std::abs(from.z - to.z) + 2 * kDetour + 1}
+Search::Search(FieldMap const& map, Cube const& from, Cube const& to, float margin)
+    : m_map(map),
+      m_from(from),
+      m_to(to),
+      m_margin(margin),
+      m_low{std::min(from.x, to.x) - kDetour, std::min(from.y, to.y) - kDetour,
+            std::min(from.z, to.z) - kDetour},
+      m_size{std::abs(from.x - to.x) + 2 * kDetour + 1, std::abs(from.y - to.y) + 2 * kDetour + 1,
+             std::abs(from.z - to.z) + 2 * kDetour + 1}
 {
     auto const cubes = static_cast<std::size_t>(m_size.x) * static_cast<std::size_t>(m_size.y) *
                        static_cast<std::size_t>(m_size.z);
@@ -212,7 +216,8 @@ std::vector<TQ3Vector3D> Search::WayBack() const
 
 } // namespace
 
-std::vector<TQ3Vector3D> FindGates(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& to, float margin)
+std::vector<TQ3Vector3D> FindGates(FieldMap const& map, TQ3Vector3D const& from, TQ3Vector3D const& to,
+                                   float margin)
 {
     return Search(map, CubeAt(from), CubeAt(to), margin).Run();
 }

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Looks at menus as a player does: what an item says, where it stands, which look it has; and plays the mouse.
+// Looks at menus as a player does: what an item says, where it stands, which look it has; and plays the
+// mouse.
 #pragma once
 
 #include "ui/Menu.h"

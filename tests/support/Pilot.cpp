@@ -33,17 +33,19 @@ float NearestLook(float clearance, float speed)
 
 } // namespace
 
-// Where the ship is with respect to its leg, and where it should go.
+// Where the ship is with respect to its leg.
 struct Pilot::Course
 {
-    TQ3Vector3D nearest;  // on the leg
-    float along;          // units from the leg's start to there
-    float offTrack;       // units from there to the ship
+    float along;    // units from the leg's start to the ship's nearest place on it
+    float offTrack; // units from there to the ship
 };
 
-Pilot::Pilot(Universe const& universe, int viewWidth, int viewHeight) :
-    m_universe(universe), m_camera(*universe.GetCamera()), m_map(universe), m_viewWidth(viewWidth),
-    m_viewHeight(viewHeight)
+Pilot::Pilot(Universe const& universe, int viewWidth, int viewHeight)
+    : m_universe(universe),
+      m_camera(*universe.GetCamera()),
+      m_map(universe),
+      m_viewWidth(viewWidth),
+      m_viewHeight(viewHeight)
 {
     Plan();
 }
@@ -68,29 +70,34 @@ PilotInput Pilot::NextInput()
         ++m_replans;
     }
     AdvanceLeg();
-    TQ3Vector3D wanted =
-        test::Normalized(test::Difference(PointAhead(LookAhead()), m_camera.GetPosition()));
-    TQ3Vector3D facing;
-    m_camera.GetFacingNormal(&facing);
-    float const error = test::AngleBetween(facing, wanted);
+    TQ3Vector3D const ahead = FromCockpit(PointAhead(LookAhead()));
+    float const error = test::AngleBetween({0.0F, 0.0F, -1.0F}, test::Normalized(ahead));
 
-    // As seen from the cockpit: x to the right, y up.
-    TQ3Quaternion inverse;
-    Q3Quaternion_Invert(&m_camera.GetRotation(), &inverse);
-    Q3Vector3D_TransformQuaternion(&wanted, &inverse, &wanted);
-    float const sideways = std::sqrt(wanted.x * wanted.x + wanted.y * wanted.y);
+    // What lies straight behind is turned to by the right.
+    float const sideways = std::hypot(ahead.x, ahead.y);
     float const turn = std::min(1.0F, error / (kReaction * kTurnRate));
-    float const x = sideways > 0.0F ? wanted.x / sideways * turn : turn;
-    float const y = sideways > 0.0F ? wanted.y / sideways * turn : 0.0F;
+    float const x = sideways > 0.0F ? ahead.x / sideways * turn : turn;
+    float const y = sideways > 0.0F ? ahead.y / sideways * turn : 0.0F;
 
     int const press = ThrottlePress(SafeSpeed(error));
     m_thrusting = m_camera.GetTargetVPct() > 0.0F || press > 0;
     return {Pointer(x, m_viewWidth), Pointer(y, m_viewHeight), press};
 }
 
+// As the player sees it: x to the right, y up, -z ahead.
+TQ3Vector3D Pilot::FromCockpit(TQ3Vector3D const& place) const
+{
+    TQ3Vector3D offset = test::Difference(place, m_camera.GetPosition());
+    TQ3Quaternion inverse;
+    Q3Quaternion_Invert(&m_camera.GetRotation(), &inverse);
+    Q3Vector3D_TransformQuaternion(&offset, &inverse, &offset);
+    return offset;
+}
+
 bool Pilot::IsAstray() const
 {
-    bool const stoppedByImpact = m_thrusting && m_camera.GetTargetVPct() == 0.0F && m_camera.GetSpeed() == 0.0F;
+    bool const stoppedByImpact =
+        m_thrusting && m_camera.GetTargetVPct() == 0.0F && m_camera.GetSpeed() == 0.0F;
     Course const course = CurrentCourse();
     return stoppedByImpact || course.offTrack > std::max(0.3F, m_legs[m_leg].clearance);
 }
@@ -99,7 +106,7 @@ Pilot::Course Pilot::CurrentCourse() const
 {
     Leg const& leg = m_legs[m_leg];
     TQ3Vector3D const nearest = test::NearestOnSegment(m_camera.GetPosition(), leg.from, leg.to);
-    return {nearest, test::Length(test::Difference(nearest, leg.from)),
+    return {test::Length(test::Difference(nearest, leg.from)),
             test::Length(test::Difference(m_camera.GetPosition(), nearest))};
 }
 
@@ -141,7 +148,8 @@ TQ3Vector3D Pilot::PointAhead(float distance) const
 // Radians between a leg and the next; 0 at the end of the plan.
 float Pilot::TurnAhead(std::size_t leg) const
 {
-    return leg + 1 < m_legs.size() ? test::AngleBetween(m_legs[leg].direction, m_legs[leg + 1].direction) : 0.0F;
+    return leg + 1 < m_legs.size() ? test::AngleBetween(m_legs[leg].direction, m_legs[leg + 1].direction)
+                                   : 0.0F;
 }
 
 // What turns at the end of a leg may use up of its clearance.

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A pilot that flies whole races. It knows the world's geometry as a perfect chart, but its hands reach only what a
-// player's do: the pointer in the view, and the throttle keys. Simulated races and races in a real window ask it for
-// its next move in every frame.
+// A pilot that flies whole races. It knows the world's geometry as a perfect chart, but its hands reach only
+// what a player's do: the pointer in the view, and the throttle keys. Simulated races and races in a real
+// window ask it for its next move in every frame.
 #pragma once
 
 #include "math/qmath.h"
@@ -19,7 +19,7 @@ class Universe;
 // A frame's moves.
 struct PilotInput
 {
-    int mouseX;   // pointer in the view, in pixels from the bottom left
+    int mouseX; // pointer in the view, in pixels from the bottom left
     int mouseY;
     int throttle; // one press of the key: 1 up, -1 down, 0 none
 };
@@ -44,6 +44,7 @@ private:
     void AdvanceLeg();
     Course CurrentCourse() const;
     TQ3Vector3D PointAhead(float distance) const;
+    TQ3Vector3D FromCockpit(TQ3Vector3D const& place) const;
     float TurnAhead(std::size_t leg) const;
     float LookAhead() const;
     float Room(std::size_t leg) const;
@@ -60,6 +61,6 @@ private:
     std::vector<Leg> m_legs;
     std::size_t m_leg = 0;
     std::size_t m_firstWaypoint = 0; // of the plan
-    bool m_thrusting = false; // as of the last frame: an impact cuts the throttle
+    bool m_thrusting = false;        // as of the last frame: an impact cuts the throttle
     int m_replans = 0;
 };

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/RecordingGL.h"
 
-#include "support/RecordingGLState.h"
-
 #include "platform/OpenGL.h"
+#include "support/RecordingGLState.h"
 
 #include <algorithm>
 #include <ostream>
@@ -130,8 +129,9 @@ int indexOf(std::vector<Call> const& calls, Call const& wanted, int from)
 
 int indexOf(std::vector<Call> const& calls, std::string const& name, int from)
 {
-    return position(std::find_if(calls.begin() + from, calls.end(), [&](Call const& c) { return c.name == name; }),
-                    calls);
+    return position(
+        std::find_if(calls.begin() + from, calls.end(), [&](Call const& c) { return c.name == name; }),
+        calls);
 }
 
 } // namespace recording

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// An OpenGL (and GLU) without a picture: the same entry points, which note each call while recording is on, hand out
-// names, and keep the little state that the game asks back. While it is off they cost next to nothing, so simulation
-// and benchmarks run on it too. Link quarrow_recording_gl instead of OpenGL.
+// An OpenGL (and GLU) without a picture: the same entry points, which note each call while recording is on,
+// hand out names, and keep the little state that the game asks back. While it is off they cost next to
+// nothing, so simulation and benchmarks run on it too. Link quarrow_recording_gl instead of OpenGL.
 #pragma once
 
 #include <initializer_list>
@@ -16,7 +16,7 @@ namespace recording
 
 struct Call
 {
-    std::string name;             // "glEnable"
+    std::string name;              // "glEnable"
     std::vector<double> arguments; // numbers in order; of an array argument its elements
 
     bool operator==(Call const&) const = default;

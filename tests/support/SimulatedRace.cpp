@@ -52,7 +52,8 @@ void SimulatedRace::Step()
         PressKey(m_game, input.throttle > 0 ? "KeyDefaultThrustUp" : "KeyDefaultThrustDown");
     }
     m_universe->Tick(1.0 / kStepsPerSecond);
-    m_universe->PlayerWantsToTurn(TurnRequest(input.mouseX, kViewWidth), TurnRequest(input.mouseY, kViewHeight));
+    m_universe->PlayerWantsToTurn(TurnRequest(input.mouseX, kViewWidth),
+                                  TurnRequest(input.mouseY, kViewHeight));
 }
 
 bool SimulatedRace::IsOver() const

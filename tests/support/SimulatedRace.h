@@ -20,7 +20,8 @@ public:
     // Starts a race from the menu of Game::pGame, in the world that the seed gives.
     explicit SimulatedRace(unsigned seed);
 
-    // One step: the pilot's input as events, the world's tick, and the turn request of the frame that would be drawn.
+    // One step: the pilot's input as events, the world's tick, and the turn request of the frame that would
+    // be drawn.
     void Step();
 
     bool IsOver() const; // the game is back in a menu

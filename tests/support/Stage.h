@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// What every test of game and menus starts from: default settings, an OpenGL as new, silence, no menu, no game.
+// What every test of game and menus starts from: default settings, an OpenGL as new, silence, no menu, no
+// game.
 #pragma once
 
 #include <gtest/gtest.h>

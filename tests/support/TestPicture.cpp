@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "support/TestPicture.h"
 
+#include <unistd.h>
+
 #include <fstream>
 #include <vector>
-
-#include <unistd.h>
 
 namespace
 {
@@ -25,7 +25,8 @@ public:
     }
     void save(std::filesystem::path const& file) const
     {
-        std::ofstream(file, std::ios::binary).write(m_bytes.data(), static_cast<std::streamsize>(m_bytes.size()));
+        std::ofstream(file, std::ios::binary)
+            .write(m_bytes.data(), static_cast<std::streamsize>(m_bytes.size()));
     }
 
 private:

@@ -31,7 +31,8 @@ MATCHER_P3(IsExactly, x, y, z, "")
 
 MATCHER_P4(IsNear, x, y, z, tolerance, "")
 {
-    return std::fabs(arg.x - x) <= tolerance && std::fabs(arg.y - y) <= tolerance && std::fabs(arg.z - z) <= tolerance;
+    return std::fabs(arg.x - x) <= tolerance && std::fabs(arg.y - y) <= tolerance &&
+           std::fabs(arg.z - z) <= tolerance;
 }
 
 MATCHER_P4(IsQuaternion, w, x, y, z, "")

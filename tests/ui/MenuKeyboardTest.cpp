@@ -39,8 +39,9 @@ protected:
 
 TEST_F(MenuKeyboardTest, ShowsTheBindings)
 {
-    EXPECT_THAT(TextsOf(menu()), ElementsAre("Increase Throttle Key: w", "Decrease Throttle Key: s",
-                                             "Pause Game key: Esc", "Invert Mouse Up/Down:  NO", "", "Back to Options"));
+    EXPECT_THAT(TextsOf(menu()),
+                ElementsAre("Increase Throttle Key: w", "Decrease Throttle Key: s", "Pause Game key: Esc",
+                            "Invert Mouse Up/Down:  NO", "", "Back to Options"));
     EXPECT_EQ(probe::BoxOf(menu(), 5).y, 300 + 200);
     EXPECT_EQ(probe::FontSizeOf(menu().GetItem(0)), 20.0F);
 }
@@ -217,20 +218,21 @@ struct NamedKey
 
 std::vector<NamedKey> AllNames()
 {
-    std::vector<NamedKey> keys{{0x1B, "Esc"},        {0x20, "Space"},        {0x09, "Tab"},
-                               {0x0D, "Return"},     {0x03, "Enter"},        {0xF700, "Up Arrow"},
+    std::vector<NamedKey> keys{{0x1B, "Esc"},          {0x20, "Space"},        {0x09, "Tab"},
+                               {0x0D, "Return"},       {0x03, "Enter"},        {0xF700, "Up Arrow"},
                                {0xF701, "Down Arrow"}, {0xF702, "Left Arrow"}, {0xF703, "Right Arrow"}};
     int code = 0xF704;
-    for (char const* name : {"F1", "F2", "F3", "F4", "F5", "F6", "F7", "F8", "F9", "F10", "F11", "F12", "F13", "F14",
-                             "F15"})
+    for (char const* name :
+         {"F1", "F2", "F3", "F4", "F5", "F6", "F7", "F8", "F9", "F10", "F11", "F12", "F13", "F14", "F15"})
     {
         keys.push_back({code++, name});
     }
     code = 0xF727;
     for (char const* name :
-         {"Insert",  "Delete", "Home",    "Begin",  "End",      "Page Up",  "Page Dn",  "PrtScrn",  "ScrollLock",
-          "Pause",   "SysReq", "Break",   "Reset",  "Stop",     "Menu",     "UserFn",   "System",   "PrintFn",
-          "Clear/NumLk", "Clear", "Ins Line", "Del Line", "Ins Char", "Del Char", "Prev Fn"})
+         {"Insert",   "Delete",     "Home",     "Begin",   "End",         "Page Up", "Page Dn",
+          "PrtScrn",  "ScrollLock", "Pause",    "SysReq",  "Break",       "Reset",   "Stop",
+          "Menu",     "UserFn",     "System",   "PrintFn", "Clear/NumLk", "Clear",   "Ins Line",
+          "Del Line", "Ins Char",   "Del Char", "Prev Fn"})
     {
         keys.push_back({code++, name});
     }
@@ -244,7 +246,8 @@ TEST(KeyNames, FiftyKeysHaveNames)
     ASSERT_EQ(keys.size(), 50U);
     for (NamedKey const& key : keys)
     {
-        EXPECT_EQ(MenuKeyboard::KeyName(static_cast<unsigned short>(key.code)), key.name) << std::hex << key.code;
+        EXPECT_EQ(MenuKeyboard::KeyName(static_cast<unsigned short>(key.code)), key.name)
+            << std::hex << key.code;
     }
 }
 

@@ -43,7 +43,8 @@ protected:
 
 TEST_F(MenuMainTest, SaysItsFiveItems)
 {
-    EXPECT_THAT(probe::TextsOf(menu()), ElementsAre("Start Race", "View Best Times", "Options", "Credits", "Quit"));
+    EXPECT_THAT(probe::TextsOf(menu()),
+                ElementsAre("Start Race", "View Best Times", "Options", "Credits", "Quit"));
     for (int item = 0; item < 5; ++item)
     {
         EXPECT_EQ(probe::FontSizeOf(menu().GetItem(item)), 20.0F);
@@ -90,7 +91,8 @@ TEST_F(MenuMainTest, CaptionsHaveTheirSizesAndColours)
 TEST_F(MenuMainTest, CaptionsFollowTheWindow)
 {
     Menu::RenderCurrent(1023, 767);
-    auto const at = [this](int index) { return std::pair(BoxOf(menu().GetCaption(index)).x, BoxOf(menu().GetCaption(index)).y); };
+    auto const at = [this](int index)
+    { return std::pair(BoxOf(menu().GetCaption(index)).x, BoxOf(menu().GetCaption(index)).y); };
     EXPECT_EQ(at(kTitle), std::pair(511, 153));
     EXPECT_EQ(at(kAuthorship), std::pair(511, 213));
     EXPECT_EQ(at(kNews), std::pair(127, 690));

@@ -85,7 +85,8 @@ TEST_F(OptionsTest, DefaultsAreShown)
 {
     EXPECT_THAT(TextsOf(MenuGraphics()), ElementsAre("View Distance:  NORMAL", "Asteroid Detail:  NORMAL",
                                                      "Asteroid Density:  NORMAL", "", "Back to Options"));
-    EXPECT_THAT(TextsOf(MenuSound()), ElementsAre("Sound Volume:  ON", "Music Volume:  MEDIUM", "", "Back to Options"));
+    EXPECT_THAT(TextsOf(MenuSound()),
+                ElementsAre("Sound Volume:  ON", "Music Volume:  MEDIUM", "", "Back to Options"));
 }
 
 TEST_F(OptionsTest, SpacersHighlightButDoNothing)
@@ -213,7 +214,8 @@ INSTANTIATE_TEST_SUITE_P(Values, ViewDistance,
                                          FloatCase{64.999F, "NORMAL", 65.0F}, FloatCase{65.0F, "HIGH", 40.0F},
                                          FloatCase{0.0F, "LOW", 50.0F}, FloatCase{-1000.0F, "LOW", 50.0F},
                                          FloatCase{kHuge, "HIGH", 40.0F}, FloatCase{kInfinity, "HIGH", 40.0F},
-                                         FloatCase{-kInfinity, "LOW", 50.0F}, FloatCase{kNan, "HIGH", 40.0F}));
+                                         FloatCase{-kInfinity, "LOW", 50.0F},
+                                         FloatCase{kNan, "HIGH", 40.0F}));
 
 class Density : public Stage, public testing::WithParamInterface<FloatCase>
 {
@@ -233,7 +235,8 @@ TEST_P(Density, AHandSetValueShowsItsRangeAndJoinsTheCycle)
 INSTANTIATE_TEST_SUITE_P(Values, Density,
                          testing::Values(FloatCase{0.499F, "HALF", 0.5F}, FloatCase{0.5F, "NORMAL", 0.25F},
                                          FloatCase{0.0F, "HALF", 0.5F}, FloatCase{-3.0F, "HALF", 0.5F},
-                                         FloatCase{kHuge, "NORMAL", 0.25F}, FloatCase{kNan, "NORMAL", 0.25F}));
+                                         FloatCase{kHuge, "NORMAL", 0.25F},
+                                         FloatCase{kNan, "NORMAL", 0.25F}));
 
 class MusicVolume : public Stage, public testing::WithParamInterface<FloatCase>
 {
@@ -294,9 +297,9 @@ TEST_P(Detail, AHandSetValueShowsItsRangeAndJoinsTheCycle)
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Detail,
-                         testing::Values(IntCase{6, "LOW", 7}, IntCase{7, "NORMAL", 9}, IntCase{8, "NORMAL", 9},
-                                         IntCase{9, "HIGH", 5}, IntCase{0, "LOW", 7}, IntCase{INT_MIN, "LOW", 7},
-                                         IntCase{INT_MAX, "HIGH", 5}));
+                         testing::Values(IntCase{6, "LOW", 7}, IntCase{7, "NORMAL", 9},
+                                         IntCase{8, "NORMAL", 9}, IntCase{9, "HIGH", 5}, IntCase{0, "LOW", 7},
+                                         IntCase{INT_MIN, "LOW", 7}, IntCase{INT_MAX, "HIGH", 5}));
 
 TEST_F(OptionsTest, EffectsAreSwitchedAtOnce)
 {

@@ -118,8 +118,8 @@ class MenuEndGameTest : public GameStage
 TEST_F(MenuEndGameTest, TheFirstTimeEverRanksFirst)
 {
     MenuEndGame const menu(95);
-    EXPECT_THAT(TextsOf(menu),
-                ElementsAre("Total Time: 1:35", "Your time is ranked: FIRST", "", "Restart Race", "Main Menu"));
+    EXPECT_THAT(TextsOf(menu), ElementsAre("Total Time: 1:35", "Your time is ranked: FIRST", "",
+                                           "Restart Race", "Main Menu"));
     EXPECT_THAT(Stored(), ElementsAre(95, 0, 0, 0, 0));
 }
 
@@ -150,8 +150,9 @@ TEST_F(MenuEndGameTest, EveryRankHasItsWord)
         char const* word;
         Times stored;
     } const cases[] = {
-        {1, "FIRST", {1, 10, 20, 30, 40}},   {11, "SECOND", {10, 11, 20, 30, 40}}, {21, "THIRD", {10, 20, 21, 30, 40}},
-        {31, "FOURTH", {10, 20, 30, 31, 40}}, {41, "FIFTH", {10, 20, 30, 40, 41}},
+        {1, "FIRST", {1, 10, 20, 30, 40}},   {11, "SECOND", {10, 11, 20, 30, 40}},
+        {21, "THIRD", {10, 20, 21, 30, 40}}, {31, "FOURTH", {10, 20, 30, 31, 40}},
+        {41, "FIFTH", {10, 20, 30, 40, 41}},
     };
     for (auto const& [time, word, stored] : cases)
     {
@@ -250,20 +251,23 @@ constexpr char const* kClear = "Clear Fastest Times";
 TEST_F(MenuFastestTimesTest, TimesAreListedByRank)
 {
     Store({83, 95, 0, 0, 0});
-    EXPECT_THAT(TextsOf(MenuFastestTimes()), ElementsAre("#1:  1:23", "#2:  1:35", "", "", "", "", kClear, "Main Menu"));
+    EXPECT_THAT(TextsOf(MenuFastestTimes()),
+                ElementsAre("#1:  1:23", "#2:  1:35", "", "", "", "", kClear, "Main Menu"));
 }
 
 TEST_F(MenuFastestTimesTest, AllFiveTimesAreShown)
 {
     Store({5, 600, 601, 659, 6000});
-    EXPECT_THAT(TextsOf(MenuFastestTimes()), ElementsAre("#1:  0:05", "#2:  10:00", "#3:  10:01", "#4:  10:59",
-                                                         "#5:  100:00", "", kClear, "Main Menu"));
+    EXPECT_THAT(TextsOf(MenuFastestTimes()),
+                ElementsAre("#1:  0:05", "#2:  10:00", "#3:  10:01", "#4:  10:59", "#5:  100:00", "", kClear,
+                            "Main Menu"));
 }
 
 TEST_F(MenuFastestTimesTest, AnEmptySlotLeavesAGap)
 {
     Store({0, 95, -7, 100, 0});
-    EXPECT_THAT(TextsOf(MenuFastestTimes()), ElementsAre("", "#2:  1:35", "", "#4:  1:40", "", "", kClear, "Main Menu"));
+    EXPECT_THAT(TextsOf(MenuFastestTimes()),
+                ElementsAre("", "#2:  1:35", "", "#4:  1:40", "", "", kClear, "Main Menu"));
 }
 
 TEST_F(MenuFastestTimesTest, WithoutTimesItSaysSo)

@@ -47,8 +47,9 @@ struct Notes
 class NotingMenu : public Menu
 {
 public:
-    explicit NotingMenu(Notes* notes, int itemCount = 4, int fontSize = 20) :
-        Menu(0, 0, itemCount, "Helvetica", fontSize), m_notes(notes)
+    explicit NotingMenu(Notes* notes, int itemCount = 4, int fontSize = 20)
+        : Menu(0, 0, itemCount, "Helvetica", fontSize),
+          m_notes(notes)
     {
         for (int item = 0; item < itemCount; ++item)
         {
@@ -247,8 +248,9 @@ TEST_F(MenuTest, TheItemUnderThePointerIsHighlightedWithASound)
 TEST_F(MenuTest, ADragHighlightsLikeAMove)
 {
     Box const box = BoxOf(menu(), 0);
-    GameEvent const drag = events::Wrapped(events::MouseDragged(
-        platform::EventType::LeftMouseDragged, static_cast<float>(box.x), static_cast<float>(kHeight - box.y), 1, 1));
+    GameEvent const drag =
+        events::Wrapped(events::MouseDragged(platform::EventType::LeftMouseDragged, static_cast<float>(box.x),
+                                             static_cast<float>(kHeight - box.y), 1, 1));
     Menu::HandleEventCurrent(&drag);
     EXPECT_TRUE(IsHighlighted(menu(), 0));
 }

@@ -135,8 +135,10 @@ TEST_F(OverlayTest, RenderUndoesItsStateInReverse)
     recording::setInteger(GL_MATRIX_MODE, GL_TEXTURE);
     auto calls = Rendered(m_overlay);
     auto const quad = [](recording::Call const& made)
-    { return made.name == "glBegin" || made.name == "glEnd" || made.name.starts_with("glTexCoord") ||
-             made.name.starts_with("glVertex"); };
+    {
+        return made.name == "glBegin" || made.name == "glEnd" || made.name.starts_with("glTexCoord") ||
+               made.name.starts_with("glVertex");
+    };
     std::erase_if(calls, quad);
     double const name = m_overlay.GetTexture().texName();
     EXPECT_THAT(calls, ElementsAreArray({

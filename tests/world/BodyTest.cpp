@@ -156,8 +156,8 @@ TEST_F(BodyTest, TurnToFaceLooksAtThePoint)
     EXPECT_THAT(body.GetLookAt(), IsNear(0.0F, 1.0F, 0.0F, kRounding));
 }
 
-// The arc from the old facing to the new replaces the rotation, so that a body that has turned before faces wrongly:
-// from -x (turned) to +y is a quarter turn about -z, and that leaves -z where it is.
+// The arc from the old facing to the new replaces the rotation, so that a body that has turned before faces
+// wrongly: from -x (turned) to +y is a quarter turn about -z, and that leaves -z where it is.
 TEST_F(BodyTest, TurnToFaceReplacesTheRotation)
 {
     Body body(nullptr);

@@ -67,8 +67,9 @@ TEST_F(PilotTest, FinishesEveryCourseInUnderTenMinutes)
     {
         results.push_back(Fly(seed));
         Result const& result = results.back();
-        EXPECT_TRUE(result.finished) << "seed " << seed << ": at waypoint " << result.waypoints + 1 << " after "
-                                     << result.seconds << " s and " << result.replans << " new plans";
+        EXPECT_TRUE(result.finished) << "seed " << seed << ": at waypoint " << result.waypoints + 1
+                                     << " after " << result.seconds << " s and " << result.replans
+                                     << " new plans";
     }
     Print(results);
 }

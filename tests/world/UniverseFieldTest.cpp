@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // How a world is built, what stands in which cell, and which paths hit it.
-#include "world/Universe.h"
-
 #include "gfx/Roid.h"
 #include "support/MenuProbe.h"
 #include "support/RecordingGL.h"
@@ -13,6 +11,7 @@
 #include "support/Worlds.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
+#include "world/Universe.h"
 #include "world/Waypoint.h"
 
 #include <gmock/gmock.h>
@@ -300,14 +299,14 @@ TEST_F(CollisionTest, NearestOfSeveralHitsIsReportedOnTheWayBackToo)
     EXPECT_THAT(m_point, IsNear(6.3F, 4.0F, 4.0F, 1e-5F));
 }
 
-// Far from the diagonal line through the origin's neighbours every other asteroid lies out of its way.
+// A line that passes all asteroids but the one at (4, 0, 0).
 TEST_F(CollisionTest, AscendingPathIsSearchedBeyondItsEnds)
 {
     EXPECT_TRUE(Collides({3.5F, -0.15F, -0.15F}, {6.5F, 0.75F, 0.75F}));
 }
 
-// From 6.5 down to 4 the range is floor(6.4) = 6 to ceil(4.1) = 5, swapped: the asteroid at 4, right on the path's
-// end, is not looked at.
+// From 6.5 down to 4 the range is floor(6.4) = 6 to ceil(4.1) = 5, swapped: the asteroid at 4, right on the
+// path's end, is not looked at.
 TEST_F(CollisionTest, PaddingLiesOnTheInnerSideOfADescendingPath)
 {
     EXPECT_FALSE(Collides({6.5F, 0.75F, 0.75F}, {4.0F, 0.0F, 0.0F}));

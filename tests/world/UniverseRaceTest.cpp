@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // Course, clock, pause and steering.
-#include "world/Universe.h"
-
 #include "core/Game.h"
 #include "support/FrozenSound.h"
 #include "support/MenuProbe.h"
@@ -13,6 +11,7 @@
 #include "support/Worlds.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
+#include "world/Universe.h"
 #include "world/Waypoint.h"
 
 #include <gmock/gmock.h>

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Tells when a movie comes to a time. CBMovie's loop modes wait for the ends of play with it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace platform
+{
+
+class Movie;
+
+using TimeValue = std::int32_t; // in units of the movie's time scale
+
+// Tells when a movie's time reaches a value while it plays. It fires once for each callMeWhen(), inside
+// moviesTask().
+class MovieCallBack
+{
+public:
+    enum class Trigger
+    {
+        TimeForward,
+        TimeBackward,
+    };
+
+    explicit MovieCallBack(Movie& movie); // the movie lives longer
+    ~MovieCallBack();                     // also from within its own action
+    MovieCallBack(MovieCallBack const&) = delete;
+    MovieCallBack& operator=(MovieCallBack const&) = delete;
+
+    void callMeWhen(Trigger trigger, TimeValue time, std::function<void()> action);
+    void cancel() { m_action = nullptr; }
+
+private:
+    friend class Movie;
+    bool isDue(TimeValue time, int direction) const;
+
+    Movie& m_movie;
+    Trigger m_trigger = Trigger::TimeForward;
+    TimeValue m_time = 0;
+    std::function<void()> m_action; // empty while it waits for nothing
+};
+
+} // namespace platform

@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "gfx/Roid.h"
+
+#include "math/Plane.h"
+#include "platform/OpenGL.h"
+#include "platform/Random.h"
+#include "support/RecordingGL.h"
+#include "support/Stage.h"
+#include "support/TestSettings.h"
+#include "support/VectorMatchers.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <vector>
+
+namespace
+{
+
+using recording::Call;
+using recording::call;
+using test::IsNear;
+using test::ScopedSetting;
+
+constexpr TQ3Vector3D kOrigin{0.0F, 0.0F, 0.0F};
+constexpr TQ3Vector3D kForwards{0.0F, 0.0F, -1.0F};
+constexpr TQ3Vector3D kUp{0.0F, 1.0F, 0.0F};
+
+Frustum WideView()
+{
+    return Frustum(1.5707964F, 1.0F, &kOrigin, &kForwards, &kUp, 90.0F);
+}
+
+// The compiled spheres in order: radius, slices, stacks.
+std::vector<std::vector<double>> CompiledSpheres()
+{
+    recording::start();
+    Roid::ReadSettings();
+    std::vector<std::vector<double>> spheres;
+    for (Call const& c : recording::stop())
+    {
+        if (c.name == "gluSphere")
+        {
+            spheres.push_back(c.arguments);
+        }
+    }
+    return spheres;
+}
+
+// What all asteroids share is new for each test.
+class RoidTest : public Stage
+{
+protected:
+    RoidTest() { Roid::ReadSettings(); }
+
+    static double List(int size, int lod) { return static_cast<double>(Roid::m_ahroid[size][lod]); }
+};
+
+TEST_F(RoidTest, SizeClassIsTheNextDrawModuloFour)
+{
+    constexpr float kRadii[] = {0.1F, 0.26666667F, 0.43333334F, 0.6F};
+    std::srand(21);
+    int expected[40];
+    for (int& value : expected)
+    {
+        value = std::rand() % 4;
+    }
+    platform::SeedRandom(21);
+    for (int const value : expected)
+    {
+        Roid const roid(nullptr);
+        ASSERT_EQ(roid.GetSizeClass(), value);
+        ASSERT_FLOAT_EQ(roid.GetRadius(), kRadii[value]);
+        ASSERT_FLOAT_EQ(roid.GetDiameter(), 2.0F * kRadii[value]);
+    }
+}
+
+TEST_F(RoidTest, EqualRadiiMakeAllTheSmallestWithoutADraw)
+{
+    ScopedSetting const minR("_AsteroidsMinR", 0.4F);
+    ScopedSetting const maxR("_AsteroidsMaxR", 0.4F);
+    std::srand(8);
+    int const next = std::rand();
+    platform::SeedRandom(8);
+    for (int i = 0; i < 10; ++i)
+    {
+        Roid const roid(nullptr);
+        EXPECT_EQ(roid.GetSizeClass(), 0);
+        EXPECT_EQ(roid.GetRadius(), 0.4F);
+    }
+    EXPECT_EQ(platform::Random31(), next);
+}
+
+TEST_F(RoidTest, EqualRadiiGiveFourEqualRowsOfLists)
+{
+    ScopedSetting const minR("_AsteroidsMinR", 0.4F);
+    ScopedSetting const maxR("_AsteroidsMaxR", 0.4F);
+    for (std::vector<double> const& sphere : CompiledSpheres())
+    {
+        EXPECT_EQ(sphere[0], 0.4F);
+    }
+}
+
+TEST_F(RoidTest, ListsHoldFourRadiiInThreeLevelsOfDetail)
+{
+    std::vector<std::vector<double>> const spheres = CompiledSpheres();
+    ASSERT_EQ(spheres.size(), 12U);
+    double const radii[] = {0.1, 0.1 + 0.5 / 3, 0.1 + 1.0 / 3, 0.6};
+    double const subdivisions[] = {7, 5, 4}; // (7 + 4) / 2 = 5
+    for (std::size_t i = 0; i < 12; ++i)
+    {
+        EXPECT_NEAR(spheres[i][0], radii[i / 3], 1e-6);
+        EXPECT_EQ(spheres[i][1], subdivisions[i % 3]);
+        EXPECT_EQ(spheres[i][2], subdivisions[i % 3]);
+    }
+}
+
+TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)
+{
+    for (auto const& [smoothness, middle] : {std::pair{8, 6}, std::pair{5, 4}})
+    {
+        ScopedSetting const setting("_AsteroidsSmoothness", smoothness);
+        std::vector<std::vector<double>> const spheres = CompiledSpheres();
+        EXPECT_EQ(spheres[0][1], smoothness);
+        EXPECT_EQ(spheres[1][1], middle);
+        EXPECT_EQ(spheres[2][1], 4);
+    }
+}
+
+TEST_F(RoidTest, SpheresAreSmoothSolidAndTextured)
+{
+    recording::start();
+    Roid::ReadSettings();
+    std::vector<Call> const calls = recording::stop();
+    int const quadric = recording::indexOf(calls, "gluNewQuadric");
+    ASSERT_GE(quadric, 0);
+    std::vector<Call> const setup(calls.begin() + quadric, calls.begin() + quadric + 8);
+    EXPECT_THAT(setup, testing::ElementsAre(
+                           call("gluNewQuadric"), call("gluQuadricOrientation", {GLU_OUTSIDE}),
+                           call("gluQuadricDrawStyle", {GLU_FILL}), call("gluQuadricNormals", {GLU_SMOOTH}),
+                           call("gluQuadricTexture", {GL_TRUE}), call("glNewList", {List(0, 0), GL_COMPILE}),
+                           call("gluSphere", {0.1F, 7, 7}), call("glEndList")));
+    EXPECT_EQ(calls.back(), call("gluDeleteQuadric"));
+}
+
+TEST_F(RoidTest, ListNamesAreMadeLevelByLevel)
+{
+    for (int lod = 0; lod < 3; ++lod)
+    {
+        for (int size = 0; size < 4; ++size)
+        {
+            EXPECT_EQ(List(size, lod), List(0, 0) + lod * 4 + size);
+        }
+    }
+}
+
+TEST_F(RoidTest, DistancesOfDetailAreKeptSquared)
+{
+    EXPECT_EQ(Roid::m_lodDistMedium, 900.0F);
+    EXPECT_EQ(Roid::m_lodDistFar, 3025.0F);
+    EXPECT_TRUE(Roid::m_fGotSettings);
+}
+
+TEST_F(RoidTest, ReadingAgainReplacesWhatIsShared)
+{
+    std::size_t const textures = recording::textures().size();
+    unsigned long const before = Roid::m_texture;
+    Roid::ReadSettings();
+    EXPECT_NE(Roid::m_texture, before);
+    EXPECT_EQ(recording::textures().size(), textures);
+    EXPECT_EQ(recording::lists().size(), 12U);
+}
+
+TEST_F(RoidTest, FirstToGoReleasesWhatIsSharedAndTheOthersNothingMore)
+{
+    std::vector<Roid> roids;
+    roids.reserve(3);
+    for (int i = 0; i < 3; ++i)
+    {
+        roids.emplace_back(nullptr);
+    }
+    recording::start();
+    roids.clear();
+    std::vector<Call> const calls = recording::stop();
+    EXPECT_EQ(recording::count(calls, "glDeleteTextures"), 1);
+    EXPECT_EQ(recording::count(calls, "glDeleteLists"), 12);
+    EXPECT_TRUE(recording::lists().empty());
+    EXPECT_TRUE(Roid::m_fGotSettings);
+}
+
+TEST_F(RoidTest, ReadingAfterTheReleaseDeletesNothing)
+{
+    {
+        Roid const roid(nullptr);
+    }
+    recording::start();
+    Roid::ReadSettings();
+    std::vector<Call> const calls = recording::stop();
+    EXPECT_EQ(recording::count(calls, "glDeleteTextures"), 0);
+    EXPECT_EQ(recording::count(calls, "glDeleteLists"), 0);
+    EXPECT_EQ(recording::lists().size(), 12U);
+}
+
+TEST_F(RoidTest, SharedStateIsSetOnceForAll)
+{
+    recording::start();
+    Roid::RenderStart();
+    Roid::RenderEnd();
+    EXPECT_THAT(
+        recording::stop(),
+        testing::ElementsAre(call("glMaterialfv", {GL_FRONT, GL_SPECULAR, 0.8F, 0.6F, 0.6F, 1}),
+                             call("glMaterialfv", {GL_FRONT, GL_SHININESS, 40}),
+                             call("glMaterialfv", {GL_FRONT, GL_AMBIENT_AND_DIFFUSE, 0.8F, 0.8F, 0.8F, 1}),
+                             call("glMaterialfv", {GL_FRONT, GL_EMISSION, 0, 0, 0, 1}),
+                             call("glEnable", {GL_TEXTURE_2D}),
+                             call("glBindTexture", {GL_TEXTURE_2D, static_cast<double>(Roid::m_texture)}),
+                             call("glDisable", {GL_TEXTURE_2D})));
+}
+
+TEST_F(RoidTest, DrawsItsListWhereItIsMoved)
+{
+    Roid roid(nullptr);
+    recording::start();
+    EXPECT_TRUE(roid.Render({1.0F, 2.0F, -5.0F}, WideView()));
+    EXPECT_THAT(recording::stop(),
+                testing::ElementsAre(call("glPushMatrix"), call("glTranslated", {1, 2, -5}),
+                                     call("glCallList", {List(roid.GetSizeClass(), 0)}),
+                                     call("glPopMatrix")));
+    EXPECT_THAT(roid.GetPosition(), test::IsExactly(1.0F, 2.0F, -5.0F));
+}
+
+// The centre decides, whatever the radius.
+TEST_F(RoidTest, OutOfViewDrawsNothingButMoves)
+{
+    Roid roid(nullptr);
+    recording::start();
+    EXPECT_FALSE(roid.Render({0.0F, 0.0F, 0.01F}, WideView()));
+    EXPECT_TRUE(recording::stop().empty());
+    EXPECT_THAT(roid.GetPosition(), test::IsExactly(0.0F, 0.0F, 0.01F));
+}
+
+TEST_F(RoidTest, DetailFallsAtExactlyTheSettingsDistances)
+{
+    Roid roid(nullptr);
+    auto const lodAt = [&roid](float distance)
+    {
+        recording::start();
+        roid.Render({0.0F, 0.0F, -distance}, WideView());
+        std::vector<Call> const calls = recording::stop();
+        double const list = calls.at(2).arguments[0];
+        for (int lod = 0; lod < 3; ++lod)
+        {
+            if (list == List(roid.GetSizeClass(), lod))
+            {
+                return lod;
+            }
+        }
+        return -1;
+    };
+    EXPECT_EQ(lodAt(29.99F), 0);
+    EXPECT_EQ(lodAt(30.0F), 1);
+    EXPECT_EQ(lodAt(54.99F), 1);
+    EXPECT_EQ(lodAt(55.0F), 2);
+}
+
+class PathTest : public RoidTest
+{
+protected:
+    PathTest()
+    {
+        m_roid.SetSize(0.5F);
+        m_roid.MoveTo(10.0F, 0.0F, 0.0F);
+    }
+
+    // A sphere of radius 0.5, so that the two touch at a distance of 1.
+    bool Hits(TQ3Vector3D const& start, TQ3Vector3D const& end)
+    {
+        return m_roid.ComputePathIntersection(start, end, 0.5F, &m_point, &m_distance);
+    }
+
+    Roid m_roid{nullptr};
+    TQ3Vector3D m_point;
+    float m_distance = -1.0F;
+};
+
+TEST_F(PathTest, StraightHitIsWhereTheSpheresTouch)
+{
+    EXPECT_TRUE(Hits({0.0F, 0.0F, 0.0F}, {20.0F, 0.0F, 0.0F}));
+    EXPECT_FLOAT_EQ(m_distance, 9.0F);
+    EXPECT_THAT(m_point, IsNear(9.0F, 0.0F, 0.0F, 1e-5F));
+}
+
+TEST_F(PathTest, EndGivesTheDirectionOnly)
+{
+    EXPECT_TRUE(Hits({0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}));
+    EXPECT_FLOAT_EQ(m_distance, 9.0F);
+}
+
+// 0.6 off the centre the chord through the unit sphere is 1.6 long.
+TEST_F(PathTest, GlancingHitIsWhereThePathEntersTheSphere)
+{
+    EXPECT_TRUE(Hits({0.0F, 0.6F, 0.0F}, {1.0F, 0.6F, 0.0F}));
+    EXPECT_NEAR(m_distance, 9.2F, 1e-5F);
+    EXPECT_THAT(m_point, IsNear(9.2F, 0.6F, 0.0F, 1e-5F));
+}
+
+TEST_F(PathTest, PathThatPassesMisses)
+{
+    EXPECT_FALSE(Hits({0.0F, 1.01F, 0.0F}, {20.0F, 1.01F, 0.0F}));
+    EXPECT_EQ(m_distance, -1.0F);
+}
+
+TEST_F(PathTest, PathThatLeadsAwayMisses)
+{
+    EXPECT_FALSE(Hits({12.0F, 0.0F, 0.0F}, {13.0F, 0.0F, 0.0F}));
+}
+
+TEST_F(PathTest, PathFromInsideHitsAtItsExit)
+{
+    EXPECT_TRUE(Hits({10.0F, 0.0F, 0.0F}, {10.0F, 5.0F, 0.0F}));
+    EXPECT_FLOAT_EQ(m_distance, 1.0F);
+    EXPECT_THAT(m_point, IsNear(10.0F, 1.0F, 0.0F, 1e-5F));
+}
+
+TEST_F(PathTest, PathFromInsideThatLeadsAwayFromTheCentreHitsAtItsExitToo)
+{
+    EXPECT_TRUE(Hits({10.5F, 0.0F, 0.0F}, {11.5F, 0.0F, 0.0F}));
+    EXPECT_FLOAT_EQ(m_distance, 0.5F);
+    EXPECT_THAT(m_point, IsNear(11.0F, 0.0F, 0.0F, 1e-5F));
+}
+
+TEST_F(PathTest, PathWithoutLengthFromOutsideMisses)
+{
+    EXPECT_FALSE(Hits({8.0F, 0.0F, 0.0F}, {8.0F, 0.0F, 0.0F}));
+}
+
+} // namespace
