@@ -160,6 +160,18 @@ TEST_F(MovieTest, TimeInALoopCountsFromTheSeam)
     EXPECT_EQ(movie->time(), 5000);
 }
 
+TEST_F(MovieTest, RateChangedAfterTheSeamLosesNoTime)
+{
+    auto const movie = open(StereoRamp(5000));
+    Looper const looper(*movie);
+    movie->start();
+    hear(*movie, 4000);
+    m_loopback.render(2000);
+    movie->setRate(2 * kOne);
+    movie->moviesTask();
+    EXPECT_EQ(movie->time(), 1000);
+}
+
 TEST_F(MovieTest, LoopOfAnMp3IsExactToTheSample)
 {
     WriteMp3(m_folder / "test.mp3", StereoSine(44100, 441.0));

@@ -323,14 +323,18 @@ public:
         m_alcRender = load<LPALCRENDERSAMPLESSOFT>("alcRenderSamplesSOFT");
         plugIn();
     }
-    ~Loopback() { unplug(); }
+    ~Loopback()
+    {
+        platform::AudioDevice::shared().setOpening({[]() -> ALCdevice* { return nullptr; }, {}});
+    }
     Loopback(Loopback const&) = delete;
     Loopback& operator=(Loopback const&) = delete;
 
     void plugIn()
     {
+        m_isPluggedIn = true;
         platform::AudioDevice::Opening opening;
-        opening.open = [this] { return m_device = m_alcOpen(nullptr); };
+        opening.open = [this] { return m_device = m_isPluggedIn ? m_alcOpen(nullptr) : nullptr; };
         opening.attributes = {ALC_FORMAT_CHANNELS_SOFT,
                               ALC_STEREO_SOFT,
                               ALC_FORMAT_TYPE_SOFT,
@@ -339,14 +343,15 @@ public:
                               44100,
                               ALC_HRTF_SOFT,
                               ALC_FALSE};
+        opening.isConnected = [this](ALCdevice*) { return m_isPluggedIn; };
         platform::AudioDevice::shared().setOpening(opening);
     }
 
-    // As if the device were pulled out, and there were no other.
+    // Pulled out, and there is no other. Nothing more is heard.
     void unplug()
     {
+        m_isPluggedIn = false;
         m_device = nullptr;
-        platform::AudioDevice::shared().setOpening({[]() -> ALCdevice* { return nullptr; }, {}});
     }
 
     // What is heard in the next so many samples: left and right in turn, in units of a 16-bit sample.
@@ -374,6 +379,7 @@ private:
     LPALCLOOPBACKOPENDEVICESOFT m_alcOpen = nullptr;
     LPALCRENDERSAMPLESSOFT m_alcRender = nullptr;
     ALCdevice* m_device = nullptr;
+    bool m_isPluggedIn = false;
 };
 
 } // namespace testmedia

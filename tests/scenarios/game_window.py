@@ -60,20 +60,29 @@ class Display:
         subprocess.run(["xdotool", *map(str, arguments)], env={**os.environ, "DISPLAY": self.name}, check=True,
                        stdout=subprocess.DEVNULL)
 
+    def resize_window(self, width, height):
+        """Moves the largest visible window to the corner and gives it that size."""
+        window = wait_until(self._visible, "a visible window")[-1][1]
+        self.xdotool("windowmove", window, 0, 0)
+        self.xdotool("windowsize", window, width, height)
+
     def windows(self):
         """Visible windows as (x, y, width, height), the largest last."""
-        text = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree", "-stats"], check=True,
-                              capture_output=True, text=True).stdout
+        return [geometry for geometry, _ in self._visible()]
+
+    def _visible(self):
+        """Geometry and identifier of each visible window, the largest last."""
+        text = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree"], check=True, capture_output=True,
+                              text=True).stdout
         found = []
         for line in text.splitlines():
             words = line.split()
             if '"' in line and "(has no name)" not in line and words and words[0].startswith("0x"):
-                identifier = words[0]
-                stats = subprocess.run(["xwininfo", "-display", self.name, "-id", identifier, "-stats"],
+                stats = subprocess.run(["xwininfo", "-display", self.name, "-id", words[0], "-stats"],
                                        capture_output=True, text=True).stdout
                 if "IsViewable" in stats:
-                    found.append(_geometry(stats))
-        return sorted(found, key=lambda w: w[2] * w[3])
+                    found.append((_geometry(stats), words[0]))
+        return sorted(found, key=lambda window: window[0][2] * window[0][3])
 
 
 def _geometry(stats):

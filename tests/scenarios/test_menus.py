@@ -103,8 +103,8 @@ class MenuScenario(unittest.TestCase):
         self.write_settings("Fullscreen = 0\n")
         game = self.start()
         wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
-        self.display.xdotool("search", "--onlyvisible", "--name", "^Quarrow$", "windowmove", 0, 0,
-                             "windowsize", "--sync", 900, 600)
+        game.wait_for_items(present=range(5))
+        self.display.resize_window(900, 600)
         wait_until(lambda: game.window()[2:] == (900, 600), "the new size")
         game.wait_for_items(present=range(5))
         game.point_at_item(3)

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// A view that notes what it is told. The tests of windows and of the application show it.
+#pragma once
+
+#include "platform/OpenGLView.h"
+
+#include <string>
+#include <vector>
+
+class TestView : public platform::OpenGLView
+{
+public:
+    bool initWithFrame(platform::Rect frame) override
+    {
+        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer, platform::kPixelFormatColorSize, 32,
+                                            platform::kPixelFormatDepthSize, 32, 0};
+        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
+        return format && initWithPixelFormat(frame, *format);
+    }
+
+    void awakeFromNib() override { told.emplace_back("awakeFromNib"); }
+    void reshape() override { shapes.push_back(frame().size); }
+    void toggleFullScreen() override { told.emplace_back("toggleFullScreen"); }
+
+    bool acceptsFirstResponder() override { return accepts; }
+    bool becomeFirstResponder() override
+    {
+        told.emplace_back("become");
+        return true;
+    }
+    bool resignFirstResponder() override
+    {
+        told.emplace_back("resign");
+        return resigns;
+    }
+
+    void keyDown(platform::Event const& event) override { note("keyDown", event); }
+    void mouseMoved(platform::Event const& event) override { note("mouseMoved", event); }
+    void mouseUp(platform::Event const& event) override { note("mouseUp", event); }
+    void scrollWheel(platform::Event const& event) override { note("scrollWheel", event); }
+
+    bool accepts = true;
+    bool resigns = true;
+    std::vector<std::string> told;
+    std::vector<platform::Size> shapes; // one for each reshape
+    std::vector<platform::Event> events;
+
+private:
+    void note(char const* what, platform::Event const& event)
+    {
+        told.emplace_back(what);
+        events.push_back(event);
+    }
+};
