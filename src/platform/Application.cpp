@@ -46,6 +46,7 @@ extern "C" void NoteSignal(int)
 
 void CatchEndingSignals()
 {
+    endWasSignalled = 0;
     for (int const signal : {
              SIGTERM, SIGINT
 #if !defined(_WIN32)
@@ -58,10 +59,18 @@ void CatchEndingSignals()
     }
 }
 
+// A layout of another script has no such letter at all: there the place on the keyboard counts.
+bool IsKeyNamed(std::string const& name, SDL_Keysym const& key)
+{
+    bool const isOtherScript = key.sym > 0x7F && (key.sym & SDLK_SCANCODE_MASK) == 0;
+    return isOtherScript ? SDL_GetScancodeFromName(name.c_str()) == key.scancode
+                         : SDL_GetKeyFromName(name.c_str()) == key.sym;
+}
+
 bool Matches(KeyEquivalent const& equivalent, SDL_Keysym const& key)
 {
     auto const held = [&key](int mask) { return (key.mod & mask) != 0; };
-    return SDL_GetKeyFromName(equivalent.key.c_str()) == key.sym && equivalent.control == held(KMOD_CTRL) &&
+    return IsKeyNamed(equivalent.key, key) && equivalent.control == held(KMOD_CTRL) &&
            equivalent.alt == held(KMOD_ALT) && equivalent.shift == held(KMOD_SHIFT) && !held(KMOD_GUI);
 }
 
@@ -290,9 +299,10 @@ bool DesktopApplication::performKeyEquivalent(SDL_KeyboardEvent const& event)
     return false;
 }
 
+// Without a window manager keys may come for no window in particular; they are the key window's.
 void DesktopApplication::send(unsigned windowIdentifier, std::optional<Event> const& event)
 {
-    Window* const window = WindowList::withIdentifier(windowIdentifier);
+    Window* const window = windowIdentifier != 0 ? WindowList::withIdentifier(windowIdentifier) : keyWindow();
     if (event && window != nullptr)
     {
         window->sendEvent(*event);

@@ -10,10 +10,13 @@
 #include <fstream>
 #else
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
+#include <thread>
 #endif
 
 namespace platform
@@ -108,6 +111,18 @@ std::string LastError()
     return std::strerror(errno);
 }
 
+// Follows symbolic links, also where the last of them names nothing.
+fs::path WhatLinkNames(fs::path file)
+{
+    constexpr int kMostLinks = 40;
+    std::error_code error;
+    for (int i = 0; i < kMostLinks && fs::is_symlink(file, error); ++i)
+    {
+        file = file.parent_path() / fs::read_symlink(file, error);
+    }
+    return file;
+}
+
 } // namespace
 
 std::string ReplaceFile(fs::path const& file, std::string_view text)
@@ -118,8 +133,7 @@ std::string ReplaceFile(fs::path const& file, std::string_view text)
     {
         return error.message();
     }
-    fs::path const resolved = fs::weakly_canonical(file, error);
-    fs::path const target = error ? file : resolved;
+    fs::path const target = WhatLinkNames(file);
 
     fs::path written;
     std::string problem;
@@ -141,5 +155,35 @@ std::string ReplaceFile(fs::path const& file, std::string_view text)
     }
     return problem;
 }
+
+#if defined(_WIN32)
+
+FolderLock::FolderLock(fs::path const&)
+{
+}
+
+FolderLock::~FolderLock() = default;
+
+#else
+
+FolderLock::FolderLock(fs::path const& folder)
+    : m_descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    constexpr int kTries = 100;
+    for (int i = 0; m_descriptor >= 0 && i < kTries && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++i)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
+FolderLock::~FolderLock()
+{
+    if (m_descriptor >= 0)
+    {
+        ::close(m_descriptor);
+    }
+}
+
+#endif
 
 } // namespace platform

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Replacing a file whole or not at all.
+// Replacing a file whole or not at all, and keeping other processes from doing the same meanwhile. The
+// preferences are the caller.
 #pragma once
 
 #include <filesystem>
@@ -15,5 +16,19 @@ namespace platform
 // renames it over the old one, whose permissions it takes. A symbolic link keeps pointing where it did. Empty
 // when all went well, else what the system says; the old file is then as it was.
 std::string ReplaceFile(std::filesystem::path const& file, std::string_view text);
+
+// Keeps other holders off the folder while it lives. Goes without after a tenth of a second: a process that
+// hangs with the lock must not hang this one.
+class FolderLock
+{
+public:
+    explicit FolderLock(std::filesystem::path const& folder);
+    ~FolderLock();
+    FolderLock(FolderLock const&) = delete;
+    FolderLock& operator=(FolderLock const&) = delete;
+
+private:
+    int m_descriptor = -1;
+};
 
 } // namespace platform

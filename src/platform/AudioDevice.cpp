@@ -74,7 +74,7 @@ bool AudioDevice::isReady()
     {
         return false;
     }
-    if (m_device != nullptr && !isConnected())
+    if (m_device != nullptr && !m_opening.isConnected(m_device))
     {
         close();
     }
@@ -132,13 +132,13 @@ void AudioDevice::close()
     }
 }
 
-bool AudioDevice::isConnected() const
+bool AudioDevice::AnswersAsConnected(ALCdevice* device)
 {
-    static bool const canTell = alcIsExtensionPresent(m_device, "ALC_EXT_disconnect") == ALC_TRUE;
+    static bool const canTell = alcIsExtensionPresent(device, "ALC_EXT_disconnect") == ALC_TRUE;
     ALCint connected = ALC_TRUE;
     if (canTell)
     {
-        alcGetIntegerv(m_device, ALC_CONNECTED, 1, &connected);
+        alcGetIntegerv(device, ALC_CONNECTED, 1, &connected);
     }
     return connected != ALC_FALSE;
 }

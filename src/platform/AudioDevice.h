@@ -21,12 +21,14 @@ namespace platform
 class AudioDevice
 {
 public:
-    // How a device is opened, and the attributes of its context up to the closing 0. A test that listens
-    // through a loopback device puts its own here; a null device says that there is none.
+    // How a device is opened, the attributes of its context up to the closing 0, and how to tell whether it
+    // is still there. A test that listens through a loopback device puts its own here; a null device says
+    // that there is none.
     struct Opening
     {
         std::function<ALCdevice*()> open;
         std::vector<ALCint> attributes;
+        std::function<bool(ALCdevice*)> isConnected = AnswersAsConnected;
     };
 
     static AudioDevice& shared();
@@ -42,12 +44,12 @@ public:
 
     // The system's own device.
     static Opening systemOpening();
+    static bool AnswersAsConnected(ALCdevice* device);
 
 private:
     AudioDevice();
     void open();
     void close();
-    bool isConnected() const;
 
     Opening m_opening;
     ALCdevice* m_device = nullptr;

@@ -4,6 +4,7 @@
 
 #include "platform/Log.h"
 
+#include <SDL.h>
 #include <toml++/toml.h>
 
 #include <algorithm>
@@ -104,13 +105,14 @@ bool TakePrefix(std::string_view& text, std::string_view prefix)
     return found;
 }
 
-bool IsKeyName(std::string_view text)
+bool IsAlphanumeric(char c)
 {
-    return !text.empty() && std::ranges::all_of(text,
-                                                [](char c) {
-                                                    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
-                                                           (c >= 'a' && c <= 'z');
-                                                });
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool IsKeyName(std::string const& text)
+{
+    return std::ranges::all_of(text, IsAlphanumeric) && SDL_GetKeyFromName(text.c_str()) != SDLK_UNKNOWN;
 }
 
 } // namespace
@@ -147,12 +149,8 @@ std::optional<KeyEquivalent> ParseKeyEquivalent(std::string const& text)
         key.shift = key.shift || shift;
         found = control || alt || shift;
     }
-    if (!IsKeyName(rest))
-    {
-        return std::nullopt;
-    }
     key.key = rest;
-    return key;
+    return IsKeyName(key.key) ? std::optional(key) : std::nullopt;
 }
 
 } // namespace platform

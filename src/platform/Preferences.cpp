@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Preferences.h"
 
+#include "platform/AtomicFile.h"
 #include "platform/Log.h"
 #include "platform/SettingsFile.h"
 #include "platform/UserFolders.h"
@@ -110,7 +111,7 @@ struct Preferences::Storage
 
     toml::node const* userValue(std::string const& key);
     Value const* defaultValue(std::string const& key) const;
-    toml::table merged() const;
+    bool save();
 };
 
 // A value of another kind than its default counts as absent.
@@ -135,15 +136,27 @@ Preferences::Value const* Preferences::Storage::defaultValue(std::string const& 
     return found != defaults.end() ? &found->second : nullptr;
 }
 
-// What the file holds by now, which another running game may have changed, with our changes over it.
-toml::table Preferences::Storage::merged() const
+// Our changes go over what the file holds by now: another running game may have changed it.
+bool Preferences::Storage::save()
 {
-    toml::table table = LoadSettings(file);
+    FolderLock const lock(file.parent_path());
+    auto table = LoadSettings(file, !refusalReported);
+    if (!table)
+    {
+        refusalReported = true;
+        return false;
+    }
     for (std::string const& key : changed)
     {
-        table.insert_or_assign(key, *values.get(key));
+        table->insert_or_assign(key, *values.get(key));
     }
-    return table;
+    std::string const problem = SaveSettings(file, *table);
+    if (!problem.empty() && !refusalReported)
+    {
+        Log("The settings cannot be saved to " + file.string() + ": " + problem);
+    }
+    refusalReported = !problem.empty();
+    return problem.empty();
 }
 
 Preferences& Preferences::standard()
@@ -155,7 +168,9 @@ Preferences& Preferences::standard()
 Preferences::Preferences(std::filesystem::path file) : m_storage(std::make_unique<Storage>())
 {
     m_storage->file = std::move(file);
-    m_storage->values = LoadSettings(m_storage->file);
+    auto table = LoadSettings(m_storage->file, true);
+    m_storage->refusalReported = !table;
+    m_storage->values = std::move(table).value_or(toml::table{});
 }
 
 Preferences::~Preferences()
@@ -226,19 +241,12 @@ bool Preferences::synchronize()
     {
         return true;
     }
-    std::string const problem = SaveSettings(m_storage->file, m_storage->merged());
-    if (problem.empty())
+    if (!m_storage->save())
     {
-        m_storage->changed.clear();
-        m_storage->refusalReported = false;
-        return true;
+        return false;
     }
-    if (!m_storage->refusalReported)
-    {
-        Log("The settings cannot be saved to " + m_storage->file.string() + ": " + problem);
-        m_storage->refusalReported = true;
-    }
-    return false;
+    m_storage->changed.clear();
+    return true;
 }
 
 bool Preferences::hasUnsavedChanges() const

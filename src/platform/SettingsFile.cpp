@@ -5,6 +5,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/File.h"
 #include "platform/Log.h"
+#include "platform/Unicode.h"
 
 #include <array>
 #include <charconv>
@@ -44,14 +45,24 @@ fs::path FreeNameBeside(fs::path const& file)
     return name;
 }
 
-void SetAside(fs::path const& file, std::string_view reason)
+// An empty table, or nothing when the file cannot be moved.
+std::optional<toml::table> SetAside(fs::path const& file, std::string_view reason, bool tellIfStuck)
 {
     fs::path const aside = FreeNameBeside(file);
     std::error_code error;
     fs::rename(file, aside, error);
-    Log("The settings in " + file.string() + " cannot be used (" + std::string(reason) + "); " +
-        (error ? "defaults are used"
-               : "they are kept as " + aside.filename().string() + ", and defaults are used"));
+    std::string const told =
+        "The settings in " + file.string() + " cannot be used (" + std::string(reason) + "); ";
+    if (!error)
+    {
+        Log(told + "they are kept as " + aside.filename().string() + ", and defaults are used");
+        return toml::table{};
+    }
+    if (tellIfStuck)
+    {
+        Log(told + "they stay as they are, defaults are used and nothing is saved");
+    }
+    return std::nullopt;
 }
 
 // The double whose shortest decimal is that of the float.
@@ -127,7 +138,11 @@ struct Store
 
     void operator()(int value) const { table.insert_or_assign(key, static_cast<std::int64_t>(value)); }
     void operator()(float value) const { table.insert_or_assign(key, ShortestDecimal(value)); }
-    void operator()(std::string const& value) const { table.insert_or_assign(key, value); }
+    void operator()(std::string const& value) const
+    {
+        // Ill-formed text would make the whole file unreadable.
+        table.insert_or_assign(key, Utf8FromUtf16(Utf16FromUtf8(value)));
+    }
     void operator()(std::vector<int> const& values) const
     {
         toml::array array;
@@ -141,18 +156,17 @@ struct Store
 
 } // namespace
 
-toml::table LoadSettings(fs::path const& file)
+std::optional<toml::table> LoadSettings(fs::path const& file, bool tellIfStuck)
 {
     std::error_code error;
-    if (!fs::exists(fs::symlink_status(file, error)))
+    if (fs::status(file, error).type() == fs::file_type::not_found)
     {
-        return {};
+        return toml::table{};
     }
     auto const bytes = ReadWholeFile(file, kLargestFile);
     if (!bytes)
     {
-        SetAside(file, "it cannot be read");
-        return {};
+        return SetAside(file, "they cannot be read", tellIfStuck);
     }
     try
     {
@@ -160,8 +174,7 @@ toml::table LoadSettings(fs::path const& file)
     }
     catch (toml::parse_error const& problem)
     {
-        SetAside(file, problem.description());
-        return {};
+        return SetAside(file, problem.description(), tellIfStuck);
     }
 }
 

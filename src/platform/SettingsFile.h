@@ -9,14 +9,16 @@
 #include <toml++/toml.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace platform
 {
 
 // The file's table; empty when there is no file. One that cannot be read or parsed is renamed to
-// "<name>.broken-<date>", with one log line, and counts as none.
-toml::table LoadSettings(std::filesystem::path const& file);
+// "<name>.broken-<date>", with one log line, and counts as none. Nothing when it cannot even be renamed and
+// still is where it was; that is logged only if tellIfStuck.
+std::optional<toml::table> LoadSettings(std::filesystem::path const& file, bool tellIfStuck);
 
 // Empty when all went well, else what the system says.
 std::string SaveSettings(std::filesystem::path const& file, toml::table const& table);

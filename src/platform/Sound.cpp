@@ -122,7 +122,7 @@ std::unique_ptr<Sound> Sound::initWithContentsOfFile(std::filesystem::path const
 
 bool Sound::play()
 {
-    if (isPlaying() || !AudioDevice::shared().isReady())
+    if (!AudioDevice::shared().isReady() || isPlaying())
     {
         return false;
     }

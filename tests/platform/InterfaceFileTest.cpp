@@ -95,7 +95,7 @@ TEST(KeyEquivalentTest, ModifiersComeInAnyOrder)
 
 TEST(KeyEquivalentTest, NoKeyIsNoEquivalent)
 {
-    for (char const* text : {"", "Ctrl+", "Ctrl++", "F 1", "+Q"})
+    for (char const* text : {"", "Ctrl+", "Ctrl++", "F 1", "+Q", "Ctrl+Nothing"})
     {
         EXPECT_FALSE(ParseKeyEquivalent(text)) << text;
     }

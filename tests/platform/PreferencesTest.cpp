@@ -4,12 +4,18 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <map>
 #include <sstream>
 
 namespace
@@ -213,6 +219,171 @@ TEST_F(PreferencesTest, PermissionsAndLinksStay)
     EXPECT_TRUE(fs::is_symlink(file()));
     EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(Preferences(real).integerForKey("B"), 2);
+}
+
+TEST_F(PreferencesTest, LinkToNothingIsNoBrokenFileAndIsFollowed)
+{
+    fs::path const real = m_folder / "real.toml";
+    fs::create_symlink("real.toml", file());
+    {
+        Preferences preferences(file());
+        preferences.setValue("A", 1);
+    }
+    EXPECT_TRUE(fs::is_symlink(file()));
+    EXPECT_EQ(Preferences(real).integerForKey("A"), 1);
+    EXPECT_THAT(others(), ElementsAre("real.toml"));
+}
+
+TEST_F(PreferencesTest, IllFormedTextCostsNoOtherSetting)
+{
+    {
+        Preferences preferences(file());
+        preferences.setValue("A", 1);
+        preferences.setValue("Text", std::string("x\xFFy"));
+    }
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("A"), 1);
+    EXPECT_EQ(preferences.stringForKey("Text"), "x\xEF\xBF\xBDy");
+}
+
+TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
+{
+    constexpr std::uint32_t kStep = 2097143; // a prime: some two thousand bit patterns of every magnitude
+    std::map<std::string, float> values;
+    for (std::uint64_t bits = 1; bits < 0x100000000U; bits += kStep)
+    {
+        auto const value = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
+        if (std::isfinite(value))
+        {
+            values["k" + std::to_string(bits)] = value;
+        }
+    }
+    {
+        Preferences preferences(file());
+        for (auto const& [key, value] : values)
+        {
+            preferences.setValue(key, value);
+        }
+    }
+    Preferences const preferences(file());
+    for (auto const& [key, value] : values)
+    {
+        EXPECT_EQ(preferences.floatForKey(key), value) << key;
+    }
+}
+
+// Sets a key after another, saving each.
+void WriteKeys(fs::path const& file, std::string const& prefix, int count)
+{
+    Preferences preferences(file);
+    for (int i = 0; i < count; ++i)
+    {
+        preferences.setValue(prefix + std::to_string(i), i);
+        preferences.synchronize();
+    }
+}
+
+TEST_F(PreferencesTest, GamesThatSaveAtTheSameMomentLoseNothing)
+{
+    constexpr int kCount = 40;
+    std::vector<pid_t> games;
+    for (char const* const prefix : {"first", "second"})
+    {
+        games.push_back(fork());
+        if (games.back() == 0)
+        {
+            WriteKeys(file(), prefix, kCount);
+            _exit(0);
+        }
+    }
+    for (pid_t const game : games)
+    {
+        int status = -1;
+        ASSERT_EQ(waitpid(game, &status, 0), game);
+        ASSERT_EQ(status, 0);
+    }
+    Preferences const preferences(file());
+    for (int i = 0; i < kCount; ++i)
+    {
+        EXPECT_EQ(preferences.integerForKey("first" + std::to_string(i)), i);
+        EXPECT_EQ(preferences.integerForKey("second" + std::to_string(i)), i);
+    }
+    EXPECT_THAT(others(), IsEmpty());
+}
+
+// The rights of nobody in particular while it lives, where the tests have those of the administrator.
+class WithoutPrivileges
+{
+public:
+    WithoutPrivileges() : m_user(geteuid())
+    {
+        constexpr uid_t kNobody = 65534;
+        m_changed = m_user == 0 && seteuid(kNobody) == 0;
+    }
+    ~WithoutPrivileges()
+    {
+        if (m_changed && seteuid(m_user) != 0)
+        {
+            std::abort();
+        }
+    }
+    WithoutPrivileges(WithoutPrivileges const&) = delete;
+    WithoutPrivileges& operator=(WithoutPrivileges const&) = delete;
+
+private:
+    uid_t m_user;
+    bool m_changed = false;
+};
+
+TEST_F(PreferencesTest, BrokenFileThatCannotBeMovedIsToldOnceAndKept)
+{
+    write("A = ");
+    fs::permissions(m_folder, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec |
+                                  fs::perms::others_read);
+    testing::internal::CaptureStderr();
+    {
+        WithoutPrivileges const reduced;
+        Preferences preferences(file());
+        preferences.setValue("B", 2);
+        EXPECT_FALSE(preferences.synchronize());
+        EXPECT_FALSE(preferences.synchronize());
+        EXPECT_EQ(preferences.integerForKey("B"), 2);
+    }
+    std::string const told = testing::internal::GetCapturedStderr();
+    fs::permissions(m_folder, fs::perms::owner_all);
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_THAT(told, HasSubstr("settings.toml"));
+    EXPECT_EQ(text(), "A = ");
+}
+
+TEST_F(PreferencesTest, UnreadableFileIsSetAside)
+{
+    write("A = 1\n");
+    fs::permissions(file(), fs::perms::none);
+    fs::permissions(m_folder, fs::perms::all);
+    testing::internal::CaptureStderr();
+    {
+        WithoutPrivileges const reduced;
+        Preferences preferences(file());
+        preferences.setValue("B", 2);
+        EXPECT_TRUE(preferences.synchronize());
+    }
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_EQ(others().size(), 1U);
+    EXPECT_EQ(text(), "B = 2\n");
+}
+
+TEST_F(PreferencesTest, FileThatBreaksWhileTheGameRunsIsSetAsideBeforeTheSave)
+{
+    Preferences preferences(file());
+    write("[[[");
+    preferences.setValue("A", 1);
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("broken-"));
+    EXPECT_EQ(text(), "A = 1\n");
+    EXPECT_EQ(others().size(), 1U);
 }
 
 class BrokenSettings : public PreferencesTest, public testing::WithParamInterface<std::string>

@@ -14,8 +14,12 @@ class TestView : public platform::OpenGLView
 public:
     bool initWithFrame(platform::Rect frame) override
     {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer, platform::kPixelFormatColorSize, 32,
-                                            platform::kPixelFormatDepthSize, 32, 0};
+        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
+                                            platform::kPixelFormatColorSize,
+                                            32,
+                                            platform::kPixelFormatDepthSize,
+                                            32,
+                                            0};
         auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
         return format && initWithPixelFormat(frame, *format);
     }

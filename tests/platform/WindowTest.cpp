@@ -319,9 +319,12 @@ TEST_F(WindowTest, DeletingATextureOfALostContextDoesNothing)
 
 TEST(PixelFormatTest, AttributesAreRead)
 {
-    constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer, platform::kPixelFormatAccelerated,
-                                        platform::kPixelFormatColorSize,    32,
-                                        platform::kPixelFormatDepthSize,    24,
+    constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
+                                        platform::kPixelFormatAccelerated,
+                                        platform::kPixelFormatColorSize,
+                                        32,
+                                        platform::kPixelFormatDepthSize,
+                                        24,
                                         0};
     auto const format = PixelFormat::initWithAttributes(kAttributes);
     ASSERT_TRUE(format);
