@@ -169,7 +169,7 @@ FolderLock::~FolderLock() = default;
 FolderLock::FolderLock(fs::path const& folder)
     : m_descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    constexpr int kTries = 100;
+    constexpr int kTries = 2000; // milliseconds
     for (int i = 0; m_descriptor >= 0 && i < kTries && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++i)
     {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
