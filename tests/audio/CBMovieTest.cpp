@@ -275,6 +275,7 @@ TEST_F(CBMovieTest, SetMutedMutesWhateverItIsToldAndNeverUnmutes)
     EXPECT_EQ(movie->volume(), -0.5F);
     EXPECT_THAT(hear(1000), Each(0));
     movie->setMuted(false);
+    EXPECT_TRUE(movie->isMuted());
     movie->setMuted(true);
     EXPECT_TRUE(movie->isMuted());
     movie->stop();

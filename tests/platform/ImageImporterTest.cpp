@@ -364,7 +364,8 @@ TEST_F(ImageImporterTest, BrokenFilesAreNoPicturesAndSayNothing)
     testing::internal::CaptureStderr();
     for (std::string const& bytes :
          {std::string(), std::string(5000, 'x'), png.substr(0, 20), png.substr(0, png.size() / 2),
-          jpeg.substr(0, jpeg.size() / 2), badPng, std::string("II*\0\x08\0\0\0\x03\0garbage", 17)})
+          jpeg.substr(0, jpeg.size() / 2), jpeg.substr(0, jpeg.size() - 20), badPng,
+          std::string("II*\0\x08\0\0\0\x03\0garbage", 17)})
     {
         auto const importer = ImageImporter::forFile(file(bytes));
         EXPECT_FALSE(importer && setData(*importer, bytes))

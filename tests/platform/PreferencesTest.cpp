@@ -255,7 +255,7 @@ TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
         auto const value = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
         if (std::isfinite(value))
         {
-            values["k" + std::to_string(bits)] = value;
+            values[std::to_string(bits)] = value;
         }
     }
     {
@@ -305,8 +305,9 @@ TEST_F(PreferencesTest, GamesThatSaveAtTheSameMomentLoseNothing)
     Preferences const preferences(file());
     for (int i = 0; i < kCount; ++i)
     {
-        EXPECT_EQ(preferences.integerForKey("first" + std::to_string(i)), i);
-        EXPECT_EQ(preferences.integerForKey("second" + std::to_string(i)), i);
+        std::string const number = std::to_string(i);
+        EXPECT_EQ(preferences.integerForKey("first" + number), i);
+        EXPECT_EQ(preferences.integerForKey("second" + number), i);
     }
     EXPECT_THAT(others(), IsEmpty());
 }
