@@ -14,6 +14,8 @@ if(QUARROW_SANITIZE)
     target_compile_options(quarrow_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
     target_link_options(quarrow_options INTERFACE -fsanitize=address,undefined)
+    target_sources(quarrow_options INTERFACE
+        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_SOURCE_DIR}/tests/support/KeepLibraries.cpp>)
 else()
     target_compile_options(quarrow_options INTERFACE $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>
         -fstack-protector-strong)

@@ -1,6 +1,29 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-include(GoogleTest)
+
+# The headers of the framework cost more to read than most tests to compile: they are compiled once and shared by all
+# test programs. Not under a compiler launcher: a cache of objects finds nothing again behind a precompiled header.
+if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    add_library(quarrow_test_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/headers.cpp)
+    target_link_libraries(quarrow_test_headers PRIVATE quarrow_options GTest::gmock PkgConfig::SDL2)
+    target_compile_options(quarrow_test_headers PRIVATE $<$<CONFIG:Release>:-O1>)
+    target_precompile_headers(quarrow_test_headers PRIVATE
+        <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <memory>
+        <string> <vector>)
+    # As the programs that share them are compiled.
+    set_target_properties(quarrow_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+    target_compile_options(quarrow_test_headers PRIVATE -fPIE)
+endif()
+
+# quarrow_light_test(<target>)
+# Compiles a test program quickly: shared headers, and in a release build no more optimisation than pays for itself.
+# What is under test is in libraries and keeps the optimisation of the build.
+function(quarrow_light_test target)
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
+    if(TARGET quarrow_test_headers)
+        target_precompile_headers(${target} REUSE_FROM quarrow_test_headers)
+    endif()
+endfunction()
 
 # quarrow_add_test(<name> RECORDING_GL|REAL_GL GLOB <pattern>...)
 # Makes a test program of the sources that match and registers it with ctest, once for each test in it.
@@ -17,7 +40,9 @@ function(quarrow_add_test name gl)
     else()
         target_link_libraries(${name} PRIVATE OpenGL::GLU OpenGL::GL)
     endif()
-    target_link_libraries(${name} PRIVATE GTest::gmock_main)
+    # SDL2 for every program: the shared headers fit only where its flags are the same.
+    target_link_libraries(${name} PRIVATE GTest::gmock_main PkgConfig::SDL2)
+    quarrow_light_test(${name})
     target_compile_definitions(${name} PRIVATE
         QUARROW_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
         QUARROW_RESOURCE_DIR="${CMAKE_SOURCE_DIR}/resources")
