@@ -108,7 +108,7 @@ private:
     void dispatchKeyDown(SDL_KeyboardEvent const& event);
     bool performKeyEquivalent(SDL_KeyboardEvent const& event);
     void send(unsigned windowIdentifier, std::optional<Event> const& event);
-    void waitForWork() const;
+    static void waitForWork();
 
     InterfaceFile m_interface;
     std::unique_ptr<OpenGLView> m_view;
@@ -187,7 +187,7 @@ Window* DesktopApplication::keyWindow()
     return key != nullptr ? key : m_window.get();
 }
 
-void DesktopApplication::waitForWork() const
+void DesktopApplication::waitForWork()
 {
     double const wait =
         std::min(RunLoop::current().secondsUntilNextTimer(RunLoop::Mode::Default), kLongestSleep);

@@ -44,7 +44,7 @@ fs::path FindResources()
 // The language is chosen with the first resource, which is looked up before anything starts a thread.
 fs::path OpenBundle()
 {
-    fs::path const resources = FindResources();
+    fs::path resources = FindResources();
     SelectLanguage(kTextDomain, resources / "Locale");
     return resources;
 }

@@ -33,10 +33,8 @@ constexpr FourCharCode kPng = 0x504E4766;  // 'PNGf'
 // The name by which SDL_image knows the type.
 char const* DecoderName(FourCharCode type)
 {
-    constexpr std::array<std::pair<FourCharCode, char const*>, 5> kNames{{
+    constexpr std::array<std::pair<FourCharCode, char const*>, 3> kNames{{
         {kJpeg, "JPG"},
-        {0x47494666, "GIF"},  // 'GIFf'
-        {0x54494646, "TIF"},  // 'TIFF'
         {0x57454250, "WEBP"}, // 'WEBP'
         {0x424D5066, "BMP"},  // 'BMPf'
     }};

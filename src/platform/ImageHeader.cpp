@@ -118,11 +118,6 @@ void ReadJpeg(Reader& reader, ImageHeader& header)
     }
 }
 
-void ReadGif(Reader& reader, ImageHeader& header)
-{
-    header.description = Describe(reader.little16(6), reader.little16(8), 8);
-}
-
 int DepthOfBits(std::uint32_t bits)
 {
     return bits <= 8 ? 8 : (bits <= 24 ? 24 : 32);
@@ -141,33 +136,6 @@ void ReadBmp(Reader& reader, ImageHeader& header)
     bool const isNegative = (height & 0x80000000U) != 0;
     header.description =
         Describe(reader.little32(18), isNegative ? ~height + 1U : height, DepthOfBits(reader.little16(28)));
-}
-
-void ReadTiff(Reader& reader, ImageHeader& header)
-{
-    bool const isBig = reader.has(0, "MM");
-    auto const u16 = [&](std::size_t at) { return isBig ? reader.big16(at) : reader.little16(at); };
-    auto const u32 = [&](std::size_t at) { return isBig ? reader.big32(at) : reader.little32(at); };
-    constexpr std::uint32_t kWidth = 256;
-    constexpr std::uint32_t kHeight = 257;
-    constexpr std::uint32_t kChannels = 277;
-    constexpr std::uint32_t kShort = 3;
-
-    std::size_t const directory = u32(4);
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
-    std::uint32_t channels = 1;
-    std::uint32_t const count = u16(directory);
-    for (std::uint32_t i = 0; i < count && !reader.overran(); ++i)
-    {
-        std::size_t const entry = directory + 2 + std::size_t{12} * i;
-        std::uint32_t const value = u16(entry + 2) == kShort ? u16(entry + 8) : u32(entry + 8);
-        std::uint32_t const tag = u16(entry);
-        width = tag == kWidth ? value : width;
-        height = tag == kHeight ? value : height;
-        channels = tag == kChannels ? value : channels;
-    }
-    header.description = Describe(width, height, DepthOfChannels(channels));
 }
 
 void ReadWebp(Reader& reader, ImageHeader& header)
@@ -211,12 +179,9 @@ constexpr FourCharCode Code(char const (&text)[5])
     return code;
 }
 
-constexpr std::array<Format, 7> kFormats{{
+constexpr std::array<Format, 4> kFormats{{
     {Code("JPEG"), "\xFF\xD8\xFF"sv, ReadJpeg},
     {Code("PNGf"), "\x89PNG\r\n\x1A\n"sv, ReadPng},
-    {Code("GIFf"), "GIF8"sv, ReadGif},
-    {Code("TIFF"), "II*\0"sv, ReadTiff},
-    {Code("TIFF"), "MM\0*"sv, ReadTiff},
     {Code("WEBP"), "RIFF"sv, ReadWebp},
     {Code("BMPf"), "BM"sv, ReadBmp},
 }};

@@ -15,8 +15,8 @@
 namespace platform
 {
 
-// Four characters, most significant first, that tell a file's type: 'JPEG', 'PNGf', 'GIFf', 'TIFF', 'BMPf',
-// 'WEBP'.
+// Four characters, most significant first, that tell a file's type: 'JPEG', 'PNGf', 'BMPf', 'WEBP'.
+// Not GIF and TIFF: over some broken files of a few bytes their decoders ask for gigabytes.
 using FourCharCode = std::uint32_t;
 
 struct ImageDescription

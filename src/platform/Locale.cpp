@@ -36,7 +36,7 @@ std::string LocaleName()
 {
     for (char const* const name : {"LC_ALL", "LC_MESSAGES", "LANG"})
     {
-        std::string const value = Environment(name);
+        std::string value = Environment(name);
         if (!value.empty())
         {
             return value;
