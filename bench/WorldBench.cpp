@@ -7,6 +7,7 @@
 #include "math/util.h"
 #include "platform/OpenGL.h"
 #include "platform/Random.h"
+#include "settings/GameSettings.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -116,6 +117,52 @@ void PathQuery(benchmark::State& state)
     }
 }
 BENCHMARK(PathQuery)->Name("world/path query")->Unit(benchmark::kMicrosecond);
+
+// The frame after an hour's sleep, at full speed: 14,400 units. Towards the field from the starting place;
+// through the field's edge, where little is in the way; in a lane of the depths that no asteroid reaches
+// into.
+void HourLongFrame(benchmark::State& state, TQ3Vector3D const& start, TQ3Vector3D const& direction)
+{
+    constexpr float kLength = 14400.0F;
+    World const world;
+    TQ3Vector3D step;
+    Vector3D_Normalize(&direction, &step);
+    Vector3D_Scale(&step, kLength, &step);
+    TQ3Vector3D const end{start.x + step.x, start.y + step.y, start.z + step.z};
+    bool hit = false;
+    for ([[maybe_unused]] auto const _ : state)
+    {
+        TQ3Vector3D point;
+        float fraction = 0.0F;
+        hit = world.universe->WillPathCollide(start, end, 0.1F, &point, &fraction);
+        benchmark::DoNotOptimize(hit);
+    }
+    state.counters["hit"] = hit ? 1 : 0;
+}
+
+// In a field of a few asteroids, where nothing ends the search early.
+void HourLongFrameInAnAlmostEmptyField(benchmark::State& state)
+{
+    GameSettings::SetFloatParam("_AsteroidsDensityEdge", 0.0002F);
+    GameSettings::SetFloatParam("_AsteroidsDensityCenter", 0.0002F);
+    HourLongFrame(state, {-10.0F, 3.5F, 2.5F}, {1.0F, 0.9F, 0.8F});
+    GameSettings::SetFloatParam("_AsteroidsDensityEdge", 0.01F);
+    GameSettings::SetFloatParam("_AsteroidsDensityCenter", 0.5F);
+}
+BENCHMARK(HourLongFrameInAnAlmostEmptyField)
+    ->Name("world/hour-long frame, in an almost empty field")
+    ->Unit(benchmark::kMillisecond);
+
+constexpr TQ3Vector3D kStartingPlace{-10.0F, -10.0F, -10.0F};
+BENCHMARK_CAPTURE(HourLongFrame, FromTheStart, kStartingPlace, TQ3Vector3D{1.0F, 1.0F, 1.0F})
+    ->Name("world/hour-long frame, from the start")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(HourLongFrame, AlongTheEdge, TQ3Vector3D{-10.0F, 3.5F, 2.5F}, TQ3Vector3D{1.0F, 0.0F, 0.0F})
+    ->Name("world/hour-long frame, along the edge")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(HourLongFrame, InALane, TQ3Vector3D{120.0F, 120.5F, 120.5F}, TQ3Vector3D{1.0F, 0.0F, 0.0F})
+    ->Name("world/hour-long frame, in a lane")
+    ->Unit(benchmark::kMillisecond);
 
 [[maybe_unused]] int const renderBenchmarks = []
 {

@@ -9,34 +9,15 @@
 #include "settings/GameSettings.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
+#include "world/PathSearch.h"
 #include "world/Waypoint.h"
 
-#include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace
 {
 
 constexpr std::size_t kFontNameSize = 256;
-
-// The cells that a path may touch along one axis. A path towards smaller coordinates is covered by swapping
-// the ends; its padding then lies on the inner side of each, deliberately.
-struct CellRange
-{
-    CellRange(float start, float end, float margin)
-        : low(FloorToInt(start - margin)),
-          high(CeilToInt(end + margin))
-    {
-        if (high < low)
-        {
-            std::swap(low, high);
-        }
-    }
-
-    int low;
-    int high; // included
-};
 
 std::unique_ptr<Overlay> CockpitOverlay(char const* sizeKey)
 {
@@ -53,6 +34,7 @@ Universe::Universe()
     m_mouseInvert = GameSettings::GetIntParam("MouseInvert") != 0;
     Roid::ReadSettings();
     GenerateField();
+    m_pathSearch = std::make_unique<PathSearch>(*this);
     InitCubeTexture();
     ReadSceneSettings();
     CreateOverlays();
@@ -135,37 +117,8 @@ void Universe::CreateOverlays()
 bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                TQ3Vector3D* hitPoint, float* hitFraction) const
 {
-    CellRange const xs(start.x, end.x, m_searchMargin);
-    CellRange const ys(start.y, end.y, m_searchMargin);
-    CellRange const zs(start.z, end.z, m_searchMargin);
-
-    float best = std::numeric_limits<float>::infinity(); // squared distance of the nearest hit
-    auto const consider = [&](Roid& roid)
-    {
-        TQ3Vector3D point;
-        float distance = 0.0F;
-        if (roid.ComputePathIntersection(start, end, radius, &point, &distance) &&
-            DistSquared(start, point) < best)
-        {
-            best = DistSquared(start, point);
-            *hitPoint = point;
-        }
-    };
-    for (int x = xs.low; x <= xs.high; ++x)
-    {
-        for (int y = ys.low; y <= ys.high; ++y)
-        {
-            for (int z = zs.low; z <= zs.high; ++z)
-            {
-                if (Roid* const roid = RoidAtCell(x, y, z))
-                {
-                    roid->MoveTo(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
-                    consider(*roid);
-                }
-            }
-        }
-    }
-    if (!(best <= std::numeric_limits<float>::max() && best < DistSquared(end, start)))
+    float const nearest = m_pathSearch->NearestHit({start, end, radius, m_searchMargin}, hitPoint); // squared
+    if (!(nearest <= std::numeric_limits<float>::max() && nearest < DistSquared(end, start)))
     {
         return false;
     }

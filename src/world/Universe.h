@@ -23,6 +23,7 @@ class Camera;
 class Frustum;
 class GameSound;
 class Overlay;
+class PathSearch;
 class Roid;
 class Waypoint;
 
@@ -136,9 +137,10 @@ private:
 
     std::unique_ptr<Camera> m_camera;
     bool m_mouseInvert = false;
-    float m_searchMargin = 0.0F; // cells beyond a path that may hold an asteroid in its way
+    float m_searchMargin = 0.0F; // how far beyond a path asteroids are looked for
     std::vector<Roid> m_roidStorage;
     Roid* m_roids[kFieldSize][kFieldSize][kFieldSize][kLevelCount] = {};
+    std::unique_ptr<PathSearch> m_pathSearch;
     std::unique_ptr<Waypoint> m_waypoint;
     int m_currentWaypoint = 0;
     int m_waypointCount = kWaypointCount;
