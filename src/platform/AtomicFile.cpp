@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/AtomicFile.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
+#include <chrono>
+#include <cstddef>
 #include <cstring>
 #include <system_error>
 
@@ -14,7 +18,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <thread>
 #endif
@@ -26,6 +29,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view kRandomLetters = "XXXXXX"; // mkstemp() replaces them
 
 #if defined(_WIN32)
 
@@ -80,7 +85,7 @@ bool WriteAll(int descriptor, std::string_view text)
 
 bool WriteNewFile(fs::path const& target, std::string_view text, fs::path& written)
 {
-    std::string name = target.string() + ".XXXXXX";
+    std::string name = target.string() + "." + std::string(kRandomLetters);
     Descriptor const descriptor(::mkstemp(name.data()));
     if (descriptor.get() < 0)
     {
@@ -123,6 +128,33 @@ fs::path WhatLinkNames(fs::path file)
     return file;
 }
 
+// Whether a file beside the target has a name such as WriteNewFile() gives.
+bool IsNewFileOf(fs::path const& target, fs::path const& other)
+{
+    std::string const prefix = target.filename().string() + ".";
+    std::string const name = other.filename().string();
+    return name.size() == prefix.size() + kRandomLetters.size() && name.starts_with(prefix) &&
+           std::all_of(name.begin() + static_cast<std::ptrdiff_t>(prefix.size()), name.end(),
+                       [](unsigned char c) { return std::isalnum(c) != 0; });
+}
+
+// What lies there for a minute has no writer any more.
+void RemoveLeftovers(fs::path const& target)
+{
+    constexpr std::chrono::minutes kLongestSave(1);
+    auto const now = fs::file_time_type::clock::now();
+    std::error_code error;
+    for (fs::directory_iterator file(target.parent_path(), error); !error && file != fs::directory_iterator();
+         file.increment(error))
+    {
+        std::error_code ignored;
+        if (IsNewFileOf(target, file->path()) && now - file->last_write_time(ignored) > kLongestSave)
+        {
+            fs::remove(file->path(), ignored);
+        }
+    }
+}
+
 } // namespace
 
 std::string ReplaceFile(fs::path const& file, std::string_view text)
@@ -148,6 +180,7 @@ std::string ReplaceFile(fs::path const& file, std::string_view text)
     if (problem.empty())
     {
         SyncFolder(target.parent_path());
+        RemoveLeftovers(target);
     }
     else if (!written.empty())
     {
@@ -169,10 +202,13 @@ FolderLock::~FolderLock() = default;
 FolderLock::FolderLock(fs::path const& folder)
     : m_descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    constexpr int kTries = 2000; // milliseconds
+    // Tries come so close together that one hits the gap between two saves of a game that saves without
+    // pause.
+    constexpr std::chrono::microseconds kPause(100);
+    constexpr int kTries = 8000;
     for (int i = 0; m_descriptor >= 0 && i < kTries && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++i)
     {
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::this_thread::sleep_for(kPause);
     }
 }
 

@@ -14,11 +14,12 @@ namespace platform
 
 // Writes the text to a new file in the same folder (made when it is missing), syncs it to the disk and
 // renames it over the old one, whose permissions it takes. A symbolic link keeps pointing where it did. Empty
-// when all went well, else what the system says; the old file is then as it was.
+// when all went well, else what the system says; the old file is then as it was. New files that a process
+// left behind because it was ended half way are cleared away after a minute.
 std::string ReplaceFile(std::filesystem::path const& file, std::string_view text);
 
-// Keeps other holders off the folder while it lives. Goes without after a tenth of a second: a process that
-// hangs with the lock must not hang this one.
+// Keeps other holders off the folder while it lives. Goes without after about a second: a process that hangs
+// with the lock must not hang this one.
 class FolderLock
 {
 public:

@@ -105,12 +105,16 @@ struct Preferences::Storage
     std::filesystem::path file;
     toml::table values; // the user's, changes included
     Defaults defaults;
-    std::set<std::string> changed;  // keys not yet written
-    std::set<std::string> reported; // keys whose kind was complained about
+    std::map<std::string, Merge> merges;
+    std::map<std::string, std::vector<int>> before; // of a changed key with a merge, as it was read
+    std::set<std::string> changed;                  // keys not yet written
+    std::set<std::string> reported;                 // keys whose kind was complained about
     bool refusalReported = false;
 
     toml::node const* userValue(std::string const& key);
     Value const* defaultValue(std::string const& key) const;
+    std::vector<int> integers(std::string const& key);
+    void mergeWith(toml::table const& table);
     bool save();
 };
 
@@ -136,6 +140,32 @@ Preferences::Value const* Preferences::Storage::defaultValue(std::string const& 
     return found != defaults.end() ? &found->second : nullptr;
 }
 
+std::vector<int> Preferences::Storage::integers(std::string const& key)
+{
+    if (toml::node const* const node = userValue(key))
+    {
+        return IntegersOf(*node);
+    }
+    Value const* const value = defaultValue(key);
+    auto const* const array = value != nullptr ? std::get_if<std::vector<int>>(value) : nullptr;
+    return array != nullptr ? *array : std::vector<int>();
+}
+
+// What is merged counts as read: should the save fail, the next try adds nothing twice.
+void Preferences::Storage::mergeWith(toml::table const& table)
+{
+    for (auto& [key, read] : before)
+    {
+        toml::node const* const node = table.get(key);
+        std::vector<int> theirs = node != nullptr ? IntegersOf(*node) : std::vector<int>();
+        if (node != nullptr && theirs != read)
+        {
+            StoreValue(values, key, merges.at(key)(read, integers(key), theirs));
+            read = std::move(theirs);
+        }
+    }
+}
+
 // Our changes go over what the file holds by now: another running game may have changed it.
 bool Preferences::Storage::save()
 {
@@ -146,6 +176,7 @@ bool Preferences::Storage::save()
         refusalReported = true;
         return false;
     }
+    mergeWith(*table);
     for (std::string const& key : changed)
     {
         table->insert_or_assign(key, *values.get(key));
@@ -156,7 +187,17 @@ bool Preferences::Storage::save()
         Log("The settings cannot be saved to " + file.string() + ": " + problem);
     }
     refusalReported = !problem.empty();
-    return problem.empty();
+    if (!problem.empty())
+    {
+        return false;
+    }
+    for (auto const& [key, node] : *table)
+    {
+        values.insert_or_assign(key, node);
+    }
+    changed.clear();
+    before.clear();
+    return true;
 }
 
 Preferences& Preferences::standard()
@@ -184,6 +225,11 @@ void Preferences::registerDefaults(Defaults const& defaults)
     {
         m_storage->defaults.insert_or_assign(key, value);
     }
+}
+
+void Preferences::registerMerge(std::string const& key, Merge merge)
+{
+    m_storage->merges.insert_or_assign(key, std::move(merge));
 }
 
 int Preferences::integerForKey(std::string const& key) const
@@ -220,33 +266,22 @@ std::string Preferences::stringForKey(std::string const& key) const
 
 std::vector<int> Preferences::integerArrayForKey(std::string const& key) const
 {
-    if (toml::node const* const node = m_storage->userValue(key))
-    {
-        return IntegersOf(*node);
-    }
-    Value const* const value = m_storage->defaultValue(key);
-    auto const* const array = value != nullptr ? std::get_if<std::vector<int>>(value) : nullptr;
-    return array != nullptr ? *array : std::vector<int>();
+    return m_storage->integers(key);
 }
 
 void Preferences::setValue(std::string const& key, Value value)
 {
+    if (m_storage->merges.contains(key) && !m_storage->changed.contains(key))
+    {
+        m_storage->before[key] = m_storage->integers(key);
+    }
     StoreValue(m_storage->values, key, value);
     m_storage->changed.insert(key);
 }
 
 bool Preferences::synchronize()
 {
-    if (m_storage->changed.empty())
-    {
-        return true;
-    }
-    if (!m_storage->save())
-    {
-        return false;
-    }
-    m_storage->changed.clear();
-    return true;
+    return m_storage->changed.empty() || m_storage->save();
 }
 
 bool Preferences::hasUnsavedChanges() const

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -26,6 +27,11 @@ public:
     using Value = std::variant<int, float, std::string, std::vector<int>>;
     using Defaults = std::map<std::string, Value>;
 
+    // What becomes of an array that another running game has changed as well: from the array as it was read
+    // here, as it was set here, and as it is in the file by now.
+    using Merge = std::function<std::vector<int>(std::vector<int> const& before, std::vector<int> const& ours,
+                                                 std::vector<int> const& theirs)>;
+
     // The user's own preferences, read from the file at the first call.
     static Preferences& standard();
 
@@ -38,6 +44,9 @@ public:
 
     void registerDefaults(Defaults const& defaults);
 
+    // Without one, the array that was set here replaces the other game's.
+    void registerMerge(std::string const& key, Merge merge);
+
     int integerForKey(std::string const& key) const;
     float floatForKey(std::string const& key) const;
     std::string stringForKey(std::string const& key) const; // UTF-8
@@ -46,7 +55,8 @@ public:
     void setValue(std::string const& key, Value value);
 
     // Writes the changed keys now, over what the file holds by then: a new file, synced, renamed over the old
-    // one. False, and everything kept for the next try, when the disk refuses. Nothing to write is true.
+    // one. Other keys that the file holds are read with it. False, and everything kept for the next try, when
+    // the disk refuses. Nothing to write is true.
     bool synchronize();
 
     // True while a change waits to be written; the application calls synchronize() within a second.

@@ -4,6 +4,7 @@
 
 #include "platform/Preferences.h"
 #include "platform/Unicode.h"
+#include "settings/RaceTimes.h"
 
 #include <algorithm>
 #include <cstring>
@@ -90,6 +91,7 @@ std::size_t WholeCharacters(std::string const& text, std::size_t maxBytes)
 void GameSettings::Initialize()
 {
     Store().registerDefaults(DefaultsTable());
+    Store().registerMerge("RaceTimes", MergedRaceTimes);
 }
 
 int GameSettings::GetIntParam(char const* key)

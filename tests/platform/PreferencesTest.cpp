@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Preferences.h"
 
+#include "platform/PreferencesFolder.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -27,49 +28,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class PreferencesTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
-        m_folder = fs::path(testing::TempDir()) / (std::string("preferences-") + test->name());
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-    }
-
-    void TearDown() override { fs::remove_all(m_folder); }
-
-    fs::path file() const { return m_folder / "settings.toml"; }
-    void write(std::string const& text) const { std::ofstream(file(), std::ios::binary) << text; }
-
-    std::string text() const
-    {
-        std::ostringstream all;
-        all << std::ifstream(file(), std::ios::binary).rdbuf();
-        return all.str();
-    }
-
-    std::vector<std::string> others() const // names beside settings.toml
-    {
-        std::vector<std::string> names;
-        for (auto const& entry : fs::directory_iterator(m_folder))
-        {
-            if (entry.path() != file())
-            {
-                names.push_back(entry.path().filename().string());
-            }
-        }
-        return names;
-    }
-
-    static Preferences::Defaults defaults()
-    {
-        return {{"Number", 7}, {"Real", 0.1F}, {"Text", "word"}, {"List", std::vector<int>{1, 2}}};
-    }
-
-    fs::path m_folder;
-};
+using PreferencesTest = PreferencesFolder;
 
 TEST_F(PreferencesTest, UnknownKeysReadAsNothing)
 {
@@ -180,19 +139,6 @@ TEST_F(PreferencesTest, UnknownKeysSurviveASave)
     EXPECT_THAT(text(), HasSubstr("Number = 1"));
 }
 
-TEST_F(PreferencesTest, TwoRunningGamesKeepEachOthersKeys)
-{
-    Preferences first(file());
-    Preferences second(file());
-    first.setValue("A", 1);
-    second.setValue("B", 2);
-    EXPECT_TRUE(first.synchronize());
-    EXPECT_TRUE(second.synchronize());
-    Preferences const after(file());
-    EXPECT_EQ(after.integerForKey("A"), 1);
-    EXPECT_EQ(after.integerForKey("B"), 2);
-}
-
 TEST_F(PreferencesTest, SynchronizeWritesOnlyWhatChanged)
 {
     Preferences preferences(file());
@@ -270,46 +216,6 @@ TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
     {
         EXPECT_EQ(preferences.floatForKey(key), value) << key;
     }
-}
-
-// Sets a key after another, saving each.
-void WriteKeys(fs::path const& file, std::string const& prefix, int count)
-{
-    Preferences preferences(file);
-    for (int i = 0; i < count; ++i)
-    {
-        preferences.setValue(prefix + std::to_string(i), i);
-        preferences.synchronize();
-    }
-}
-
-TEST_F(PreferencesTest, GamesThatSaveAtTheSameMomentLoseNothing)
-{
-    constexpr int kCount = 40;
-    std::vector<pid_t> games;
-    for (char const* const prefix : {"first", "second"})
-    {
-        games.push_back(fork());
-        if (games.back() == 0)
-        {
-            WriteKeys(file(), prefix, kCount);
-            _exit(0);
-        }
-    }
-    for (pid_t const game : games)
-    {
-        int status = -1;
-        ASSERT_EQ(waitpid(game, &status, 0), game);
-        ASSERT_EQ(status, 0);
-    }
-    Preferences const preferences(file());
-    for (int i = 0; i < kCount; ++i)
-    {
-        std::string const number = std::to_string(i);
-        EXPECT_EQ(preferences.integerForKey("first" + number), i);
-        EXPECT_EQ(preferences.integerForKey("second" + number), i);
-    }
-    EXPECT_THAT(others(), IsEmpty());
 }
 
 // The rights of nobody in particular while it lives, where the tests have those of the administrator.

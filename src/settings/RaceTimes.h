@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The table of best race times where two running games have changed it. GameSettings registers this with the
+// preferences.
+#pragma once
+
+#include <vector>
+
+// Whole seconds, fastest first, 0 for an empty place. before: as this game read it; ours: as it set it;
+// theirs: as another game has stored it meanwhile. Each time that either added is in the result as far as it
+// ranks; what either cleared is gone. As long as ours.
+std::vector<int> MergedRaceTimes(std::vector<int> const& before, std::vector<int> const& ours,
+                                 std::vector<int> const& theirs);
