@@ -157,7 +157,7 @@ bool DesktopApplication::makeViewAndWindow(ViewClasses const& viewClasses)
     {
         return false;
     }
-    m_window->setTitle(m_interface.windowTitle);
+    m_window->setTitle(m_interface.windowTitle + " " QUARROW_VERSION);
     m_window->setContentView(m_view.get());
     m_view->awakeFromNib();
     return true;

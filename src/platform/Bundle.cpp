@@ -31,7 +31,7 @@ fs::path FindResources()
     std::unique_ptr<char, SdlFree> const base(SDL_GetBasePath());
     fs::path const folder = base ? base.get() : "";
     std::error_code error;
-    for (fs::path const& candidate : {folder / "resources", folder / ".." / "share" / "quarrow"})
+    for (fs::path const& candidate : {folder / "resources", folder / QUARROW_INSTALLED_RESOURCES})
     {
         if (fs::is_directory(candidate, error))
         {

@@ -7,6 +7,7 @@ Everything waits for what it expects, with a limit, and never just sleeps.
 
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -69,6 +70,12 @@ class Display:
     def windows(self):
         """Visible windows as (x, y, width, height), the largest last."""
         return [geometry for geometry, _ in self._visible()]
+
+    def titles(self):
+        """The titles of all windows, visible or not."""
+        text = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree"], check=True, capture_output=True,
+                              text=True).stdout
+        return re.findall(r'0x[0-9a-f]+ "([^"]*)":', text)
 
     def _visible(self):
         """Geometry and identifier of each visible window, the largest last."""
