@@ -11,6 +11,7 @@
 #include "platform/Random.h"
 #include "platform/Window.h"
 #include "settings/GameSettings.h"
+#include "ui/Overlay.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -88,11 +89,24 @@ void NewRace(benchmark::State& state, platform::OpenGLContext* context)
     }
 }
 
+void ChangedLine(benchmark::State& state)
+{
+    Overlay overlay(10, 10, 20, "Courier");
+    int seconds = 0;
+    for ([[maybe_unused]] auto const _ : state)
+    {
+        overlay.SetStringTimer(seconds++ % 3600);
+        overlay.Render(kWidth, kHeight);
+    }
+    glFinish();
+}
+
 void RegisterAll(platform::OpenGLContext* context)
 {
     benchmark::RegisterBenchmark("frame race/new", NewRace, context)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
+    benchmark::RegisterBenchmark("text/changed line", ChangedLine)->Unit(benchmark::kMicrosecond);
     for (Viewpoint const& viewpoint : Viewpoints())
     {
         benchmark::RegisterBenchmark(("frame/" + Name(viewpoint)).c_str(), Frame, context, viewpoint)
