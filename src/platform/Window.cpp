@@ -3,6 +3,7 @@
 #include "platform/Window.h"
 
 #include "platform/Display.h"
+#include "platform/FullScreen.h"
 #include "platform/GLSurface.h"
 #include "platform/Log.h"
 #include "platform/WindowIcon.h"
@@ -99,6 +100,16 @@ std::shared_ptr<SDL_Window> MakeTitledWindow(Size size)
     return window;
 }
 
+std::shared_ptr<SDL_Window> MakeFullScreenWindow()
+{
+    auto window = MakeWindow(ScreenBounds(MainScreen()), FullScreenFlags());
+    if (window)
+    {
+        AskForFullScreen(window.get());
+    }
+    return window;
+}
+
 } // namespace
 
 Rect MainScreenFrame()
@@ -121,9 +132,7 @@ std::unique_ptr<Window> Window::initWithContentRect(Rect contentRect, WindowStyl
     }
     auto handle = std::make_unique<Handle>();
     handle->window =
-        style == WindowStyle::Titled
-            ? MakeTitledWindow(contentRect.size)
-            : MakeWindow(ScreenBounds(MainScreen()), SDL_WINDOW_BORDERLESS | SDL_WINDOW_FULLSCREEN_DESKTOP);
+        style == WindowStyle::Titled ? MakeTitledWindow(contentRect.size) : MakeFullScreenWindow();
     if (!handle->window)
     {
         LogFormat("A window could not be made: %s", SDL_GetError());
