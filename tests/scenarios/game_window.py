@@ -16,6 +16,8 @@ import tempfile
 import time
 import tomllib
 
+from x11 import Connection
+
 WAIT_LIMIT = 30.0  # seconds; software OpenGL under sanitizers on a busy machine is slow
 
 
@@ -33,17 +35,23 @@ def wait_until(condition, what, limit=WAIT_LIMIT):
 class Display:
     """An X server without a screen; its picture lies in a file."""
 
-    def __init__(self, width=1280, height=720):
+    def __init__(self, width=1280, height=720, depth=24, opengl=True):
         self.width, self.height = width, height
         self._folder = tempfile.mkdtemp(prefix="quarrow-display-")
         read_end, write_end = os.pipe()
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24", "+extension", "GLX",
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x{depth}",
+             "+extension" if opengl else "-extension", "GLX",
              "-nolisten", "tcp", "-noreset", "-fbdir", self._folder],
             pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
             self.name = ":" + pipe.readline().strip()
+
+    def vanish(self):
+        """The server ends, and with it everybody's connection."""
+        self._server.kill()
+        self._server.wait()
 
     def close(self):
         self._server.terminate()
@@ -66,6 +74,17 @@ class Display:
         window = wait_until(self._visible, "a visible window")[-1][1]
         self.xdotool("windowmove", window, 0, 0)
         self.xdotool("windowsize", window, width, height)
+
+    def close_button(self):
+        """Clicks the close button of the largest visible window, as a window manager would have it."""
+        window = wait_until(self._visible, "a visible window")[-1][1]
+        with Connection(self.name) as connection:
+            connection.press_close_button(int(window, 16))
+
+    def largest_window(self):
+        """Its identifier; None when none is visible."""
+        visible = self._visible()
+        return int(visible[-1][1], 16) if visible else None
 
     def windows(self):
         """Visible windows as (x, y, width, height), the largest last."""

@@ -1,0 +1,88 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""Displays, drivers and sound devices that lack something: a clear message, or quiet play."""
+
+import os
+import pathlib
+import tempfile
+import unittest
+
+from game_window import Display, Game, is_light, wait_until
+
+
+class DevicesScenario(unittest.TestCase):
+    def setUp(self):
+        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
+        self.addCleanup(self._home.cleanup)
+        self.home = pathlib.Path(self._home.name)
+
+    def open_display(self, **options):
+        display = Display(**options)
+        self.addCleanup(display.close)
+        return display
+
+    def expect_refusal(self, display, word, **environment):
+        with Game(display, self.home, environment=environment, expect_start=False) as game:
+            self.assertEqual(game.wait_exit(), 1, game.log())
+            lines = [line for line in game.log().splitlines() if word in line]
+            self.assertEqual(len(lines), 1, game.log())
+
+    def expect_play(self, display, word, **environment):
+        """A race is started, and the game left by its menus; the word stands in one line of the log."""
+        with Game(display, self.home, environment=environment) as game:
+            game.wait_for_items(present=range(5))
+            game.click_item(0)
+            game.wait_for_items(present=[], absent=range(5))
+            game.key("w")
+            game.key("Escape")
+            game.wait_for_items(present=[0, 1], absent=[2, 3])
+            game.click_item(1)
+            game.wait_for_items(present=range(5))
+            game.click_item(4)
+            self.assertEqual(game.wait_exit(), 0)
+            self.assertEqual(sum(word in line for line in game.log().splitlines()), 1, game.log())
+
+    def odd_driver(self, kind):
+        """Sanitizers want to be loaded first, and are when they need not be."""
+        return {"LD_PRELOAD": os.environ["QUARROW_ODD_DRIVER"], "ODD_DRIVER": kind,
+                "ASAN_OPTIONS": "verify_asan_link_order=0:" + os.environ.get("ASAN_OPTIONS", "")}
+
+    def test_no_opengl_is_told_and_ends(self):
+        self.expect_refusal(self.open_display(opengl=False), "There is no OpenGL")
+
+    def test_opengl_es_alone_is_told_and_ends(self):
+        self.expect_refusal(self.open_display(), "the driver has OpenGL ES only", **self.odd_driver("es"))
+
+    def test_depth_buffer_of_sixteen_bits_is_enough(self):
+        self.expect_play(self.open_display(), "Depth bits", **self.odd_driver("depth16"))
+
+    def test_display_of_sixteen_bits_is_enough(self):
+        with Game(self.open_display(depth=16), self.home) as game:
+            wait_until(game.display.windows, "the window")
+            game.key("ctrl+q")
+            self.assertEqual(game.wait_exit(), 0)
+
+    def test_no_sound_device_is_told_once_and_played_without(self):
+        self.expect_play(self.open_display(), "no sound device", ALSOFT_DRIVERS="none-of-them")
+
+    def test_window_of_one_pixel_grows_again(self):
+        folder = self.home / ".config" / "quarrow"
+        folder.mkdir(parents=True)
+        (folder / "settings.toml").write_text("Fullscreen = 0\n_ShowFPS = 1\n")
+        display = self.open_display()
+        with Game(display, self.home) as game:
+            game.wait_for_items(present=range(5))
+            game.click_item(0)
+            game.wait_for_items(present=[], absent=range(5))
+            for width, height in ((1, 1), (700, 1), (1, 500), (1, 1), (800, 600)):
+                display.resize_window(width, height)
+                wait_until(lambda: game.window()[2:] == (width, height), f"a window of {width} x {height}")
+                game.key("w")
+            wait_until(lambda: game.picture().count((0, 0, 800, 600), is_light) > 100, "the cockpit")
+            game.key("Escape")
+            game.wait_for_items(present=[0, 1], absent=[2, 3])
+            self.assertEqual(game.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,132 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""However the game is ended, and whatever it is doing then, it saves what was changed and leaves within a second."""
+
+import os
+import pathlib
+import signal
+import tempfile
+import time
+import unittest
+
+from game_window import Display, Game, wait_until
+
+# Sanitizers make a frame several times as long.
+LIMIT = 1.0 if "asan" not in os.environ["QUARROW_PROGRAM"] else 5.0  # seconds
+
+WAYS = ("SIGTERM", "SIGINT", "SIGHUP", "close button", "Ctrl+Q", "display gone")
+
+
+class EndedScenario(unittest.TestCase):
+    slowest = 0.0
+
+    def setUp(self):
+        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
+        self.addCleanup(self._home.cleanup)
+        self.home = pathlib.Path(self._home.name)
+        self.folder = self.home / ".config" / "quarrow"
+        self.folder.mkdir(parents=True)
+
+    @classmethod
+    def tearDownClass(cls):
+        print(f"slowest end: {cls.slowest:.2f} s")
+
+    def end(self, game, how):
+        """Ends the game that way; the seconds it took."""
+        start = time.monotonic()
+        if how.startswith("SIG"):
+            game.process.send_signal(getattr(signal, how))
+        elif how == "close button":
+            game.display.close_button()
+        elif how == "Ctrl+Q":
+            game.key("ctrl+q")
+        else:
+            game.display.vanish()
+        status = game.wait_exit()
+        seconds = time.monotonic() - start
+        # A lost display ends the program from within its library for windows, in order but with a complaint.
+        self.assertEqual(status, 1 if how == "display gone" else 0, game.log())
+        EndedScenario.slowest = max(EndedScenario.slowest, seconds)
+        self.assertLess(seconds, LIMIT)
+
+    def check_all_ways(self, prepare, settings="Fullscreen = 0\n"):
+        """prepare(game) brings the game where it is to be ended, and names a setting and its new value."""
+        for how in WAYS:
+            with self.subTest(how=how):
+                (self.folder / "settings.toml").write_text(settings)
+                display = Display()
+                try:
+                    with Game(display, self.home) as game:
+                        game.wait_for_items(present=range(5))
+                        key, value = prepare(game)
+                        self.end(game, how)
+                        self.assertEqual(game.settings().get(key), value)
+                finally:
+                    display.close()
+                self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.toml"])
+
+    def to_full_screen(self, game):
+        game.key("F11")
+        wait_until(lambda: game.window() == (0, 0, 1280, 720), "the full screen")
+        game.wait_for_items(present=[0, 1])  # drawn there: the change is complete
+        return "Fullscreen", 1
+
+    def to_window(self, game):
+        game.key("F11")
+        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        game.wait_for_items(present=[0, 1])
+        return "Fullscreen", 0
+
+    def test_in_a_menu(self):
+        self.check_all_ways(self.to_window, "Fullscreen = 1\n")
+
+    def test_in_full_screen(self):
+        self.check_all_ways(self.to_full_screen)
+
+    def test_in_a_race(self):
+        def start_race(game):
+            game.click_item(0)
+            game.wait_for_items(present=[], absent=range(5))
+            return "MusicLastTrackIndex", 0
+
+        self.check_all_ways(start_race)
+
+    def test_in_a_paused_race(self):
+        def pause(game):
+            game.click_item(0)
+            game.wait_for_items(present=[], absent=range(5))
+            game.key("Escape")
+            game.wait_for_items(present=[0, 1], absent=[2, 3])
+            return self.to_full_screen(game)
+
+        self.check_all_ways(pause)
+
+    def test_while_it_waits_for_a_key_to_bind(self):
+        def capture(game):
+            game.click_item(2)
+            game.wait_for_items(present=range(4), absent=[4])
+            game.click_item(1)
+            game.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
+            game.click_item(0)
+            game.key("u")
+            game.click_item(1)
+            return "KeyDefaultThrustUp", "u"
+
+        self.check_all_ways(capture)
+
+    def test_while_it_loads(self):
+        for how in WAYS[:4] + WAYS[5:]:  # a key that comes before the first frame is none
+            with self.subTest(how=how):
+                (self.folder / "settings.toml").write_text("FogStart = 12.0\n")
+                display = Display()
+                try:
+                    with Game(display, self.home, expect_start=False) as game:
+                        wait_until(lambda: "end awakeFromNib" in game.log(), "the window")
+                        self.end(game, how)
+                finally:
+                    display.close()
+                self.assertEqual((self.folder / "settings.toml").read_text(), "FogStart = 12.0\n")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
