@@ -99,8 +99,20 @@ void CopyInks(SDL_Surface const& surface, ImageHeader const& header, std::uint32
              [flip](std::uint32_t pixel) { return FromInks(pixel ^ flip); });
 }
 
+// Neither alpha nor a palette, which may hold a transparent colour.
+bool IsOpaque(SDL_PixelFormat const& format)
+{
+    return format.palette == nullptr && !SDL_ISPIXELFORMAT_ALPHA(format.format);
+}
+
 bool CopyColors(SDL_Surface* surface, ImageHeader const& header, std::uint32_t* pixels)
 {
+    if (IsOpaque(*surface->format))
+    {
+        return SDL_ConvertPixels(surface->w, surface->h, surface->format->format, surface->pixels,
+                                 surface->pitch, SDL_PIXELFORMAT_ARGB8888, pixels,
+                                 surface->w * static_cast<int>(sizeof(std::uint32_t))) == 0;
+    }
     Surface const converted(SDL_ConvertSurfaceFormat(surface, SDL_PIXELFORMAT_ARGB8888, 0));
     if (converted)
     {
