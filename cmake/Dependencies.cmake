@@ -11,7 +11,9 @@ function(quarrow_find target module package)
 endfunction()
 
 quarrow_find(SDL2 sdl2 libsdl2-dev)
-quarrow_find(X11 x11 libx11-dev)
+if(UNIX AND NOT APPLE)
+    quarrow_find(X11 x11 libx11-dev) # full screen
+endif()
 quarrow_find(SDL2_IMAGE SDL2_image libsdl2-image-dev)
 quarrow_find(PANGOCAIRO pangocairo libpango1.0-dev)
 quarrow_find(FONTCONFIG fontconfig libfontconfig-dev)

@@ -18,6 +18,7 @@ import tomllib
 
 from x11 import Connection
 
+FONTS = pathlib.Path(__file__).resolve().parent.parent / "support" / "fonts.conf"
 WAIT_LIMIT = 30.0  # seconds; software OpenGL under sanitizers on a busy machine is slow
 
 
@@ -156,7 +157,7 @@ class Game:
         env = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "SDL_", "LC_")) and
                k not in ("WAYLAND_DISPLAY", "LANGUAGE")}
         env.update(HOME=str(self.home), DISPLAY=display.name if display else "", ALSOFT_DRIVERS="null", LANG="C.UTF-8",
-                   LIBGL_ALWAYS_SOFTWARE="1")
+                   LIBGL_ALWAYS_SOFTWARE="1", FONTCONFIG_FILE=str(FONTS))
         env.update(environment or {})
         with open(self._log_path, "wb") as log:
             self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"]], env=env, stdout=log,
