@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Many races in one process: started, flown a little, then crashed, paused, quit or finished. What the
+// process holds after the tenth it holds after the last.
+#include "core/Game.h"
+#include "platform/Random.h"
+#include "platform/RunLoop.h"
+#include "soak/Holdings.h"
+#include "support/EventFactory.h"
+#include "support/MenuProbe.h"
+#include "support/Stage.h"
+#include "ui/MenuGame.h"
+#include "ui/MenuKeyboard.h"
+#include "world/Camera.h"
+#include "world/Universe.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace
+{
+
+constexpr double kStep = 1.0 / 60.0; // seconds
+constexpr unsigned kSeed = 2026;     // of every race: the same field takes the same memory
+constexpr int kKinds = 4;            // of races, and of music tracks
+constexpr int kSettled = 10;         // races, after which everything that is kept has been met
+constexpr std::size_t kMemorySlack = 65536;
+
+class Soak : public GameStage
+{
+protected:
+    static void Send(platform::Event const& event)
+    {
+        GameEvent const wrapped = events::Wrapped(event);
+        Game::pGame->HandleEvent(&wrapped);
+    }
+
+    static void ShowFrame()
+    {
+        Game::pGame->GetUniverse()->Tick(kStep);
+        Game::pGame->Render(probe::kWidth, probe::kHeight);
+        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    }
+
+    static void Fly(int frames)
+    {
+        Send(events::KeyDown(u"w"));
+        Send(events::Wheel(0.0F, 1.0F));
+        for (int i = 0; i < frames; ++i)
+        {
+            Send(events::MouseMoved(static_cast<float>(300 + i), 250.0F));
+            ShowFrame();
+        }
+    }
+
+    static void Click(int item)
+    {
+        ShowFrame(); // lays the menu out
+        probe::Click(item);
+    }
+
+    template <typename Kind>
+    static void Expect()
+    {
+        ASSERT_NE(probe::Current<Kind>(), nullptr);
+    }
+
+    static void Start()
+    {
+        Expect<MenuMain>();
+        platform::SeedRandom(kSeed);
+        Click(0);
+        ASSERT_EQ(Game::pGame->GetState(), kStatePlaying);
+        Fly(30);
+    }
+
+    // With full throttle in the thick of the field.
+    static void Crash()
+    {
+        Camera& ship = *Game::pGame->GetUniverse()->GetCamera();
+        ship.MoveTo(105.5F, 105.5F, 105.5F);
+        Game::pGame->GetUniverse()->PlayerWantsToGo(1.0F);
+        int frames = 0;
+        while (ship.GetTargetVPct() > 0.0F && frames < 20000)
+        {
+            ShowFrame();
+            ++frames;
+        }
+        ASSERT_EQ(ship.GetTargetVPct(), 0.0F) << "nothing was in the way";
+    }
+
+    static void PauseAndResume()
+    {
+        Send(events::KeyDown(u"\x1B"));
+        Expect<MenuPaused>();
+        Click(0);
+        ASSERT_EQ(Game::pGame->GetState(), kStatePlaying);
+        Fly(10);
+    }
+
+    static void Quit()
+    {
+        Send(events::KeyDown(u"\x1B"));
+        Expect<MenuPaused>();
+        Click(1);
+        Expect<MenuMain>();
+    }
+
+    static void Finish()
+    {
+        Universe& universe = *Game::pGame->GetUniverse();
+        for (int i = 0; i < Universe::kWaypointCount; ++i)
+        {
+            universe.GetCamera()->MoveTo(universe.GetWaypointPosition(i));
+            ShowFrame();
+        }
+        Expect<MenuEndGame>();
+    }
+
+    // Through every page, and back to the main menu.
+    static void LeafThroughMenus()
+    {
+        Click(2);
+        for (int page = 0; page < 3; ++page)
+        {
+            Expect<MenuOptions>();
+            Click(page);
+            Click(page == 0 ? 4 : page == 1 ? 5 : 3);
+        }
+        Expect<MenuOptions>();
+        Click(3);
+        Click(1);
+        Expect<MenuFastestTimes>();
+        Click(7);
+        Expect<MenuMain>();
+    }
+
+    static void Race(int number)
+    {
+        Start();
+        switch (number % kKinds)
+        {
+        case 0:
+            Crash();
+            Quit();
+            break;
+        case 1:
+            PauseAndResume();
+            Quit();
+            break;
+        case 2:
+            Quit();
+            break;
+        default:
+            Finish();
+            Click(3); // once more
+            ASSERT_EQ(Game::pGame->GetState(), kStatePlaying);
+            Finish();
+            Click(4);
+            break;
+        }
+        LeafThroughMenus();
+    }
+
+    static Holdings AfterRaces(int first, int last)
+    {
+        for (int i = first; i < last && !HasFatalFailure(); ++i)
+        {
+            Race(i);
+        }
+        return Holdings::Now();
+    }
+
+    static void CompareAfter(int races)
+    {
+        Holdings const settled = AfterRaces(0, kSettled);
+        Holdings const after = AfterRaces(kSettled, races);
+        std::cout << "after " << kSettled << " races: " << settled << "\nafter " << races
+                  << " races: " << after << '\n';
+        EXPECT_LE(after.memory, settled.memory + kMemorySlack);
+        EXPECT_EQ(after.textures, settled.textures);
+        EXPECT_EQ(after.lists, settled.lists);
+        EXPECT_EQ(after.sources, settled.sources);
+        EXPECT_EQ(after.buffers, settled.buffers);
+        EXPECT_EQ(after.files, settled.files);
+        EXPECT_GT(after.textures, 0U);
+        EXPECT_GT(after.sources, 0U);
+    }
+};
+
+TEST_F(Soak, FortyRacesHoldNoMoreThanTen)
+{
+    CompareAfter(40);
+}
+
+TEST_F(Soak, LongFiveHundredRacesHoldNoMoreThanTen)
+{
+    CompareAfter(500);
+}
+
+} // namespace

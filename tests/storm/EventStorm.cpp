@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// event_storm EVENTS SEED: the whole game, from its start to after its end, under that many random events. A
+// game that is quit is followed by another, in a process of its own, until all events have been had. Fails
+// when one crashes or hangs, and when a long storm has not been in every menu.
+#include "core/Game.h"
+#include "core/kGLView.h"
+#include "platform/Application.h"
+#include "platform/RunLoop.h"
+#include "platform/Window.h"
+#include "storm/RandomEvents.h"
+#include "ui/MenuGame.h"
+#include "ui/MenuKeyboard.h"
+
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <typeinfo>
+
+namespace
+{
+
+constexpr int kEventsPerFrame = 50;    // on average
+constexpr unsigned kLongestRun = 600;  // seconds: a game that is still there hangs
+constexpr long kEventsForAll = 200000; // a storm of that length comes everywhere
+
+enum Place : std::size_t
+{
+    kMain,
+    kPaused,
+    kEndGame,
+    kFastestTimes,
+    kOptions,
+    kGraphics,
+    kSound,
+    kKeyboard,
+    kCredits,
+    kRace,
+    kNothingYet, // before the first frame
+    kPlaces,
+};
+
+constexpr std::array<char const*, kPlaces> kPlaceNames = {
+    "main menu", "pause menu", "end of race", "fastest times",         "options", "graphics", "sound",
+    "keyboard",  "credits",    "race",        "before the first frame"};
+
+// Shared by all processes of the storm.
+struct Tally
+{
+    long events = 0;
+    std::array<long, kEventKinds> kinds{};
+    std::array<long, kPlaces> places{};
+    long frames = 0;
+};
+
+template <typename... Menus>
+std::size_t IndexOf(Menu* menu)
+{
+    std::array<bool, sizeof...(Menus)> const is = {dynamic_cast<Menus*>(menu) != nullptr...};
+    return static_cast<std::size_t>(std::ranges::find(is, true) - is.begin());
+}
+
+std::size_t WhereWeAre()
+{
+    if (Game::pGame == nullptr)
+    {
+        return kNothingYet;
+    }
+    if (Game::pGame->GetState() == kStatePlaying)
+    {
+        return kRace;
+    }
+    return IndexOf<MenuMain, MenuPaused, MenuEndGame, MenuFastestTimes, MenuOptions, MenuGraphics, MenuSound,
+                   MenuKeyboard, MenuCredits>(Menu::GetCurrent());
+}
+
+// One game under its part of the storm.
+class Run
+{
+public:
+    Run(unsigned seed, long limit, Tally& tally) : m_events(seed), m_limit(limit), m_tally(tally) {}
+
+    // Between two frames.
+    void PushBatch()
+    {
+        SDL_Window* const window =
+            SDL_GetWindowFromID(platform::Application::shared()->keyWindow()->identifier());
+        ++m_tally.frames;
+        while (!m_events.OneIn(kEventsPerFrame) && m_tally.events < m_limit)
+        {
+            ++m_tally.events;
+            ++m_tally.kinds[static_cast<std::size_t>(m_events.PushNext(window))];
+            Visit();
+        }
+        if (m_tally.events >= m_limit)
+        {
+            platform::Application::shared()->terminate();
+        }
+    }
+
+private:
+    // No random flight comes to the finish.
+    void Visit()
+    {
+        std::size_t const place = WhereWeAre();
+        if (place < kPlaces)
+        {
+            ++m_tally.places[place];
+        }
+        if (place == kRace && m_events.OneIn(1000))
+        {
+            Game::pGame->SwitchToState(kStateRaceOver);
+        }
+    }
+
+    RandomEvents m_events;
+    long m_limit;
+    Tally& m_tally;
+};
+
+int Play(unsigned seed, long limit, Tally& tally)
+{
+    alarm(kLongestRun);
+    Run run(seed, limit, tally);
+    auto const timer = platform::Timer::scheduledTimer(0.0, [&run] { run.PushBatch(); });
+    int const status = platform::ApplicationMain({{"kGLView", [] { return std::make_unique<kGLView>(); }}});
+    timer->invalidate();
+    return status;
+}
+
+// False, with a line that says how to have it again, when it did not end in order.
+bool PlayInAProcess(unsigned seed, long limit, Tally& tally)
+{
+    std::fflush(stdout);
+    pid_t const game = fork();
+    if (game == 0)
+    {
+        std::exit(Play(seed, limit, tally));
+    }
+    int status = 0;
+    waitpid(game, &status, 0);
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
+    {
+        return true;
+    }
+    std::printf("the game with seed %u ended with wait status %d after %ld events\n", seed, status,
+                tally.events);
+    return false;
+}
+
+void Print(Tally const& tally, unsigned runs)
+{
+    std::printf("%ld events in %u games, %ld frames\n", tally.events, runs, tally.frames);
+    for (std::size_t i = 0; i < kEventKinds; ++i)
+    {
+        std::printf("%10ld  %s\n", tally.kinds[i], kEventKindNames[i]);
+    }
+    for (std::size_t i = 0; i < kPlaces; ++i)
+    {
+        std::printf("%10ld  in: %s\n", tally.places[i], kPlaceNames[i]);
+    }
+}
+
+bool HasBeenEverywhere(Tally const& tally)
+{
+    return std::ranges::find(tally.kinds, 0) == tally.kinds.end() &&
+           std::ranges::find(tally.places, 0) == tally.places.end();
+}
+
+Tally& SharedTally()
+{
+    void* const memory =
+        mmap(nullptr, sizeof(Tally), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    return *new (memory) Tally;
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments)
+{
+    if (argumentCount != 3)
+    {
+        std::fputs("usage: event_storm EVENTS SEED\n", stderr);
+        return 2;
+    }
+    long const events = std::atol(arguments[1]);
+    auto const seed = static_cast<unsigned>(std::atol(arguments[2]));
+    Tally& tally = SharedTally();
+    unsigned runs = 0;
+    bool isSound = true;
+    while (isSound && tally.events < events)
+    {
+        isSound = PlayInAProcess(seed + runs, events, tally);
+        ++runs;
+    }
+    Print(tally, runs);
+    if (isSound && events >= kEventsForAll && !HasBeenEverywhere(tally))
+    {
+        std::puts("something was never met");
+        isSound = false;
+    }
+    return isSound ? 0 : 1;
+}
