@@ -10,6 +10,12 @@ target_compile_options(quarrow_options INTERFACE
 # GCC 12 sees overlapping copies in plain concatenations of std::string that are none (its bug 105329).
 target_compile_options(quarrow_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
+# The same source gives the same bytes in whatever folder it is built: no path of this machine in a released program,
+# and symbols that are made up are made up of the file's name.
+target_compile_options(quarrow_options INTERFACE
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=
+    -ffile-prefix-map=${CMAKE_BINARY_DIR}/=>)
+
 if(QUARROW_SANITIZE)
     target_compile_options(quarrow_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)

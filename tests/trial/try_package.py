@@ -1,0 +1,58 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""try_package.py PACKAGE: installs the Debian package into a bare Debian system, plays a race there, and removes it.
+
+Nothing but the player's settings may be left of it afterwards.
+"""
+
+import pathlib
+import shutil
+import sys
+
+from bare_root import BareRoot, Display, Game, play_a_race
+
+# Written by the package tools for themselves, whatever they install.
+BOOKKEEPING = ("/var/lib/dpkg", "/var/lib/apt", "/var/cache/apt", "/var/log", "/var/cache/debconf", "/tmp",
+               "/var/cache/ldconfig", "/etc/ld.so.cache")
+# Caches that libraries keep for the player, whatever program uses them.
+LIBRARY_CACHES = ("/home/player/.cache",)
+
+
+def main():
+    package = pathlib.Path(sys.argv[1])
+    root = BareRoot()
+    display = Display()
+    try:
+        root.apt("update")
+        shutil.copy(package, root.path / "root" / "quarrow.deb")
+        # What it depends on is installed first, so that what it brings itself can be told from that.
+        depends = root.run("dpkg-deb", "--field", "/root/quarrow.deb", "Depends")
+        wanted = [choice.split("|")[0].split("(")[0].strip() for choice in depends.split(",")]
+        root.apt("install", *wanted)
+        print(f"installed {len(wanted)} dependencies", flush=True)
+        before = root.files()
+
+        root.apt("install", "/root/quarrow.deb")
+        print("installed", root.run("dpkg-query", "--show", "quarrow").strip(), flush=True)
+        assert root.run("dpkg", "--verify", "quarrow") == ""
+
+        home = root.path / "home" / "player"
+        with Game(display, home, program=root.starter("quarrow", "player")) as game:
+            play_a_race(game)
+        print("a race was started, paused and left; the game ended in order", flush=True)
+
+        root.apt("purge", "quarrow")
+        after = root.files()
+        left = sorted(name for name in before.keys() | after.keys()
+                      if before.get(name) != after.get(name) and
+                      not name.startswith(BOOKKEEPING + LIBRARY_CACHES) and not name.startswith("/home/player/log-"))
+        print("left behind:", *left)
+        assert left == ["/home/player/.config", "/home/player/.config/quarrow",
+                        "/home/player/.config/quarrow/settings.toml"], left
+    finally:
+        display.close()
+        root.close()
+
+
+main()
