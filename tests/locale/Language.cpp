@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "Language.h"
+#include "locale/Language.h"
 
 #include "platform/Bundle.h"
 #include "platform/Locale.h"

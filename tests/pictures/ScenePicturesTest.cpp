@@ -3,23 +3,21 @@
 //
 // The scene, the cockpit and the menus as a player sees them, against golden pictures.
 #include "core/Game.h"
+#include "locale/Language.h"
 #include "pictures/Picture.h"
+#include "pictures/RaceScene.h"
 #include "pictures/SceneWindow.h"
-#include "platform/Random.h"
 #include "settings/GameSettings.h"
 #include "ui/Menu.h"
 #include "ui/MenuGame.h"
 #include "ui/MenuKeyboard.h"
-#include "world/Camera.h"
 #include "world/Universe.h"
-#include "world/Waypoint.h"
 
-#include <memory>
+#include <algorithm>
+#include <string>
 
 namespace
 {
-
-constexpr unsigned kSeed = 2026;
 
 class ScenePictures : public testing::Test
 {
@@ -37,89 +35,52 @@ protected:
         Game::pGame = nullptr;
     }
 
-    void SetUp() override
-    {
-        platform::SeedRandom(kSeed);
-        m_universe = std::make_unique<Universe>();
-        Menu::ClearCurrent();
-    }
-
-    // Puts the ship at an offset from the first marker, looking along a direction.
-    void PlaceShip(TQ3Vector3D const& fromMarker, TQ3Vector3D const& direction)
-    {
-        TQ3Vector3D const& marker = m_universe->GetWaypointPosition(0);
-        LookFrom({marker.x + fromMarker.x, marker.y + fromMarker.y, marker.z + fromMarker.z}, direction);
-    }
-
-    void LookFrom(TQ3Vector3D const& place, TQ3Vector3D const& direction)
-    {
-        Camera& camera = *m_universe->GetCamera();
-        camera.Body::SetDefaults(); // an unturned ship: only that can be turned to face a point
-        camera.MoveTo(place);
-        camera.TurnToFace(place.x + direction.x, place.y + direction.y, place.z + direction.z);
-    }
-
-    Picture DrawScene()
-    {
-        return SceneWindow::shared().draw(
-            [this](int width, int height)
-            {
-                m_universe->Render(width, height);
-                Menu::RenderCurrent(width, height);
-            });
-    }
+    Picture DrawScene() { return m_scene.Draw(SceneWindow::shared()); }
 
     static Picture DrawMenu()
     {
         return SceneWindow::shared().draw([](int width, int height) { Menu::RenderCurrent(width, height); });
     }
 
-    std::unique_ptr<Universe> m_universe;
+    RaceScene m_scene;
 };
 
 TEST_F(ScenePictures, MainMenuStandsOverTheRunningScene)
 {
-    m_universe->SetCockpitVisible(false);
+    m_scene.universe().SetCockpitVisible(false);
     Menu::SetCurrent(new MenuMain);
     EXPECT_TRUE(LooksLike(DrawScene(), "main-menu"));
 }
 
-TEST_F(ScenePictures, RaceStartsOutsideTheFieldWithTheCockpit)
+// Cyrillic, kana with Han, Han: each from another font than the English menu's.
+TEST_F(ScenePictures, MainMenuIsWrittenInThreeOtherScripts)
 {
-    EXPECT_TRUE(LooksLike(DrawScene(), "race-start"));
+    m_scene.universe().SetCockpitVisible(false);
+    for (char const* const name : {"uk", "ja", "zh_CN"})
+    {
+        language::Spoken const spoken(name);
+        Menu::SetCurrent(new MenuMain);
+        EXPECT_TRUE(LooksLike(DrawMenu(), std::string("main-menu-") + name));
+    }
 }
 
-TEST_F(ScenePictures, DeepFieldClosesIn)
+class CockpitPictures : public ScenePictures, public testing::WithParamInterface<Situation>
 {
-    LookFrom({100.5F, 100.5F, 100.5F}, {1.0F, 0.3F, 0.1F});
-    m_universe->PlayerWantsToGo(0.6F);
-    EXPECT_TRUE(LooksLike(DrawScene(), "deep-field"));
+};
+
+TEST_P(CockpitPictures, ShowWhereTheMarkerIs)
+{
+    GetParam().arrange(m_scene);
+    EXPECT_TRUE(LooksLike(DrawScene(), GetParam().name));
 }
 
-TEST_F(ScenePictures, CockpitPointsAtAMarkerAhead)
-{
-    PlaceShip({0.0F, 0.0F, 4.0F}, {0.0F, 0.0F, -1.0F});
-    EXPECT_TRUE(LooksLike(DrawScene(), "marker-ahead"));
-}
-
-TEST_F(ScenePictures, CockpitPointsAtAMarkerBehind)
-{
-    PlaceShip({0.0F, 0.0F, -4.0F}, {0.0F, 0.0F, -1.0F});
-    m_universe->PlayerWantsToGo(1.0F);
-    EXPECT_TRUE(LooksLike(DrawScene(), "marker-behind"));
-}
-
-TEST_F(ScenePictures, CockpitPointsAtAMarkerAbove)
-{
-    PlaceShip({0.5F, -1.2F, 4.0F}, {0.0F, 0.0F, -1.0F});
-    EXPECT_TRUE(LooksLike(DrawScene(), "marker-above"));
-}
-
-TEST_F(ScenePictures, CockpitPointsAtAMarkerBelow)
-{
-    PlaceShip({-0.5F, 1.2F, 4.0F}, {0.0F, 0.0F, -1.0F});
-    EXPECT_TRUE(LooksLike(DrawScene(), "marker-below"));
-}
+INSTANTIATE_TEST_SUITE_P(Situations, CockpitPictures, testing::ValuesIn(CockpitSituations()),
+                         [](auto const& situation)
+                         {
+                             std::string name = situation.param.name;
+                             std::replace(name.begin(), name.end(), '-', '_');
+                             return name;
+                         });
 
 TEST_F(ScenePictures, PauseMenuStandsOverTheCockpit)
 {
@@ -131,7 +92,7 @@ TEST_F(ScenePictures, EndOfRaceMenuShowsTimeAndRank)
 {
     int const none[5] = {};
     GameSettings::SetIntArrayParam("RaceTimes", none, 5);
-    m_universe->SetCockpitVisible(false);
+    m_scene.universe().SetCockpitVisible(false);
     Menu::SetCurrent(new MenuEndGame(95));
     EXPECT_TRUE(LooksLike(DrawScene(), "end-menu"));
 }

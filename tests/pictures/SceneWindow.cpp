@@ -41,13 +41,16 @@ public:
 SceneWindow& SceneWindow::shared()
 {
     // Never closed: OpenGL objects of static lifetime may outlast main().
-    static auto* const window = new SceneWindow;
+    static auto* const window = new SceneWindow(640, 480);
     return *window;
 }
 
-SceneWindow::SceneWindow() : m_view(std::make_unique<PassiveView>())
+SceneWindow::SceneWindow(int width, int height)
+    : m_width(width),
+      m_height(height),
+      m_view(std::make_unique<PassiveView>())
 {
-    platform::Rect const content{{}, {kWidth, kHeight}};
+    platform::Rect const content{{}, {static_cast<float>(width), static_cast<float>(height)}};
     bool const hasContext = m_view->initWithFrame(content);
     m_window =
         hasContext ? platform::Window::initWithContentRect(content, platform::WindowStyle::Titled) : nullptr;
@@ -61,15 +64,15 @@ SceneWindow::SceneWindow() : m_view(std::make_unique<PassiveView>())
 
 Picture SceneWindow::draw(std::function<void(int width, int height)> const& render)
 {
-    glViewport(0, 0, kWidth, kHeight);
+    glViewport(0, 0, m_width, m_height);
     glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    render(kWidth, kHeight);
-    Picture picture(kWidth, kHeight);
+    render(m_width, m_height);
+    Picture picture(m_width, m_height);
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    for (int row = 0; row < kHeight; ++row)
+    for (int row = 0; row < m_height; ++row)
     {
-        glReadPixels(0, kHeight - 1 - row, kWidth, 1, GL_RGB, GL_UNSIGNED_BYTE, picture.row(row));
+        glReadPixels(0, m_height - 1 - row, m_width, 1, GL_RGB, GL_UNSIGNED_BYTE, picture.row(row));
     }
     m_view->openGLContext()->flushBuffer();
     return picture;

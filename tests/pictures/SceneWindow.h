@@ -17,18 +17,18 @@ public:
     // Opened at the first call and kept: every test of the program draws into it.
     static SceneWindow& shared();
 
-    int width() const { return kWidth; }   // pixels
-    int height() const { return kHeight; } // pixels
+    // pixels; at most the display's. Throws without a display or an OpenGL.
+    SceneWindow(int width, int height);
+
+    int width() const { return m_width; }
+    int height() const { return m_height; }
 
     // What the function draws, from a black start.
     Picture draw(std::function<void(int width, int height)> const& render);
 
 private:
-    static constexpr int kWidth = 640;
-    static constexpr int kHeight = 480;
-
-    SceneWindow();
-
+    int m_width;
+    int m_height;
     std::unique_ptr<platform::OpenGLView> m_view;
     std::unique_ptr<platform::Window> m_window;
 };
