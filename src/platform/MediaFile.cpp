@@ -100,9 +100,14 @@ private:
         m_video.stream = BestStream(m_format, AVMEDIA_TYPE_VIDEO);
         for (unsigned i = 0; i < m_format->nb_streams; ++i)
         {
-            AVStream* const stream = m_format->streams[i];
-            stream->discard =
-                stream == m_audio.stream || stream == m_video.stream ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+            m_format->streams[i]->discard = AVDISCARD_ALL;
+        }
+        for (AVStream* const used : {m_audio.stream, m_video.stream})
+        {
+            if (used != nullptr)
+            {
+                used->discard = AVDISCARD_DEFAULT;
+            }
         }
         int const rate = m_audio.stream != nullptr ? m_audio.stream->codecpar->sample_rate : 0;
         if (rate >= kLowestRate && rate <= kHighestRate)
@@ -216,8 +221,11 @@ private:
 
     bool isComplete(Track const& track, std::vector<std::int64_t> const& promised) const
     {
-        auto const index =
-            track.stream != nullptr ? static_cast<std::size_t>(track.stream->index) : promised.size();
+        if (track.stream == nullptr)
+        {
+            return true;
+        }
+        auto const index = static_cast<std::size_t>(track.stream->index);
         if (index >= promised.size() || promised[index] <= 0)
         {
             return true;

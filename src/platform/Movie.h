@@ -56,7 +56,7 @@ public:
     void goToEnd();
     TimeValue duration() const;
     int timeScale() const; // units per second
-    TimeValue posterTime() const { return 0; }
+    static TimeValue posterTime() { return 0; }
 
     // Where the time base stops when it runs forwards.
     TimeValue stopTime() const;

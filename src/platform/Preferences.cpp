@@ -269,7 +269,7 @@ std::vector<int> Preferences::integerArrayForKey(std::string const& key) const
     return m_storage->integers(key);
 }
 
-void Preferences::setValue(std::string const& key, Value value)
+void Preferences::setValue(std::string const& key, Value const& value)
 {
     if (m_storage->merges.contains(key) && !m_storage->changed.contains(key))
     {

@@ -52,7 +52,7 @@ public:
     std::string stringForKey(std::string const& key) const; // UTF-8
     std::vector<int>
     integerArrayForKey(std::string const& key) const; // an element that is no number reads as 0
-    void setValue(std::string const& key, Value value);
+    void setValue(std::string const& key, Value const& value);
 
     // Writes the changed keys now, over what the file holds by then: a new file, synced, renamed over the old
     // one. Other keys that the file holds are read with it. False, and everything kept for the next try, when

@@ -44,7 +44,7 @@ TEST_F(ApplicationTest, ClosedWindowIsAnOrderlyEnd)
     EXPECT_EQ(run({}), 0);
 }
 
-TEST_F(ApplicationTest, WindowHasTitleAndSizeOfTheInterfaceFile)
+TEST_F(ApplicationTest, WindowHasTitleOfTheInterfaceFileWithTheVersionAndItsSize)
 {
     std::string title;
     platform::Size size;
@@ -53,7 +53,7 @@ TEST_F(ApplicationTest, WindowHasTitleAndSizeOfTheInterfaceFile)
              title = SDL_GetWindowTitle(SDL_GetWindowFromID(view.window()->identifier()));
              size = view.frame().size;
          }});
-    EXPECT_EQ(title, "Quarrow");
+    EXPECT_EQ(title, "Quarrow " QUARROW_VERSION);
     EXPECT_EQ(size.width, 1024.0F);
     EXPECT_EQ(size.height, 768.0F);
 }
