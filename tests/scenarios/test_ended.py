@@ -13,6 +13,13 @@ from game_window import Display, Game, wait_until
 
 # Sanitizers make a frame several times as long.
 LIMIT = 1.0 if "asan" not in os.environ["QUARROW_PROGRAM"] else 5.0  # seconds
+TRIES = 3  # another program may have the processor just then: the game is too slow when it is every time
+
+
+def limit():
+    """Where more programs want to run than there are processors, the game gets its share of a second only."""
+    return LIMIT * max(1.0, os.getloadavg()[0] / os.cpu_count())
+
 
 WAYS = ("SIGTERM", "SIGINT", "SIGHUP", "close button", "Ctrl+Q", "display gone")
 
@@ -46,24 +53,36 @@ class EndedScenario(unittest.TestCase):
         seconds = time.monotonic() - start
         # A lost display ends the program from within its library for windows, in order but with a complaint.
         self.assertEqual(status, 1 if how == "display gone" else 0, game.log())
-        EndedScenario.slowest = max(EndedScenario.slowest, seconds)
-        self.assertLess(seconds, LIMIT)
+        return seconds
+
+    def check_time(self, measure):
+        """measure() ends a game and tells how long that took."""
+        for _ in range(TRIES):
+            seconds = measure()
+            if seconds < limit():
+                EndedScenario.slowest = max(EndedScenario.slowest, seconds)
+                return
+        self.fail(f"the end took {seconds:.2f} s")
 
     def check_all_ways(self, prepare, settings="Fullscreen = 0\n"):
         """prepare(game) brings the game where it is to be ended, and names a setting and its new value."""
         for how in WAYS:
             with self.subTest(how=how):
-                (self.folder / "settings.toml").write_text(settings)
-                display = Display()
-                try:
-                    with Game(display, self.home) as game:
-                        game.wait_for_items(present=range(5))
-                        key, value = prepare(game)
-                        self.end(game, how)
-                        self.assertEqual(game.settings().get(key), value)
-                finally:
-                    display.close()
-                self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.toml"])
+                self.check_time(lambda how=how: self.prepared_and_ended(prepare, settings, how))
+
+    def prepared_and_ended(self, prepare, settings, how):
+        (self.folder / "settings.toml").write_text(settings)
+        display = Display()
+        try:
+            with Game(display, self.home) as game:
+                game.wait_for_items(present=range(5))
+                key, value = prepare(game)
+                seconds = self.end(game, how)
+                self.assertEqual(game.settings().get(key), value)
+        finally:
+            display.close()
+        self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.toml"])
+        return seconds
 
     def to_full_screen(self, game):
         game.key("F11")
@@ -117,15 +136,19 @@ class EndedScenario(unittest.TestCase):
     def test_while_it_loads(self):
         for how in WAYS[:4] + WAYS[5:]:  # a key that comes before the first frame is none
             with self.subTest(how=how):
-                (self.folder / "settings.toml").write_text("FogStart = 12.0\n")
-                display = Display()
-                try:
-                    with Game(display, self.home, expect_start=False) as game:
-                        wait_until(lambda: "end awakeFromNib" in game.log(), "the window")
-                        self.end(game, how)
-                finally:
-                    display.close()
-                self.assertEqual((self.folder / "settings.toml").read_text(), "FogStart = 12.0\n")
+                self.check_time(lambda how=how: self.ended_while_it_loads(how))
+
+    def ended_while_it_loads(self, how):
+        (self.folder / "settings.toml").write_text("FogStart = 12.0\n")
+        display = Display()
+        try:
+            with Game(display, self.home, expect_start=False) as game:
+                wait_until(lambda: "end awakeFromNib" in game.log(), "the window")
+                seconds = self.end(game, how)
+        finally:
+            display.close()
+        self.assertEqual((self.folder / "settings.toml").read_text(), "FogStart = 12.0\n")
+        return seconds
 
 
 if __name__ == "__main__":
