@@ -3,13 +3,11 @@
 //
 // quarrow_frame_bench: whole frames of a race, from tick to the picture on the display, and whole new races,
 // in a real window of 1280 x 720. Runs under tests/support/with-display.
+#include "bench/BenchWindow.h"
 #include "bench/Viewpoint.h"
 #include "core/Game.h"
-#include "platform/Display.h"
 #include "platform/OpenGL.h"
-#include "platform/OpenGLView.h"
 #include "platform/Random.h"
-#include "platform/Window.h"
 #include "settings/GameSettings.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
@@ -23,36 +21,7 @@
 namespace
 {
 
-constexpr int kWidth = 1280;
-constexpr int kHeight = 720;
 constexpr unsigned kSeed = 2026;
-
-// Shows what is drawn, and hears nothing.
-class SilentView : public platform::OpenGLView
-{
-public:
-    bool initWithFrame(platform::Rect frame) override
-    {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                            platform::kPixelFormatColorSize,
-                                            32,
-                                            platform::kPixelFormatDepthSize,
-                                            32,
-                                            0};
-        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
-        return format && initWithPixelFormat(frame, *format);
-    }
-    void awakeFromNib() override {}
-    void reshape() override {}
-    void toggleFullScreen() override {}
-    bool acceptsFirstResponder() override { return false; }
-    bool becomeFirstResponder() override { return false; }
-    bool resignFirstResponder() override { return true; }
-    void keyDown(platform::Event const&) override {}
-    void mouseMoved(platform::Event const&) override {}
-    void mouseUp(platform::Event const&) override {}
-    void scrollWheel(platform::Event const&) override {}
-};
 
 void StartRace()
 {
@@ -61,31 +30,30 @@ void StartRace()
     Game::pGame->SwitchToState(kStatePlaying);
 }
 
-void ShowFrame(platform::OpenGLContext& context)
+void ShowFrame(BenchWindow const& window)
 {
     Game::pGame->Tick();
-    Game::pGame->Render(kWidth, kHeight);
-    context.flushBuffer();
-    glFinish();
+    Game::pGame->Render(BenchWindow::kWidth, BenchWindow::kHeight);
+    window.show();
 }
 
-void Frame(benchmark::State& state, platform::OpenGLContext* context, Viewpoint const& viewpoint)
+void Frame(benchmark::State& state, BenchWindow const* window, Viewpoint const& viewpoint)
 {
     StartRace();
     LookFrom(viewpoint, *Game::pGame->GetUniverse()->GetCamera());
-    ShowFrame(*context); // the driver's own first-time work
+    ShowFrame(*window); // the driver's own first-time work
     for ([[maybe_unused]] auto const _ : state)
     {
-        ShowFrame(*context);
+        ShowFrame(*window);
     }
 }
 
-void NewRace(benchmark::State& state, platform::OpenGLContext* context)
+void NewRace(benchmark::State& state, BenchWindow const* window)
 {
     for ([[maybe_unused]] auto const _ : state)
     {
         StartRace();
-        ShowFrame(*context);
+        ShowFrame(*window);
     }
 }
 
@@ -96,47 +64,23 @@ void ChangedLine(benchmark::State& state)
     for ([[maybe_unused]] auto const _ : state)
     {
         overlay.SetStringTimer(seconds++ % 3600);
-        overlay.Render(kWidth, kHeight);
+        overlay.Render(BenchWindow::kWidth, BenchWindow::kHeight);
     }
     glFinish();
 }
 
-void RegisterAll(platform::OpenGLContext* context)
+void RegisterAll(BenchWindow const* window)
 {
-    benchmark::RegisterBenchmark("frame race/new", NewRace, context)
+    benchmark::RegisterBenchmark("frame race/new", NewRace, window)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
     benchmark::RegisterBenchmark("text/changed line", ChangedLine)->Unit(benchmark::kMicrosecond);
     for (Viewpoint const& viewpoint : Viewpoints())
     {
-        benchmark::RegisterBenchmark(("frame/" + Name(viewpoint)).c_str(), Frame, context, viewpoint)
+        benchmark::RegisterBenchmark(("frame/" + Name(viewpoint)).c_str(), Frame, window, viewpoint)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime();
     }
-}
-
-int RunInWindow()
-{
-    platform::Rect const frame{{}, {kWidth, kHeight}};
-    SilentView view;
-    if (!view.initWithFrame(frame))
-    {
-        return 1;
-    }
-    auto const window = platform::Window::initWithContentRect(frame, platform::WindowStyle::Titled);
-    if (!window)
-    {
-        return 1;
-    }
-    window->setContentView(&view);
-    window->makeKeyAndOrderFront();
-    benchmark::AddCustomContext("OpenGL", reinterpret_cast<char const*>(glGetString(GL_RENDERER)));
-
-    Game::Init(kWidth, kHeight);
-    std::unique_ptr<Game> const game(Game::pGame);
-    RegisterAll(view.openGLContext());
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
 }
 
 } // namespace
@@ -145,12 +89,16 @@ int main(int argc, char** argv)
 {
     GameSettings::Initialize();
     benchmark::Initialize(&argc, argv);
-    if (!platform::OpenDisplay())
+    auto const window = BenchWindow::open();
+    if (!window)
     {
         return 1;
     }
-    int const status = RunInWindow();
+    benchmark::AddCustomContext("OpenGL", reinterpret_cast<char const*>(glGetString(GL_RENDERER)));
+    Game::Init(BenchWindow::kWidth, BenchWindow::kHeight);
+    std::unique_ptr<Game> const game(Game::pGame);
+    RegisterAll(window.get());
+    benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    platform::CloseDisplay();
-    return status;
+    return 0;
 }

@@ -9,6 +9,7 @@
 #include "platform/Random.h"
 #include "settings/GameSettings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -17,10 +18,13 @@ float Roid::m_lodDistFar = 0.0F;
 float Roid::m_lodDistMedium = 0.0F;
 bool Roid::m_fGotSettings = false;
 unsigned long Roid::m_ahroid[kSizeCount][kLodCount] = {};
+float Roid::m_aradius[kSizeCount] = {};
+float Roid::m_asolidShare[kLodCount] = {};
 
 namespace
 {
 
+constexpr double kPi = 3.14159265358979;
 constexpr int kCoarsest = 4; // slices and stacks of the farthest spheres, whatever the smoothness
 
 struct QuadricDeleter
@@ -44,6 +48,28 @@ void CompileSphere(unsigned long list, GLUquadric* quadric, double radius, int s
     glNewList(static_cast<GLuint>(list), GL_COMPILE);
     gluSphere(quadric, radius, subdivisions, subdivisions);
     glEndList();
+}
+
+// The radius of the largest ball inside a sphere of radius 1 that is built of so many slices and stacks: the
+// distance of its nearest face from the centre, seen in the plane through the axis and the middle of a slice.
+float SolidShare(int subdivisions)
+{
+    if (subdivisions < 3)
+    {
+        return 0.0F;
+    }
+    double const slice = kPi / subdivisions; // half the angle of a slice is the angle of a stack
+    double nearest = 1.0;
+    for (int stack = 0; stack < subdivisions; ++stack)
+    {
+        double const rimX = std::sin(stack * slice) * std::cos(slice);
+        double const rimZ = std::cos(stack * slice);
+        double const nextX = std::sin((stack + 1) * slice) * std::cos(slice);
+        double const nextZ = std::cos((stack + 1) * slice);
+        double const length = std::hypot(nextX - rimX, nextZ - rimZ);
+        nearest = std::min(nearest, std::fabs(rimX * nextZ - rimZ * nextX) / length);
+    }
+    return static_cast<float>(nearest);
 }
 
 } // namespace
@@ -124,10 +150,15 @@ void Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodC
             lists[size][lod] = glGenLists(1);
         }
     }
+    for (int lod = 0; lod < kLodCount; ++lod)
+    {
+        m_asolidShare[lod] = SolidShare(subdivisions[lod]);
+    }
     Quadric const quadric = SphereQuadric();
     for (int size = 0; size < kSizeCount; ++size)
     {
         float const radius = static_cast<float>(size) * step + minR;
+        m_aradius[size] = radius;
         for (int lod = 0; lod < kLodCount; ++lod)
         {
             CompileSphere(lists[size][lod], quadric.get(), radius, subdivisions[lod]);
@@ -161,21 +192,16 @@ bool Roid::Render(TQ3Vector3D const& position, Frustum const& frustum)
     {
         return false;
     }
-    float const distanceSquared = DistSquared(frustum.GetApex(), position);
-    int lod = 0;
-    if (distanceSquared >= m_lodDistFar)
-    {
-        lod = 2;
-    }
-    else if (distanceSquared >= m_lodDistMedium)
-    {
-        lod = 1;
-    }
+    Draw(position, m_sizeClass, LevelOfDetail(DistSquared(frustum.GetApex(), position)));
+    return true;
+}
+
+void Roid::Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail)
+{
     glPushMatrix();
     glTranslated(position.x, position.y, position.z);
-    glCallList(static_cast<GLuint>(m_ahroid[m_sizeClass][lod]));
+    glCallList(static_cast<GLuint>(m_ahroid[sizeClass][levelOfDetail]));
     glPopMatrix();
-    return true;
 }
 
 bool Roid::ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,

@@ -39,6 +39,17 @@ public:
     // Moves the asteroid to the position and draws it there. False when its centre is out of view.
     bool Render(TQ3Vector3D const& position, Frustum const& frustum);
 
+    // What Render() does once it knows that the asteroid is in view.
+    static void Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail);
+    static int LevelOfDetail(float distanceSquared)
+    {
+        if (distanceSquared >= m_lodDistFar)
+        {
+            return 2;
+        }
+        return distanceSquared >= m_lodDistMedium ? 1 : 0;
+    }
+
     // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid:
     // then hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it
     // has come. A touch beyond the end is reported too.
@@ -52,6 +63,8 @@ public:
     static float m_lodDistMedium; // squared
     static bool m_fGotSettings;
     static unsigned long m_ahroid[kSizeCount][kLodCount];
+    static float m_aradius[kSizeCount];    // world units
+    static float m_asolidShare[kLodCount]; // of its radius: the sphere that each mesh contains
 
 private:
     static void ReleaseShared();

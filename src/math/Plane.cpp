@@ -36,24 +36,12 @@ void Widen(float value, float* min, float* max)
     }
 }
 
-// The part of the stretch on the inner side of the plane, with the slack that rounding may need: beyond 0.01,
-// some units in the last place of coordinates that grow with the distance from the origin.
-void Narrow(Plane const& plane, float x, float y, float* minZ, float* maxZ)
+// A plane along z keeps or drops whole lines: tilted by a hair it does so at their far ends.
+constexpr float kLeastTilt = 1e-9F;
+
+bool IsLower(Plane const& plane)
 {
-    float const extent = std::fabs(x) + std::fabs(y) + std::max(std::fabs(*minZ), std::fabs(*maxZ));
-    float const rest = plane.a * x + plane.b * y + plane.d + 0.01F + 4.0F * kQ3Epsilon * extent;
-    if (plane.c > 0.0F)
-    {
-        *minZ = std::max(*minZ, -rest / plane.c);
-    }
-    else if (plane.c < 0.0F)
-    {
-        *maxZ = std::min(*maxZ, -rest / plane.c);
-    }
-    else if (rest < 0.0F)
-    {
-        *maxZ = *minZ - 1.0F; // the line runs along the plane, outside
-    }
+    return plane.c > -kLeastTilt;
 }
 
 } // namespace
@@ -107,13 +95,34 @@ Frustum::Frustum(float fov, float aspect, TQ3Vector3D const* position, TQ3Vector
     m_top.Init(m_corners[0], m_apex, m_corners[2]);
     m_bottom.Init(m_corners[3], m_apex, m_corners[1]);
     m_far.Init(m_corners[3], m_corners[1], m_corners[0]);
+    FindRowLimits();
 }
 
-void Frustum::NarrowToView(float x, float y, float* minZ, float* maxZ) const
+Frustum::RowLimit::RowLimit(Plane const& plane, float slack)
 {
+    float const c = IsLower(plane) ? std::max(plane.c, kLeastTilt) : plane.c;
+    offset = -(plane.d + slack) / c;
+    perX = -plane.a / c;
+    perY = -plane.b / c;
+}
+
+// With the slack that rounding may need: beyond 0.01, some units in the last place of coordinates that grow
+// with the distance from the origin.
+void Frustum::FindRowLimits()
+{
+    float low[3];
+    float high[3];
+    GetBoundingBox(&low[0], &high[0], &low[1], &high[1], &low[2], &high[2]);
+    float extent = 0.0F;
+    for (int axis = 0; axis < 3; ++axis)
+    {
+        extent += std::max(std::fabs(low[axis]), std::fabs(high[axis]));
+    }
+    float const slack = 0.01F + 4.0F * kQ3Epsilon * extent;
+    int upper = kPlaneCount;
     for (Plane const* plane : {&m_left, &m_right, &m_top, &m_bottom, &m_far})
     {
-        Narrow(*plane, x, y, minZ, maxZ);
+        m_rowLimits[IsLower(*plane) ? m_lowerCount++ : --upper] = RowLimit(*plane, slack);
     }
 }
 

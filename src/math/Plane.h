@@ -6,6 +6,8 @@
 
 #include "math/qmath.h"
 
+#include <algorithm>
+
 // a*x + b*y + c*z + d = 0 with a unit normal; positive on the inner side.
 class Plane
 {
@@ -45,9 +47,20 @@ public:
                  m_bottom.Distance(p) < 0.0F || m_far.Distance(p) < 0.0F);
     }
 
-    // Narrows a stretch of the line along z through (x, y) to what may be inside. It leaves no point out that
-    // IsPointInside() takes in, and may leave nothing: then maxZ is below minZ.
-    void NarrowToView(float x, float y, float* minZ, float* maxZ) const;
+    // Narrows a stretch of the line along z through (x, y), in the bounding box or near it, to what may be
+    // inside. It leaves no point out that IsPointInside() takes in, and may leave nothing: then maxZ is below
+    // minZ.
+    void NarrowToView(float x, float y, float* minZ, float* maxZ) const
+    {
+        for (int i = 0; i < m_lowerCount; ++i)
+        {
+            *minZ = std::max(*minZ, m_rowLimits[i].At(x, y));
+        }
+        for (int i = m_lowerCount; i < kPlaneCount; ++i)
+        {
+            *maxZ = std::min(*maxZ, m_rowLimits[i].At(x, y));
+        }
+    }
 
     // The axis-aligned box around the apex and the four far corners.
     void GetBoundingBox(float* minX, float* maxX, float* minY, float* maxY, float* minZ, float* maxZ) const;
@@ -61,6 +74,22 @@ public:
     static void InternalTest();
 
 private:
+    static constexpr int kPlaneCount = 5;
+
+    // Where a plane cuts the lines along z: at offset + perX * x + perY * y.
+    struct RowLimit
+    {
+        RowLimit() = default;
+        RowLimit(Plane const& plane, float slack);
+        float At(float x, float y) const { return offset + perX * x + perY * y; }
+
+        float offset = 0.0F;
+        float perX = 0.0F;
+        float perY = 0.0F;
+    };
+
+    void FindRowLimits();
+
     TQ3Vector3D m_corners[4];
     TQ3Vector3D m_apex;
     Plane m_left;
@@ -68,4 +97,6 @@ private:
     Plane m_top;
     Plane m_bottom;
     Plane m_far;
+    RowLimit m_rowLimits[kPlaneCount]; // the lower ones first
+    int m_lowerCount = 0;
 };

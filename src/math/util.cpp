@@ -15,12 +15,6 @@ namespace
 
 constexpr double kRandScale = 4.656612873077393e-10; // 2^-31
 
-int WithinCellLimits(float value)
-{
-    constexpr float kLimit = 1073741824.0F; // 2^30
-    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -kLimit, kLimit));
-}
-
 } // namespace
 
 float FltClamp(float value, float min, float max)
@@ -92,14 +86,4 @@ unsigned Power2Ceiling(unsigned n)
         power *= 2;
     }
     return power;
-}
-
-int FloorToInt(float value)
-{
-    return WithinCellLimits(std::floor(value));
-}
-
-int CeilToInt(float value)
-{
-    return WithinCellLimits(std::ceil(value));
 }

@@ -6,6 +6,8 @@
 
 #include "math/qmath.h"
 
+#include <algorithm>
+
 // min if min > value, else max if max < value, else value.
 float FltClamp(float value, float min, float max);
 
@@ -43,7 +45,24 @@ float Dist(int x1, int y1, int z1, int x2, int y2, int z2);
 // The smallest power of two that is not below n; 1 for 0. n is at most 2^31.
 unsigned Power2Ceiling(unsigned n);
 
-// The integer below (floor) or above (ceiling), held within +-2^30 so that cell ranges never overflow; 0 for
-// NaN.
-int FloorToInt(float value);
-int CeilToInt(float value);
+// The value held within +-2^30, so that cell ranges never overflow; 0 for NaN.
+inline float WithinCellLimits(float value)
+{
+    constexpr float kLimit = 1073741824.0F; // 2^30
+    return value != value ? 0.0F : std::clamp(value, -kLimit, kLimit);
+}
+
+// The integer below (floor) or above (ceiling), within the cell limits. Cheaper than the library's roundings.
+inline int FloorToInt(float value)
+{
+    float const held = WithinCellLimits(value);
+    auto const whole = static_cast<int>(held);
+    return static_cast<float>(whole) > held ? whole - 1 : whole;
+}
+
+inline int CeilToInt(float value)
+{
+    float const held = WithinCellLimits(value);
+    auto const whole = static_cast<int>(held);
+    return static_cast<float>(whole) < held ? whole + 1 : whole;
+}

@@ -82,6 +82,7 @@ void Universe::GenerateField()
             Roid& roid = m_roidStorage.emplace_back(this);
             roid.MoveTo(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
             m_roids[x][y][z][level] = &roid;
+            m_fieldRows.Add(x, y, z, level, roid.GetSizeClass());
         }
     }
 }

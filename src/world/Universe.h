@@ -13,6 +13,8 @@
 #pragma once
 
 #include "math/qmath.h"
+#include "world/FieldRows.h"
+#include "world/FieldView.h"
 
 #include <algorithm>
 #include <array>
@@ -87,6 +89,7 @@ public:
 
     void InitCubeTexture();
     void RenderEnvironmentBox() const;
+    void RenderCockpit(int width, int height);
 
     Camera* GetCamera() const { return m_camera.get(); }
     Waypoint const* GetWaypoint() const { return m_waypoint.get(); }
@@ -123,13 +126,13 @@ private:
     void ShowWaypointCount();
 
     void BeginScene(int width, int height) const;
-    void RenderSky() const;
+    void PushSkyMatrix() const;
+    void PlaceLight() const;
+    void RenderSkyBehind() const;
     void BeginFog(float fogEnd) const;
-    void RenderField(Frustum const& frustum) const;
-    void RenderRow(int x, int y, int beginZ, int endZ, Frustum const& frustum) const;
+    void RenderField(Frustum const& frustum, int width, int height);
     void RenderMarker(Frustum const& frustum, float fogEnd) const;
 
-    void RenderCockpit(int width, int height);
     void RenderInstruments() const;
     void RenderThrottleBar() const;
     void RenderReadOuts(int width, int height);
@@ -141,6 +144,8 @@ private:
     std::vector<Roid> m_roidStorage;
     Roid* m_roids[kFieldSize][kFieldSize][kFieldSize][kLevelCount] = {};
     std::unique_ptr<PathSearch> m_pathSearch;
+    FieldRows m_fieldRows;
+    FieldView m_fieldView;
     std::unique_ptr<Waypoint> m_waypoint;
     int m_currentWaypoint = 0;
     int m_waypointCount = kWaypointCount;

@@ -12,6 +12,7 @@
 #include "platform/OpenGL.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
+#include "world/Lens.h"
 #include "world/Waypoint.h"
 
 #include <algorithm>
@@ -19,10 +20,6 @@
 namespace
 {
 
-constexpr double kFieldOfViewDegrees = 45.0;
-constexpr float kFieldOfView = 0.7853982F; // the same in radians
-constexpr double kNear = 0.1;
-constexpr double kFar = 100.0;
 constexpr float kClosedInDepth = 48.0F; // three lattice blocks deep the view has closed in
 constexpr GLfloat kFogColor[] = {0.05F, 0.05F, 0.1F, 1.0F};
 constexpr GLfloat kLightPosition[] = {10.0F, 10.0F, -10.0F, 0.5F};
@@ -57,7 +54,7 @@ float Universe::PointToFrustumDepth(TQ3Vector3D const& p) const
 void Universe::Render(int width, int height)
 {
     BeginScene(width, height);
-    RenderSky();
+    PlaceLight();
     float const fogEnd = PointToFrustumDepth(m_camera->GetPosition());
     BeginFog(fogEnd);
 
@@ -66,13 +63,14 @@ void Universe::Render(int width, int height)
     TQ3Vector3D
         apex; // one unit behind the ship, so that rocks beside the eye are not culled by their centres
     Vector3D_Subtract(&m_camera->GetPosition(), &facing, &apex);
-    Frustum const frustum(kFieldOfView, static_cast<float>(width) / static_cast<float>(height), &apex,
+    Frustum const frustum(lens::kFieldOfView, static_cast<float>(width) / static_cast<float>(height), &apex,
                           &facing, &m_camera->GetUp(), fogEnd + 1.0F);
     Roid::RenderStart();
-    RenderField(frustum);
+    RenderField(frustum, width, height);
     Roid::RenderEnd();
     RenderMarker(frustum, fogEnd);
     glDisable(GL_FOG);
+    RenderSkyBehind();
 
     if (m_fpsOverlay)
     {
@@ -96,23 +94,38 @@ void Universe::BeginScene(int width, int height) const
 
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    gluPerspective(kFieldOfViewDegrees, static_cast<double>(width) / height, kNear, kFar);
+    gluPerspective(lens::kFieldOfViewDegrees, static_cast<double>(width) / height, lens::kNear, lens::kFar);
     glMatrixMode(GL_MODELVIEW);
     m_camera->LookAt();
 }
 
-// Under the ship's rotation alone, so that the sky never comes nearer; the light stands in the sky.
-void Universe::RenderSky() const
+// The ship's rotation alone, so that the sky never comes nearer. The caller pops the matrix.
+void Universe::PushSkyMatrix() const
 {
     TQ3Quaternion inverse;
     Q3Quaternion_Invert(&m_camera->GetRotation(), &inverse);
     TQ3Matrix4x4 rotation;
     Q3Matrix4x4_SetQuaternion(&rotation, &inverse);
-
     glPushMatrix();
     glLoadMatrixf(&rotation.value[0][0]);
-    RenderEnvironmentBox();
+}
+
+// It stands in the sky.
+void Universe::PlaceLight() const
+{
+    PushSkyMatrix();
     glLightfv(GL_LIGHT0, GL_POSITION, kLightPosition);
+    glPopMatrix();
+}
+
+// At the far end of the depth range, after all that stands in front of it: only what is still empty is
+// filled.
+void Universe::RenderSkyBehind() const
+{
+    PushSkyMatrix();
+    glDepthRange(1.0, 1.0);
+    RenderEnvironmentBox();
+    glDepthRange(0.0, 1.0);
     glPopMatrix();
 }
 
@@ -125,44 +138,13 @@ void Universe::BeginFog(float fogEnd) const
     glEnable(GL_FOG);
 }
 
-// Draws the asteroids of all the cells in the frustum's box; its upper ends are excluded.
-void Universe::RenderField(Frustum const& frustum) const
+void Universe::RenderField(Frustum const& frustum, int width, int height)
 {
-    float minX = 0.0F;
-    float maxX = 0.0F;
-    float minY = 0.0F;
-    float maxY = 0.0F;
-    float minZ = 0.0F;
-    float maxZ = 0.0F;
-    frustum.GetBoundingBox(&minX, &maxX, &minY, &maxY, &minZ, &maxZ);
-    int const endX = CeilToInt(maxX);
-    int const endY = CeilToInt(maxY);
-    int const beginY = FloorToInt(std::max(minY, 0.0F));
-    int const beginZ = FloorToInt(std::max(minZ, 0.0F));
-    int const endZ = CeilToInt(maxZ);
-    for (int x = FloorToInt(std::max(minX, 0.0F)); x < endX; ++x)
+    for (FieldView::Rock const& rock : m_fieldView.Choose(m_fieldRows, frustum, *m_camera, width, height))
     {
-        for (int y = beginY; y < endY; ++y)
+        if (rock.isShown)
         {
-            RenderRow(x, y, beginZ, endZ, frustum);
-        }
-    }
-}
-
-// Most cells of the box lie outside the view, which is a pyramid in it: those of a row are skipped at one go.
-void Universe::RenderRow(int x, int y, int beginZ, int endZ, Frustum const& frustum) const
-{
-    auto const rowX = static_cast<float>(x);
-    auto const rowY = static_cast<float>(y);
-    auto first = static_cast<float>(beginZ);
-    auto last = static_cast<float>(endZ - 1);
-    frustum.NarrowToView(rowX, rowY, &first, &last);
-    int const end = FloorToInt(last) + 1;
-    for (int z = CeilToInt(first); z < end; ++z)
-    {
-        if (Roid* const roid = RoidAtCell(x, y, z))
-        {
-            roid->Render({rowX, rowY, static_cast<float>(z)}, frustum);
+            Roid::Draw(rock.place, rock.sizeClass, rock.levelOfDetail);
         }
     }
 }

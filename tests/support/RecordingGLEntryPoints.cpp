@@ -263,6 +263,11 @@ extern "C"
         state().enabled[capability] = true;
     }
 
+    void glDepthRange(GLclampd nearest, GLclampd farthest)
+    {
+        note("glDepthRange", nearest, farthest);
+    }
+
     void glDisable(GLenum capability)
     {
         note("glDisable", capability);

@@ -13,6 +13,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdlib>
 #include <vector>
 
@@ -115,6 +118,54 @@ TEST_F(RoidTest, ListsHoldFourRadiiInThreeLevelsOfDetail)
         EXPECT_EQ(spheres[i][1], subdivisions[i % 3]);
         EXPECT_EQ(spheres[i][2], subdivisions[i % 3]);
     }
+}
+
+// The distance of the nearest face of a sphere of radius 1 that is built of so many slices and stacks.
+double NearestFace(int subdivisions)
+{
+    constexpr double kPi = 3.14159265358979;
+    double nearest = 1.0;
+    for (int stack = 0; stack < subdivisions; ++stack)
+    {
+        auto const corner = [&](int ring, int slice)
+        {
+            double const down = kPi * ring / subdivisions;
+            double const round = 2.0 * kPi * slice / subdivisions;
+            return std::array<double, 3>{std::sin(down) * std::cos(round), std::sin(down) * std::sin(round),
+                                         std::cos(down)};
+        };
+        // Three corners of one face, two of them on the ring that is no pole.
+        int const ring = stack == 0 ? 1 : stack;
+        auto const a = corner(ring, 0);
+        auto const b = corner(ring, 1);
+        auto const c = corner(stack == 0 ? 0 : stack + 1, 0);
+        std::array<double, 3> const u{b[0] - a[0], b[1] - a[1], b[2] - a[2]};
+        std::array<double, 3> const v{c[0] - a[0], c[1] - a[1], c[2] - a[2]};
+        std::array<double, 3> const n{u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2],
+                                      u[0] * v[1] - u[1] * v[0]};
+        double const length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
+        nearest = std::min(nearest, std::fabs(n[0] * a[0] + n[1] * a[1] + n[2] * a[2]) / length);
+    }
+    return nearest;
+}
+
+TEST_F(RoidTest, EachLevelKnowsTheBallThatItsMeshContains)
+{
+    for (int const smoothness : {5, 7, 9, 20})
+    {
+        ScopedSetting const setting("_AsteroidsSmoothness", smoothness);
+        Roid::ReadSettings();
+        EXPECT_NEAR(Roid::m_asolidShare[0], NearestFace(smoothness), 1e-6);
+        EXPECT_NEAR(Roid::m_asolidShare[1], NearestFace((smoothness + 4) / 2), 1e-6);
+        EXPECT_NEAR(Roid::m_asolidShare[2], NearestFace(4), 1e-6);
+    }
+}
+
+TEST_F(RoidTest, MeshThatEnclosesNothingContainsNoBall)
+{
+    ScopedSetting const setting("_AsteroidsSmoothness", 2);
+    Roid::ReadSettings();
+    EXPECT_EQ(Roid::m_asolidShare[0], 0.0F);
 }
 
 TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)

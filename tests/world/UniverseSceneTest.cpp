@@ -69,6 +69,25 @@ double FogParameter(std::vector<Call> const& calls, unsigned name, int from = 0)
     return -1.0;
 }
 
+// The matrix that holds for the call at that index, as far as it was loaded whole.
+std::vector<double> MatrixLoadedBefore(std::vector<Call> const& calls, int index)
+{
+    std::vector<double> matrix;
+    for (int i = 0; i < index; ++i)
+    {
+        Call const& c = calls[static_cast<std::size_t>(i)];
+        if (c.name == "glLoadMatrixf")
+        {
+            matrix = c.arguments;
+        }
+        else if (c.name == "glPopMatrix" || c.name == "glLoadIdentity")
+        {
+            matrix.clear();
+        }
+    }
+    return matrix;
+}
+
 class UniverseSceneTest : public Stage
 {
 protected:
@@ -167,19 +186,34 @@ TEST_F(UniverseSceneTest, SkyAndLightStandUnderTheInverseOfTheShipsRotationAlone
     ship.Body::SetRotationRate({0.0F, 1.0F, 0.0F}, 0.0F);
     ship.SetRotation(-1.5707964F);
     std::vector<Call> const calls = Drawing(*m_world);
-    int const load = indexOf(calls, "glLoadMatrixf");
-    ASSERT_GE(load, 0);
-    std::vector<double> const& matrix = calls[static_cast<std::size_t>(load)].arguments;
     double const expected[16] = {0, 0, -1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1};
-    for (std::size_t i = 0; i < 16; ++i)
+    for (Call const& drawn :
+         {call("glLightfv", {GL_LIGHT0, GL_POSITION, 10, 10, -10, 0.5}), call("glVertex3fv", {-10, 10, -10})})
     {
-        EXPECT_NEAR(matrix[i], expected[i], 1e-6) << i;
+        std::vector<double> const matrix = MatrixLoadedBefore(calls, indexOf(calls, drawn));
+        ASSERT_EQ(matrix.size(), 16U);
+        for (std::size_t i = 0; i < 16; ++i)
+        {
+            EXPECT_NEAR(matrix[i], expected[i], 1e-6) << i;
+        }
     }
-    int const light = indexOf(calls, call("glLightfv", {GL_LIGHT0, GL_POSITION, 10, 10, -10, 0.5}));
+}
+
+// Depth 1 is what the buffer was cleared to: the sky fills what the field left empty, and nothing else.
+TEST_F(UniverseSceneTest, SkyIsDrawnLastOfTheSceneAtTheFarEndOfTheDepthRange)
+{
+    auto const full = test::FullWorld(0.2F);
+    test::LayShip(*full->GetCamera(), {8.3F, 8.3F, 30.0F});
+    std::vector<Call> const calls = Drawing(*full);
+    int const farEnd = indexOf(calls, call("glDepthRange", {1, 1}));
     int const sky = indexOf(calls, "glVertex3fv");
-    EXPECT_LT(load, sky);
-    EXPECT_LT(sky, light);
-    EXPECT_EQ(calls[static_cast<std::size_t>(light) + 1], call("glPopMatrix"));
+    int const back = indexOf(calls, call("glDepthRange", {0, 1}));
+    ASSERT_GE(farEnd, 0);
+    EXPECT_LT(indexOf(calls, call("glDisable", {GL_FOG})), farEnd);
+    EXPECT_LT(farEnd, sky);
+    EXPECT_LT(sky, back);
+    EXPECT_EQ(indexOf(calls, "glCallList", farEnd), -1);
+    EXPECT_LT(back, indexOf(calls, call("glTranslatef", {-0.1F, -0.35F, -1}))); // the cockpit
 }
 
 TEST_F(UniverseSceneTest, FogIsThinOutsideAndClosesInWithDepth)
@@ -251,29 +285,6 @@ TEST_F(UniverseSceneTest, AsteroidsOutsideTheFrustumAreNotDrawn)
     }
 }
 
-// The frustum's apex lies at z = 1.3 for a ship at 0.3 that faces -z; its box ends there, and the ceiled end,
-// 2, is excluded. A ship at 0 has its apex at 1: the ceiled end is 1 itself, and that layer is left out.
-TEST_F(UniverseSceneTest, UpperEndOfTheCellRangeIsExcluded)
-{
-    auto const full = test::FullWorld(0.2F);
-    Camera& ship = *full->GetCamera();
-    test::LayShip(ship, {20.0F, 20.0F, 0.3F});
-    std::set<int> layers;
-    for (Cell const& cell : CellsIn(Drawing(*full)))
-    {
-        layers.insert(cell[2]);
-    }
-    EXPECT_THAT(layers, testing::ElementsAre(0, 1));
-
-    test::LayShip(ship, {20.0F, 20.0F, 0.0F});
-    layers.clear();
-    for (Cell const& cell : CellsIn(Drawing(*full)))
-    {
-        layers.insert(cell[2]);
-    }
-    EXPECT_THAT(layers, testing::ElementsAre(0));
-}
-
 TEST_F(UniverseSceneTest, CellsAreWalkedWithZInnermost)
 {
     auto const full = test::FullWorld(0.2F);
@@ -288,7 +299,7 @@ TEST_F(UniverseSceneTest, AsteroidsOfDeepCellsAreDrawnWhereTheyStand)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {200.0F, 200.0F, 200.0F});
-    EXPECT_THAT(CellsIn(Drawing(*full)), Contains(Cell{200, 200, 190}));
+    EXPECT_THAT(CellsIn(Drawing(*full)), Contains(Cell{200, 200, 199}));
 }
 
 TEST_F(UniverseSceneTest, HiddenCockpitIsNotDrawn)
