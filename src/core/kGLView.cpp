@@ -10,6 +10,8 @@
 #include "platform/OpenGL.h"
 #include "settings/GameSettings.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -81,9 +83,8 @@ void kGLView::drawFrame()
     {
         FirstFrame();
     }
-    platform::Size const size = frame().size;
     Game::pGame->Tick();
-    Game::pGame->Render(static_cast<int>(size.width), static_cast<int>(size.height));
+    Game::pGame->Render(PixelsWide(), PixelsHigh());
     openGLContext()->flushBuffer();
 }
 
@@ -105,20 +106,28 @@ void kGLView::FirstFrame()
     bool const accepted = keyWindow->makeFirstResponder(this);
     Log(accepted ? "self apparently made first responder" : "self is not first responder");
 
-    platform::Size const size = frame().size;
-    Game::Init(static_cast<int>(size.width), static_cast<int>(size.height));
+    Game::Init(PixelsWide(), PixelsHigh());
     fFirstFrameDone = true;
 }
 
 void kGLView::reshape()
 {
-    platform::Size const size = frame().size;
-    glViewport(0, 0, static_cast<GLsizei>(size.width), static_cast<GLsizei>(size.height));
+    glViewport(0, 0, PixelsWide(), PixelsHigh());
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
-    gluPerspective(45.0, static_cast<double>(size.width) / size.height, static_cast<double>(0.1F), 100.0);
+    gluPerspective(45.0, static_cast<double>(PixelsWide()) / PixelsHigh(), static_cast<double>(0.1F), 100.0);
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
+}
+
+int kGLView::PixelsWide() const
+{
+    return std::max(1, static_cast<int>(frame().size.width));
+}
+
+int kGLView::PixelsHigh() const
+{
+    return std::max(1, static_cast<int>(frame().size.height));
 }
 
 void kGLView::setFullScreen(bool fullScreen)

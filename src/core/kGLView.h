@@ -38,6 +38,10 @@ public:
 
 private:
     void FirstFrame();
+
+    // At least 1: a window that was squeezed to nothing still has a picture's proportions.
+    int PixelsWide() const;
+    int PixelsHigh() const;
     void EnterFullScreen();
     void LeaveFullScreen();
 

@@ -5,6 +5,7 @@
 #include "platform/Preferences.h"
 #include "platform/Unicode.h"
 #include "settings/RaceTimes.h"
+#include "settings/SettingLimits.h"
 
 #include <algorithm>
 #include <cstring>
@@ -86,6 +87,13 @@ std::size_t WholeCharacters(std::string const& text, std::size_t maxBytes)
     return length;
 }
 
+float DefaultFloat(char const* key)
+{
+    auto const found = DefaultsTable().find(key);
+    float const* const value = found != DefaultsTable().end() ? std::get_if<float>(&found->second) : nullptr;
+    return value != nullptr ? *value : 0.0F;
+}
+
 } // namespace
 
 void GameSettings::Initialize()
@@ -96,7 +104,7 @@ void GameSettings::Initialize()
 
 int GameSettings::GetIntParam(char const* key)
 {
-    return Store().integerForKey(key);
+    return SettingLimits::Hold(key, Store().integerForKey(key));
 }
 
 void GameSettings::SetIntParam(char const* key, int value)
@@ -106,7 +114,7 @@ void GameSettings::SetIntParam(char const* key, int value)
 
 float GameSettings::GetFloatParam(char const* key)
 {
-    return Store().floatForKey(key);
+    return SettingLimits::Hold(key, Store().floatForKey(key), DefaultFloat(key));
 }
 
 void GameSettings::SetFloatParam(char const* key, float value)

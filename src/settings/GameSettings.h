@@ -6,7 +6,8 @@
 // key.
 //
 // Nothing is cached: a get reads the preferences and a set writes them, so the next reader sees a change at
-// once. A key that is neither stored nor in the table reads as 0, 0.0, the empty string or zeros.
+// once. A number beyond the limits of its key reads as the nearest that the game can play with
+// (SettingLimits). A key that is neither stored nor in the table reads as 0, 0.0, the empty string or zeros.
 #pragma once
 
 #include <cstddef>

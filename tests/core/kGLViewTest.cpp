@@ -19,6 +19,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -117,6 +119,24 @@ TEST_F(ViewInWindow, ReshapeSetsViewportAndProjection)
                             call("glMatrixMode", {GL_MODELVIEW}), call("glLoadIdentity")));
 }
 
+TEST_F(Stage, ViewWithoutAnAreaKeepsAProportion)
+{
+    for (platform::Size const size :
+         {platform::Size{640.0F, 0.0F}, {0.0F, 480.0F}, {0.0F, 0.0F}, {1.0F, 1.0F}})
+    {
+        kGLView view;
+        view.initWithFrame({{}, size});
+        double const width = std::max(1.0F, size.width);
+        double const height = std::max(1.0F, size.height);
+        recording::start();
+        view.reshape();
+        EXPECT_THAT(
+            recording::stop(),
+            IsSupersetOf({call("glViewport", {0, 0, width, height}),
+                          call("gluPerspective", {45.0, width / height, static_cast<double>(0.1F), 100.0})}));
+    }
+}
+
 TEST_F(ViewInWindow, MouseMovesComeWhileTheViewHasTheKeyboard)
 {
     ASSERT_TRUE(m_window->makeFirstResponder(m_view.get()));
@@ -212,6 +232,13 @@ TEST_F(ViewInWindow, AWindowedStartPassesThroughFullScreenOnce)
     EXPECT_GE(recording::indexOf(recording::stop(), call("gluOrtho2D", {0, 640, 480, 0})), 0)
         << "the menu is drawn in the view's size";
     EXPECT_EQ(Game::pGame, game) << "only the first frame makes a game";
+
+    kGLView squeezed;
+    ASSERT_TRUE(squeezed.initWithFrame({{}, {640.0F, 0.0F}}));
+    recording::start();
+    squeezed.drawFrame();
+    EXPECT_GE(recording::indexOf(recording::stop(), call("glViewport", {0, 0, 640, 1})), 0)
+        << "a view without height is drawn as if it had a line";
     delete Game::pGame;
     Game::pGame = nullptr;
 }

@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Races under settings that nobody would choose: whatever the file says, there is a world that can be drawn
+// and flown through.
+#include "audio/GameMusic.h"
+#include "core/Game.h"
+#include "core/GameEvent.h"
+#include "core/GameEventNSEvent.h"
+#include "platform/Preferences.h"
+#include "settings/GameSettings.h"
+#include "support/EventFactory.h"
+#include "support/RecordingGL.h"
+#include "support/Stage.h"
+#include "support/TestSettings.h"
+#include "world/Camera.h"
+#include "world/Universe.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using platform::Preferences;
+
+constexpr char const* kNumberKeys[] = {
+    "_ShowFPS",
+    "_FPSFontSize",
+    "FogStart",
+    "FogEndLow",
+    "FogEndHigh",
+    "LODDistMedium",
+    "LODDistFar",
+    "_AsteroidsDensityEdge",
+    "_AsteroidsDensityCenter",
+    "_AsteroidsSmoothness",
+    "_AsteroidsMinR",
+    "_AsteroidsMaxR",
+    "_PlayerRotationsPerSecond",
+    "_PlayerMaxSpeed",
+    "_PlayerMinSpeed",
+    "_PlayerMaxAccel",
+    "_PlayerSize",
+    "_CockpitArrowX",
+    "_CockpitArrowY",
+    "_CockpitTimerFontSize",
+    "_CockpitWayptFontSize",
+    "MouseSensitivity",
+    "MouseDeadCenterPct",
+    "MouseInvert",
+    "SoundVolume",
+    "MusicVolume",
+    "MusicLastTrackIndex",
+};
+constexpr char const* kTextKeys[] = {"_FPSFontName", "_CockpitTimerFontName", "KeyDefaultThrustUp",
+                                     "KeyDefaultThrustDown", "KeyDefaultPause"};
+
+std::vector<Preferences::Value> HostileNumbers()
+{
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    return {std::numeric_limits<float>::quiet_NaN(),
+            kInfinity,
+            -kInfinity,
+            1e30F,
+            -1e30F,
+            1e9F,
+            std::numeric_limits<float>::max(),
+            std::numeric_limits<float>::denorm_min(),
+            0.3F,
+            -0.5F,
+            0,
+            1,
+            -1,
+            100000,
+            std::numeric_limits<int>::max(),
+            std::numeric_limits<int>::min()};
+}
+
+std::vector<Preferences::Value> HostileTexts()
+{
+    return {std::string(), std::string(10000, 'x'), std::string("\xEF\x9C\x80"), std::string("%s%n"),
+            std::string("../../../etc/passwd")};
+}
+
+// Every key of the two lists at a value of a list, drawn from a seed; as they were, in the end.
+class DrawnSettings
+{
+public:
+    explicit DrawnSettings(unsigned seed) : m_random(seed)
+    {
+        for (char const* const key : kNumberKeys)
+        {
+            Set(key, Preferences::standard().floatForKey(key), HostileNumbers());
+        }
+        for (char const* const key : kTextKeys)
+        {
+            Set(key, Preferences::standard().stringForKey(key), HostileTexts());
+        }
+    }
+    ~DrawnSettings()
+    {
+        for (auto const& [key, value] : m_before)
+        {
+            Preferences::standard().setValue(key, value);
+        }
+    }
+    DrawnSettings(DrawnSettings const&) = delete;
+    DrawnSettings& operator=(DrawnSettings const&) = delete;
+
+private:
+    void Set(char const* key, Preferences::Value const& before, std::vector<Preferences::Value> const& values)
+    {
+        m_before[key] = before;
+        Preferences::standard().setValue(key, values[m_random() % values.size()]);
+    }
+
+    std::mt19937 m_random;
+    std::map<std::string, Preferences::Value> m_before;
+};
+
+bool IsFinite(TQ3Vector3D const& v)
+{
+    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+bool IsFinite(TQ3Quaternion const& q)
+{
+    return std::isfinite(q.w) && std::isfinite(q.x) && std::isfinite(q.y) && std::isfinite(q.z);
+}
+
+void PointAt(float x, float y)
+{
+    GameEvent const event(new GameEventNSEvent(events::MouseMoved(x, y)));
+    Game::pGame->HandleEvent(&event);
+}
+
+using HostileSettings = GameStage;
+
+TEST_F(HostileSettings, EveryWorldCanBeFlownAndDrawn)
+{
+    for (unsigned seed = 0; seed < 40; ++seed)
+    {
+        DrawnSettings const settings(seed);
+        Game& game = *Game::pGame;
+        GameMusic::StopTrack(); // before its volume becomes 0 and it counts as never started
+        game.SwitchToState(kStateMenu);
+        game.SwitchToState(kStatePlaying);
+        game.GetUniverse()->PlayerWantsToGo(1.0F);
+        PointAt(700.0F, 500.0F);
+        for (double const seconds : {0.016, 0.016, 1.0, 60.0, 0.016})
+        {
+            game.Render(800, 600);
+            game.GetUniverse()->Tick(seconds);
+        }
+        Camera const& ship = *game.GetUniverse()->GetCamera();
+        EXPECT_TRUE(IsFinite(ship.GetPosition())) << "seed " << seed;
+        EXPECT_TRUE(IsFinite(ship.GetVelocity())) << "seed " << seed;
+        EXPECT_TRUE(IsFinite(ship.GetRotation())) << "seed " << seed;
+        EXPECT_LE(std::fabs(ship.GetSpeed()), 1000.0F) << "seed " << seed;
+    }
+}
+
+// The eye sees a hundred units far, and an asteroid at the most one unit nearer than its centre.
+TEST_F(HostileSettings, NothingIsDrawnBeyondTheFarPlane)
+{
+    test::ScopedSetting const far("FogEndHigh", 1e9F);
+    test::ScopedSetting const density("_AsteroidsDensityEdge", 0.05F);
+    Game::pGame->SwitchToState(kStateMenu);
+    Game::pGame->SwitchToState(kStatePlaying);
+    recording::start();
+    Game::pGame->Render(800, 600);
+    double farthest = 0.0;
+    for (recording::Call const& call : recording::stop())
+    {
+        if (call.name == "glTranslated")
+        {
+            double const depth =
+                (call.arguments[0] + call.arguments[1] + call.arguments[2] + 30.0) / std::sqrt(3.0);
+            farthest = std::max(farthest, depth);
+        }
+    }
+    EXPECT_GT(farthest, 90.0);
+    EXPECT_LE(farthest, 101.0);
+}
+
+} // namespace
