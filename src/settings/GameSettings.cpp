@@ -87,13 +87,6 @@ std::size_t WholeCharacters(std::string const& text, std::size_t maxBytes)
     return length;
 }
 
-float DefaultFloat(char const* key)
-{
-    auto const found = DefaultsTable().find(key);
-    float const* const value = found != DefaultsTable().end() ? std::get_if<float>(&found->second) : nullptr;
-    return value != nullptr ? *value : 0.0F;
-}
-
 } // namespace
 
 void GameSettings::Initialize()
@@ -114,7 +107,7 @@ void GameSettings::SetIntParam(char const* key, int value)
 
 float GameSettings::GetFloatParam(char const* key)
 {
-    return SettingLimits::Hold(key, Store().floatForKey(key), DefaultFloat(key));
+    return SettingLimits::Hold(key, Store().floatForKey(key));
 }
 
 void GameSettings::SetFloatParam(char const* key, float value)

@@ -5,7 +5,6 @@
 #include "platform/Log.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <set>
 #include <string>
@@ -71,14 +70,14 @@ void TellOnce(char const* key, double value, double held)
 
 } // namespace
 
-float SettingLimits::Hold(char const* key, float value, float standard)
+float SettingLimits::Hold(char const* key, float value)
 {
     Limits const* const limits = Find(key);
     if (limits == nullptr || (value >= limits->least && value <= limits->most))
     {
         return value;
     }
-    float const held = std::isnan(value) ? standard : std::clamp(value, limits->least, limits->most);
+    float const held = value < limits->least ? limits->least : limits->most;
     TellOnce(key, value, held);
     return held;
 }
