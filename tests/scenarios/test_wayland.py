@@ -1,0 +1,107 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""The game on Wayland, without an X server that it could see.
+
+The compositor is itself a window of an X server without a screen, and can be driven and looked at like any other. (With
+no display at all it has neither pointer nor keyboard, and SDL does not start there.)
+"""
+
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+from game_window import Display, Game, wait_until
+
+
+class Compositor:
+    """A Weston whose one output fills the display."""
+
+    def __init__(self, folder, display):
+        self.folder = pathlib.Path(folder, "runtime")
+        self.folder.mkdir(mode=0o700)
+        self._log = open(self.folder / "log", "wb")
+        self._server = subprocess.Popen(
+            ["weston", "--no-config", "--idle-time=0", "--socket=quarrow", "--shell=kiosk-shell.so", "--use-pixman",
+             "--backend=x11-backend.so", f"--width={display.width}", f"--height={display.height}"],
+            env={**os.environ, "XDG_RUNTIME_DIR": str(self.folder), "DISPLAY": display.name},
+            stdout=self._log, stderr=self._log)
+        wait_until((self.folder / "quarrow").exists, "the compositor")
+        self.environment = {"WAYLAND_DISPLAY": "quarrow", "XDG_RUNTIME_DIR": str(self.folder), "DISPLAY": ""}
+
+    def close(self):
+        self._server.terminate()
+        self._server.wait()
+        self._log.close()
+
+
+class WaylandScenario(unittest.TestCase):
+    def setUp(self):
+        self._folder = tempfile.TemporaryDirectory(prefix="quarrow-wayland-")
+        self.addCleanup(self._folder.cleanup)
+        self.home = pathlib.Path(self._folder.name, "home")
+        self.home.mkdir()
+        self.display = Display()
+        self.addCleanup(self.display.close)
+
+    def start(self):
+        compositor = Compositor(self._folder.name, self.display)
+        self.addCleanup(compositor.close)
+        game = Game(self.display, self.home, environment=compositor.environment)
+        self.addCleanup(game.__exit__)
+        return game
+
+    def click_item(self, game, item):
+        """The compositor's pointer is in the picture: out of the way with it."""
+        game.click_item(item)
+        game.point_at(5, 5)
+
+    def test_race_is_started_flown_paused_and_left(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.point_at_item(2)
+        wait_until(lambda: game.is_highlighted(2), "item 2 in its frame")
+        self.click_item(game, 0)
+        game.wait_for_items(present=[], absent=range(5))
+
+        def bar_pixels():
+            return game.picture().count((440, 630, 200, 80), lambda r, g, b: r > 200 and 30 < g < 80 and 30 < b < 80)
+
+        wait_until(lambda: bar_pixels() == 0, "an empty throttle bar")
+        game.key("w")
+        one_step = wait_until(bar_pixels, "the throttle bar to grow by a key")
+        self.display.xdotool("click", 4)
+        wait_until(lambda: bar_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+        game.key("Escape")
+        game.wait_for_items(present=[0, 1], absent=[2, 3])
+        self.click_item(game, 1)
+        game.wait_for_items(present=range(5))
+        self.click_item(game, 4)
+        self.assertEqual(game.wait_exit(), 0)
+
+    def test_options_are_changed_and_kept(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        self.click_item(game, 2)
+        game.wait_for_items(present=range(4), absent=[4])
+        self.click_item(game, 2)
+        game.wait_for_items(present=[0, 1, 3], absent=[2])
+        self.click_item(game, 1)
+        game.wait_for_setting("MusicVolume", 1.0)
+        game.key("ctrl+q")
+        self.assertEqual(game.wait_exit(), 0)
+        self.assertEqual(game.settings()["MusicVolume"], 1.0)
+
+    def test_full_screen_key_changes_the_setting_and_the_menu_stays(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        for full_screen in (0, 1):
+            game.key("F11")
+            game.wait_for_setting("Fullscreen", full_screen)
+            game.wait_for_items(present=range(5))
+        self.assertEqual(game.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
