@@ -108,6 +108,15 @@ TEST_F(MenuCreditsTest, NoLineRunsOutOfTheWindow)
     }
 }
 
+TEST_F(MenuCreditsTest, EnglishLinesFitTheNarrowestWindow)
+{
+    Menu::RenderCurrent(640, 480);
+    for (int item = 0; item < kItems; ++item)
+    {
+        EXPECT_LE(BoxOf(menu(), item).x + BoxOf(menu(), item).width, 640) << TextOf(menu(), item);
+    }
+}
+
 TEST_F(MenuCreditsTest, LinesNeitherHighlightNorSound)
 {
     for (int item = 0; item < kItems; ++item)
