@@ -18,7 +18,8 @@ function(quarrow_whole_program program)
         target_link_options(${library} INTERFACE
             $<$<AND:$<CONFIG:Release>,$<NOT:$<STREQUAL:$<TARGET_PROPERTY:NAME>,${program}>>>:-fno-lto>)
     endforeach()
-    target_link_options(${program} PRIVATE $<$<CONFIG:Release>:-flto=auto -O3>)
+    # In one piece: the program is small, and pieces would be shared out by make, which may not be there.
+    target_link_options(${program} PRIVATE $<$<CONFIG:Release>:-flto=1 -flto-partition=one -O3>)
 endfunction()
 
 # The made-up names of symbols in these sources depend on nothing but the name of the source.
