@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-"""try_as_new_user.py: does what README.md tells a newcomer, in a bare Debian system with git and the last commit.
+"""try_as_new_user.py [--check]: does what README.md tells a newcomer, in a bare Debian system with git and the last
+commit.
 
-That is ./play, and a race in the game that it starts.
+That is ./play, and a race in the game that it starts; with --check, ./check after that, which takes its time.
 """
 
 import pathlib
 import subprocess
+import sys
 
 from bare_root import BareRoot, Display, Game, play_a_race, wait_until
 
@@ -28,7 +30,9 @@ def main():
                        BUILD_LIMIT)
             print(game.log(), flush=True)
             play_a_race(game)
-        print("./play built the game; a race was started, paused and left; the game ended in order")
+        print("./play built the game; a race was started, paused and left; the game ended in order", flush=True)
+        if "--check" in sys.argv[1:]:
+            print(root.run("/root/quarrow/check"))
     finally:
         display.close()
         root.close()
