@@ -9,7 +9,6 @@ if(UNIX AND NOT APPLE)
     quarrow_find(X11 x11 libx11-dev) # full screen
 endif()
 quarrow_find(PANGOCAIRO pangocairo libpango1.0-dev)
-quarrow_find(FONTCONFIG fontconfig libfontconfig-dev)
 quarrow_find(OPENAL openal libopenal-dev)
 quarrow_find(AVUTIL libavutil libavutil-dev)
 quarrow_find(SWRESAMPLE libswresample libswresample-dev)

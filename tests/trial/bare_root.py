@@ -74,7 +74,8 @@ class BareRoot:
         home = "/root" if user == "root" else f"/home/{user}"
         script = pathlib.Path(self._folder, "start-" + pathlib.Path(command).name)
         quoted = " ".join(f"'{word}'" for word in self._command(
-            "runuser", "--user", user, "--", "env", f"HOME={home}", "LIBGL_ALWAYS_SOFTWARE=1", "ALSOFT_DRIVERS=null",
+            "runuser", "--user", user, "--", "env", "--unset=FONTCONFIG_FILE", f"HOME={home}",
+            "LIBGL_ALWAYS_SOFTWARE=1", "ALSOFT_DRIVERS=null",
             "PATH=/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games:/usr/sbin:/sbin", command))
         script.write_text(f"#!/bin/sh\nexec {quoted}\n")
         script.chmod(0o755)
