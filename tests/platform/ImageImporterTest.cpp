@@ -265,6 +265,23 @@ TEST_F(ImageImporterTest, FourInkJpegGivesTheColourOfItsPrint)
     ExpectPixel(pixels[17], 200 * 220 / 255, 100 * 220 / 255, 50 * 220 / 255, 255, 2);
 }
 
+// A camera's note that the picture is to be turned a quarter: textures take pictures as they are stored.
+TEST_F(ImageImporterTest, OrientationNoteTurnsNothing)
+{
+    using namespace std::string_literals;
+    std::string const jpeg = Encode(AV_CODEC_ID_MJPEG, AV_PIX_FMT_YUVJ420P);
+    std::string const note = "Exif\0\0II*\0\x08\0\0\0"
+                             "\x01\0\x12\x01\x03\0\x01\0\0\0\x06\0\0\0"
+                             "\0\0\0\0"s;
+    std::string const length{'\0', static_cast<char>(note.size() + 2)};
+    std::string const turned = jpeg.substr(0, 2) + "\xFF\xE1" + length + note + jpeg.substr(2);
+    auto const importer = ImageImporter::forFile(file(turned));
+    ASSERT_TRUE(importer);
+    EXPECT_EQ(importer->description().width, kWidth);
+    EXPECT_EQ(importer->description().height, kHeight);
+    EXPECT_EQ(decode(turned), decode(jpeg));
+}
+
 TEST_F(ImageImporterTest, FlipAtTheSameSizeIsExact)
 {
     std::string const bytes = Encode(AV_CODEC_ID_PNG, AV_PIX_FMT_RGBA);
