@@ -8,8 +8,8 @@
 class SettingLimits
 {
 public:
-    // The value, or the limit that lies nearest to it; for a NaN the upper one, to whose range the menus count
-    // it too. The first time that a key needs this it is logged. Keys without limits keep any value.
+    // The value, or the limit that lies nearest to it; for a NaN the upper one, to whose range the menus
+    // count it too. The first time that a key needs this it is logged. Keys without limits keep any value.
     static float Hold(char const* key, float value);
     static int Hold(char const* key, int value);
 };
