@@ -57,6 +57,9 @@ void CatchEndingSignals()
     {
         std::signal(signal, NoteSignal);
     }
+#if !defined(_WIN32)
+    std::signal(SIGPIPE, SIG_IGN); // whoever read the log may have gone
+#endif
 }
 
 // A layout of another script has no such letter at all: there the place on the keyboard counts.

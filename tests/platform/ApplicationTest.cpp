@@ -93,6 +93,13 @@ TEST_P(EndingSignal, SavesThePreferencesAndEndsWithZero)
 INSTANTIATE_TEST_SUITE_P(Signals, EndingSignal, testing::Values(SIGTERM, SIGINT, SIGHUP),
                          [](auto const& number) { return "Signal" + std::to_string(number.param); });
 
+TEST_F(ApplicationTest, NobodyWhoReadsTheLogIsNoReasonToEnd)
+{
+    bool wentOn = false;
+    EXPECT_EQ(run({[](ScriptedView&) { std::raise(SIGPIPE); }, [&](ScriptedView&) { wentOn = true; }}), 0);
+    EXPECT_TRUE(wentOn);
+}
+
 TEST_F(ApplicationTest, ChangedPreferencesReachTheDiskWithinASecond)
 {
     Preferences::standard().synchronize();

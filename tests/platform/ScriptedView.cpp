@@ -78,7 +78,7 @@ void ScriptedView::takeStep()
 
 void ApplicationTest::SetUp()
 {
-    for (int const number : {SIGTERM, SIGINT, SIGHUP})
+    for (int const number : {SIGTERM, SIGINT, SIGHUP, SIGPIPE})
     {
         m_handlers.emplace_back(number, std::signal(number, SIG_DFL));
     }

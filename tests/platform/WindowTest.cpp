@@ -117,6 +117,19 @@ TEST_F(WindowTest, ResizeReshapesTheView)
     EXPECT_EQ(m_view.shapes.size(), 2U);
 }
 
+TEST_F(WindowTest, ViewHasAPixelHoweverSmallItsWindow)
+{
+    for (platform::Size const size : {platform::Size{640.0F, 0.0F}, platform::Size{0.0F, 0.0F}})
+    {
+        auto const window = Window::initWithContentRect({{}, size}, platform::WindowStyle::Titled);
+        ASSERT_NE(window, nullptr);
+        window->setContentView(&m_view);
+        EXPECT_GE(m_view.frame().size.width, 1.0F);
+        EXPECT_GE(m_view.frame().size.height, 1.0F);
+        m_window->setContentView(&m_view);
+    }
+}
+
 TEST_F(WindowTest, FullScreenWindowCoversTheWholeScreen)
 {
     SDL_Rect screen{};
