@@ -238,6 +238,16 @@ class Game:
         x, y = self.item_position(item)
         return self.picture().count((left + x, top + y + 3, 1, 16), is_white) == 16
 
+    def frame_width(self, item):
+        """How far the highlighted item's frame reaches."""
+        left, top, window_width, _ = self.window()
+        x, y = self.item_position(item)
+        picture = self.picture()
+        width = 0
+        while x + width < window_width and is_white(*picture.pixel(left + x + width, top + y)):
+            width += 1
+        return width
+
     def wait_for_items(self, present, absent=()):
         """Waits for the menu whose items are those, and no others among the absent."""
         wait_until(lambda: all(self.text_pixels(i) > 40 for i in present) and

@@ -91,6 +91,74 @@ class BadInputScenario(unittest.TestCase):
         self.expect_play(self.open_display(), "FogEndHigh")
         self.assertIn("MusicVolume = 1.0", self.settings_file().read_text())
 
+    def test_hostile_values_show_on_every_screen_and_join_their_cycles(self):
+        self.settings_file().write_text("""
+FogEndHigh = inf
+_AsteroidsSmoothness = 2147483647
+_AsteroidsDensityCenter = nan
+SoundVolume = nan
+MusicVolume = -5.0
+KeyDefaultThrustUp = ""
+KeyDefaultThrustDown = "throttle"
+KeyDefaultPause = 27
+MouseInvert = -2147483648
+RaceTimes = [-5, "soon", 1.5, nan, 83, 84, 85]
+""")
+        with Game(self.open_display(), self.home) as game:
+            game.wait_for_items(present=range(5))
+            game.click_item(1)
+            game.wait_for_items(present=[6, 7])
+            game.click_item(7)
+            game.wait_for_items(present=range(5))
+            game.click_item(2)
+            game.wait_for_items(present=range(4), absent=[4])
+            game.click_item(0)
+            game.wait_for_items(present=[0, 1, 2, 4], absent=[3])
+            game.click_item(0)
+            game.wait_for_setting("FogEndHigh", 40.0)
+            game.click_item(1)
+            game.wait_for_setting("_AsteroidsSmoothness", 5)
+            game.click_item(2)
+            wait_until(lambda: game.settings()["_AsteroidsDensityCenter"] in (0.25, 0.5), "a density of the cycle")
+            game.click_item(4)
+            game.wait_for_items(present=range(4), absent=[4])
+            game.click_item(2)
+            game.wait_for_items(present=[0, 1, 3], absent=[2])
+            game.click_item(0)
+            game.wait_for_setting("SoundVolume", 0.0)
+            game.click_item(1)
+            wait_until(lambda: game.settings()["MusicVolume"] in (0.0, 0.2, 0.5, 1.0), "a volume of the cycle")
+            game.click_item(3)
+            game.wait_for_items(present=range(4), absent=[4])
+            game.click_item(1)
+            game.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
+            game.click_item(3)
+            game.wait_for_setting("MouseInvert", 0)
+            self.assertEqual(game.end(), 0)
+
+    def test_missing_or_damaged_catalogue_means_english(self):
+        display = self.open_display()
+        english = self.widths_of_the_main_menu(display, "C.UTF-8")
+        german = self.widths_of_the_main_menu(display, "de_DE.UTF-8")
+        self.assertNotEqual(german, english)
+        catalogue = self.installed_copy() / "Locale" / "de" / "LC_MESSAGES" / "quarrow.mo"
+        catalogue.write_bytes(catalogue.read_bytes()[:-40])
+        self.assertEqual(self.widths_of_the_main_menu(display, "de_DE.UTF-8"), english)
+        catalogue.unlink()
+        self.assertEqual(self.widths_of_the_main_menu(display, "de_DE.UTF-8"), english)
+
+    def widths_of_the_main_menu(self, display, locale):
+        """The width of each item's frame under the pointer, pixels."""
+        with Game(display, self.home, environment={"LANG": locale}) as game:
+            game.wait_for_items(present=range(5))
+            widths = []
+            for item in range(5):
+                game.point_at_item(item)
+                wait_until(lambda: game.is_highlighted(item), f"item {item} in its frame")
+                widths.append(game.frame_width(item))
+            self.assertEqual(game.end(), 0)
+            return widths
+
     def test_configuration_folder_that_is_a_file_is_told_once(self):
         (self.home / ".config").write_text("in the way")
         with Game(self.open_display(), self.home) as game:
