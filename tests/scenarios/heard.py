@@ -1,0 +1,75 @@
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""What the game's loudspeakers would have played: OpenAL Soft writes it to a file, in real time."""
+
+import array
+import pathlib
+import subprocess
+
+from game_window import wait_until
+
+RATE = 44100  # samples a second, stereo
+SPACING = 7  # samples between two that are compared
+COMPARED = 400
+TOLERANCE = 3  # of 32768: decoder and mixer round each for themselves
+
+CONFIGURATION = """[general]
+drivers = wave
+sample-type = int16
+channels = stereo
+dither = false
+output-limiter = false
+[wave]
+file = {}
+"""
+
+
+class Recorder:
+    """A sound device that takes everything down. Give its environment to the game."""
+
+    def __init__(self, folder):
+        self._file = pathlib.Path(folder) / "heard.wav"
+        configuration = pathlib.Path(folder) / "alsoft.conf"
+        configuration.write_text(CONFIGURATION.format(self._file))
+        self.environment = {"ALSOFT_DRIVERS": "wave", "ALSOFT_CONF": str(configuration)}
+
+    def length(self):
+        """Samples so far."""
+        return self._file.stat().st_size // 4 if self._file.exists() else 0
+
+    def wait(self, seconds):
+        """Waits until that much more was played, and returns the length before and after."""
+        begin = self.length()
+        wait_until(lambda: self.length() >= begin + seconds * RATE, f"{seconds} s of sound")
+        return begin, self.length()
+
+    def left(self):
+        """The left channel's samples."""
+        data = self._file.read_bytes()
+        begin = data.index(b"data") + 8
+        samples = array.array("h", data[begin:begin + (len(data) - begin) // 4 * 4])
+        return samples[::2]
+
+
+def decoded(file, seconds):
+    """The beginning of a piece of music, the left channel."""
+    raw = subprocess.run(["ffmpeg", "-v", "error", "-i", str(file), "-t", str(seconds), "-f", "s16le", "-ac", "2",
+                          "-ar", str(RATE), "-"], check=True, capture_output=True).stdout
+    return array.array("h", raw)[::2]
+
+
+def place(heard, piece, second, gain, begin=0):
+    """Where in what was heard the piece's second begins, played at that gain, after the sample begin; or None."""
+    at = int(second * RATE)
+    wanted = [(offset, gain * piece[at + offset]) for offset in range(0, COMPARED * SPACING, SPACING)]
+    wanted.sort(key=lambda sample: -abs(sample[1]))  # the loudest tell the most
+    first, level = wanted[0]
+    for start in range(begin, len(heard) - COMPARED * SPACING):
+        if abs(heard[start + first] - level) <= TOLERANCE and \
+                all(abs(heard[start + offset] - sample) <= TOLERANCE for offset, sample in wanted):
+            return start
+    return None
+
+
+def loudest(samples):
+    return max(abs(sample) for sample in samples)
