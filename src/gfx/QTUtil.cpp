@@ -8,6 +8,7 @@
 #include "platform/Log.h"
 #include "platform/OpenGL.h"
 
+#include <map>
 #include <string>
 
 int QTLoadAsTexture(unsigned long* texture, char const* name)
@@ -16,8 +17,8 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     glGenTextures(1, &generated);
     *texture = generated;
 
-    std::shared_ptr<QTImage> const image = QTImage::imageWithName(name);
-    if (!image || !image->LoadImageData() || !image->CreateImageWithBitdepth(32))
+    std::shared_ptr<QTImage const> const image = QTDecodedImage(name);
+    if (!image)
     {
         QTUtilLog((std::string("Unable to load texture ") + name).c_str());
         return -1;
@@ -33,6 +34,21 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
     glReportError();
     return 0;
+}
+
+std::shared_ptr<QTImage const> QTDecodedImage(char const* name)
+{
+    static std::map<std::string, std::shared_ptr<QTImage const>> decoded;
+    if (auto const known = decoded.find(name); known != decoded.end())
+    {
+        return known->second;
+    }
+    std::shared_ptr<QTImage> const image = QTImage::imageWithName(name);
+    if (!image || !image->LoadImageData() || !image->CreateImageWithBitdepth(32))
+    {
+        return nullptr;
+    }
+    return image->WasDrawn() ? decoded.emplace(name, image).first->second : image;
 }
 
 void QTUtilLog(char const* text)

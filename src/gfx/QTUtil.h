@@ -4,10 +4,18 @@
 // The one-call path from a picture's file name to a texture, and the system log.
 #pragma once
 
+#include <memory>
+
+class QTImage;
+
 // Makes a texture name, always, and fills it from the picture of that name in the resources' "Images" folder:
 // linear filtering, repeated in both directions, left bound. An OpenGL context is current. 0 on success; -1,
 // with one log line and an empty texture, when the picture cannot be had.
 int QTLoadAsTexture(unsigned long* texture, char const* name);
+
+// The picture of that name as 32-bit pixels, decoded and scaled once per run and kept: every race loads the
+// same ones. Null when it cannot be had; then the next call tries again.
+std::shared_ptr<QTImage const> QTDecodedImage(char const* name);
 
 // Writes the text to the system log.
 void QTUtilLog(char const* text);

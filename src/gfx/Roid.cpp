@@ -74,21 +74,24 @@ float SolidShare(int subdivisions)
 
 } // namespace
 
-Roid::Roid(Universe const* universe) : Body(universe)
+Roid::Sizes Roid::SizesFromSettings()
+{
+    return {GameSettings::GetFloatParam("_AsteroidsMinR"), GameSettings::GetFloatParam("_AsteroidsMaxR")};
+}
+
+Roid::Roid(Universe const* universe, Sizes const& sizes) : Body(universe)
 {
     if (!m_fGotSettings)
     {
         ReadSettings();
     }
-    float const minR = GameSettings::GetFloatParam("_AsteroidsMinR");
-    float const maxR = GameSettings::GetFloatParam("_AsteroidsMaxR");
-    if (minR >= maxR)
+    if (sizes.minR >= sizes.maxR)
     {
-        SetSize(minR);
+        SetSize(sizes.minR);
         return;
     }
     m_sizeClass = platform::Random31() % kSizeCount;
-    SetSize(static_cast<float>(m_sizeClass) * (maxR - minR) / (kSizeCount - 1) + minR);
+    SetSize(static_cast<float>(m_sizeClass) * (sizes.maxR - sizes.minR) / (kSizeCount - 1) + sizes.minR);
 }
 
 Roid::~Roid()
@@ -140,8 +143,8 @@ void Roid::ReleaseShared()
 void Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount])
 {
     int const subdivisions[kLodCount] = {smoothness, (smoothness + kCoarsest) / 2, kCoarsest};
-    float const minR = GameSettings::GetFloatParam("_AsteroidsMinR");
-    float const step = (GameSettings::GetFloatParam("_AsteroidsMaxR") - minR) / (kSizeCount - 1);
+    auto const [minR, maxR] = SizesFromSettings();
+    float const step = (maxR - minR) / (kSizeCount - 1);
 
     for (int lod = 0; lod < kLodCount; ++lod)
     {

@@ -16,8 +16,18 @@ public:
     static constexpr int kSizeCount = 4;
     static constexpr int kLodCount = 3; // 0 is the finest
 
-    // Picks a size class from the random sequence. An OpenGL context is current.
-    explicit Roid(Universe const* universe);
+    // The radii of the smallest and the largest, world units.
+    struct Sizes
+    {
+        float minR;
+        float maxR;
+    };
+    static Sizes SizesFromSettings();
+
+    // Picks a size class from the random sequence. An OpenGL context is current. Whoever makes thousands asks
+    // for the sizes once.
+    explicit Roid(Universe const* universe) : Roid(universe, SizesFromSettings()) {}
+    Roid(Universe const* universe, Sizes const& sizes);
     Roid(Roid&&) noexcept = default;
     Roid& operator=(Roid&&) = delete;
     Roid(Roid const&) = delete;

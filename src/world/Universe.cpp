@@ -64,6 +64,8 @@ void Universe::GenerateField()
     float const edge = GameSettings::GetFloatParam("_AsteroidsDensityEdge");
     float const centre = GameSettings::GetFloatParam("_AsteroidsDensityCenter");
 
+    Roid::Sizes const sizes = Roid::SizesFromSettings();
+
     // Reserved in full, so that no growth moves an asteroid that a slot already points to.
     m_roidStorage.reserve(std::size_t{kFieldSize} * kFieldSize * kFieldSize * kLevelCount);
     for (int level = 0; level < kLevelCount; ++level)
@@ -79,7 +81,7 @@ void Universe::GenerateField()
             int const x = cell / (kFieldSize * kFieldSize);
             int const y = cell / kFieldSize % kFieldSize;
             int const z = cell % kFieldSize;
-            Roid& roid = m_roidStorage.emplace_back(this);
+            Roid& roid = m_roidStorage.emplace_back(this, sizes);
             roid.MoveTo(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
             m_roids[x][y][z][level] = &roid;
             m_fieldRows.Add(x, y, z, level, roid.GetSizeClass());

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gfx/QTUtil.h"
 
+#include "gfx/QTImage.h"
 #include "platform/OpenGL.h"
 #include "support/CapturedLog.h"
 #include "support/RecordingGL.h"
@@ -47,6 +48,20 @@ TEST_F(QTUtil, AMissingPictureIsLoggedAndLeavesAnEmptyName)
     EXPECT_THAT(recording::stop(), ElementsAre(call("glGenTextures", {1})));
     EXPECT_THAT(log.lines(), ElementsAre("Unable to load texture no-such-picture.jpg"));
     EXPECT_TRUE(recording::textures().contains(static_cast<unsigned>(texture)));
+}
+
+TEST_F(QTUtil, APictureIsDecodedOncePerRun)
+{
+    auto const first = QTDecodedImage("roid-128.jpg");
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->GetWidth(), 128.0F);
+    EXPECT_EQ(first->GetBitDepth(), 32);
+    EXPECT_TRUE(first->WasDrawn());
+    unsigned long texture = 0;
+    QTLoadAsTexture(&texture, "roid-128.jpg");
+    EXPECT_EQ(QTDecodedImage("roid-128.jpg"), first);
+    EXPECT_NE(QTDecodedImage("starfield-1024.jpg"), first);
+    EXPECT_EQ(QTDecodedImage("no-such-picture.jpg"), nullptr);
 }
 
 TEST_F(QTUtil, AnErrorOfOpenGLIsTakenAlong)

@@ -161,6 +161,13 @@ TEST_F(RoidTest, EachLevelKnowsTheBallThatItsMeshContains)
     }
 }
 
+TEST_F(RoidTest, MeshThatEnclosesNothingContainsNoBall)
+{
+    unsigned long lists[Roid::kSizeCount][Roid::kLodCount] = {};
+    Roid::CreatePrerender(2, lists);
+    EXPECT_EQ(Roid::m_asolidShare[0], 0.0F);
+}
+
 TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)
 {
     for (auto const& [smoothness, middle] : {std::pair{8, 6}, std::pair{5, 4}})
