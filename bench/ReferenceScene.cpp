@@ -94,7 +94,8 @@ std::vector<ReferenceScene::Rock> ReferenceScene::RocksThatShow(int width, int h
     std::vector<Rock> const rocks = RocksInView(width, height);
     BeginFrame(width, height);
     glPushAttrib(GL_ENABLE_BIT);
-    for (GLenum const effect : {GL_LIGHTING, GL_TEXTURE_2D, GL_FOG, GL_BLEND, GL_DITHER})
+    constexpr GLenum kEffects[] = {GL_LIGHTING, GL_TEXTURE_2D, GL_FOG, GL_BLEND, GL_DITHER};
+    for (GLenum const effect : kEffects)
     {
         glDisable(effect);
     }

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 //
 // The race world: making it and taking it down, walking its cells for a frame, asking whether a path is free.
+#include "bench/CallReplay.h"
 #include "bench/Viewpoint.h"
 #include "math/Plane.h"
 #include "math/util.h"
 #include "platform/OpenGL.h"
 #include "platform/Random.h"
 #include "settings/GameSettings.h"
+#include "support/RecordingGL.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -72,6 +74,24 @@ void Render(benchmark::State& state, Viewpoint const& viewpoint, bool withCockpi
         world.universe->Render(kWidth, kHeight);
     }
     state.counters["cells"] = CellsInView(*world.universe);
+}
+
+// The calls that Render() makes, and nothing else.
+void Replay(benchmark::State& state, Viewpoint const& viewpoint)
+{
+    World const world;
+    LookFrom(viewpoint, *world.universe->GetCamera());
+    world.universe->Render(kWidth, kHeight); // its texts are made
+    recording::start();
+    world.universe->Render(kWidth, kHeight);
+    auto const calls = recording::stop();
+    CallReplay const replay(calls);
+    for ([[maybe_unused]] auto const _ : state)
+    {
+        replay.Run();
+    }
+    state.counters["calls"] = static_cast<double>(calls.size());
+    state.counters["drawn"] = recording::count(calls, "glCallList");
 }
 
 void MakeWorld(benchmark::State& state)
@@ -171,6 +191,8 @@ BENCHMARK_CAPTURE(HourLongFrame, InALane, TQ3Vector3D{120.0F, 120.5F, 120.5F}, T
         benchmark::RegisterBenchmark(("walk/" + Name(viewpoint)).c_str(), Render, viewpoint, false)
             ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("render/" + Name(viewpoint)).c_str(), Render, viewpoint, true)
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("replay/" + Name(viewpoint)).c_str(), Replay, viewpoint)
             ->Unit(benchmark::kMillisecond);
     }
     return 0;

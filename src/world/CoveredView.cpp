@@ -17,6 +17,7 @@ namespace
 // more than those.
 constexpr float kMostColumns = 160.0F;
 constexpr float kMostRows = 90.0F;
+constexpr float kHalfDiagonal = 0.7071F; // of a cell
 constexpr float kOpen = std::numeric_limits<float>::infinity();
 constexpr auto kNear = static_cast<float>(lens::kNear);
 constexpr auto kFar = static_cast<float>(lens::kFar);
@@ -71,7 +72,8 @@ void CoveredView::Cover(Ball const& ball, float outerRadius)
 {
     float const radius = ball.radius - m_placeSlack - m_pixelSlack * ball.ahead;
     bool const isWhole = ball.ahead - outerRadius > kNear + m_placeSlack && ball.ahead + outerRadius < kFar;
-    if (!(radius > 0.0F) || !isWhole)
+    bool const mayFillACell = radius > kHalfDiagonal * m_cellSlope * ball.ahead;
+    if (!mayFillACell || !isWhole)
     {
         return;
     }
@@ -108,13 +110,24 @@ bool CoveredView::IsHidden(Ball const& ball) const
         return true;
     }
     float const distance = std::sqrt(wide.right * wide.right + wide.up * wide.up + wide.ahead * wide.ahead);
-    return !IsOpenInFrontOf(wide, distance - wide.radius - kDepthSlack * distance * distance);
+    float const nearest = distance - wide.radius - kDepthSlack * distance * distance;
+    return !IsOpenAtTheMiddle(wide, nearest) && !IsOpenInFrontOf(wide, nearest);
 }
 
 bool CoveredView::IsBeside(Ball const& ball) const
 {
     return std::fabs(ball.right) - ball.radius * m_sidePerRadius > ball.ahead * m_halfWidth ||
            std::fabs(ball.up) - ball.radius * m_topPerRadius > ball.ahead * m_halfHeight;
+}
+
+// Most that show do so at their middle, which is found much quicker than all the cells that they touch.
+bool CoveredView::IsOpenAtTheMiddle(Ball const& ball, float distance) const
+{
+    float const column = ToColumn(ball.right / ball.ahead);
+    float const row = ToRow(ball.up / ball.ahead);
+    bool const isInPicture = column >= 0.0F && column < static_cast<float>(m_columns) && row >= 0.0F &&
+                             row < static_cast<float>(m_rows);
+    return isInPicture && !(Row(static_cast<int>(row))[static_cast<int>(column)] < distance);
 }
 
 // In each row of cells the ellipse reaches farthest left at its leftmost point or, where that lies in another

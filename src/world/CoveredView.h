@@ -46,6 +46,7 @@ public:
 
 private:
     bool IsBeside(Ball const& ball) const;
+    bool IsOpenAtTheMiddle(Ball const& ball, float distance) const;
     bool IsOpenInFrontOf(Ball const& ball, float distance) const;
     float RowEdge(int row) const { return static_cast<float>(row) * m_cellSlope - m_halfHeight; }
     float ToRow(float height) const { return (height + m_halfHeight) * m_cellsPerSlope; }

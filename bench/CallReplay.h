@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The OpenGL calls of a frame, noted once and made again without any thought: what the calls alone cost. On
+// the recording OpenGL only.
+#pragma once
+
+#include "support/RecordingGL.h"
+
+#include <cstddef>
+#include <vector>
+
+class CallReplay
+{
+public:
+    // The calls must be among those of a scene whose texts are drawn already.
+    explicit CallReplay(std::vector<recording::Call> const& calls);
+
+    void Run() const;
+
+private:
+    using Function = void (*)(double const* arguments);
+
+    struct Step
+    {
+        Function function;
+        std::size_t arguments; // where they begin
+    };
+
+    std::vector<Step> m_steps;
+    std::vector<double> m_arguments;
+};
