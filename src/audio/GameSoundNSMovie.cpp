@@ -5,16 +5,19 @@
 #include "audio/CBMovie.h"
 #include "platform/Bundle.h"
 #include "platform/FileURL.h"
+#include "platform/Log.h"
 
 GameSoundNSMovie::GameSoundNSMovie(char const* fileName)
 {
     auto const path = platform::Bundle::pathForResource(fileName, "Music");
     auto const url = path ? platform::FileURLWithPath(*path) : std::nullopt;
     m_movie = url ? CBMovie::initWithURL(*url, false) : nullptr;
-    if (m_movie)
+    if (!m_movie)
     {
-        m_movie->setLoopMode(kLoopNormal);
+        platform::LogFormat("The music %s cannot be played", fileName);
+        return;
     }
+    m_movie->setLoopMode(kLoopNormal);
 }
 
 GameSoundNSMovie::~GameSoundNSMovie()

@@ -9,7 +9,23 @@
 #include "platform/OpenGL.h"
 
 #include <map>
+#include <set>
 #include <string>
+
+namespace
+{
+
+// Every new race loads its pictures again.
+void TellOnce(std::string const& text)
+{
+    static std::set<std::string> told;
+    if (told.insert(text).second)
+    {
+        QTUtilLog(text.c_str());
+    }
+}
+
+} // namespace
 
 int QTLoadAsTexture(unsigned long* texture, char const* name)
 {
@@ -20,7 +36,7 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     std::shared_ptr<QTImage const> const image = QTDecodedImage(name);
     if (!image)
     {
-        QTUtilLog((std::string("Unable to load texture ") + name).c_str());
+        TellOnce(std::string("Unable to load texture ") + name);
         return -1;
     }
 

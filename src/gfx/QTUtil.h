@@ -10,7 +10,7 @@ class QTImage;
 
 // Makes a texture name, always, and fills it from the picture of that name in the resources' "Images" folder:
 // linear filtering, repeated in both directions, left bound. An OpenGL context is current. 0 on success; -1,
-// with one log line and an empty texture, when the picture cannot be had.
+// with an empty texture, when the picture cannot be had; one log line says so, the first time.
 int QTLoadAsTexture(unsigned long* texture, char const* name);
 
 // The picture of that name as 32-bit pixels, decoded and scaled once per run and kept: every race loads the

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/InterfaceFile.h"
 
+#include "platform/File.h"
 #include "platform/Log.h"
 
 #include <SDL.h>
@@ -16,6 +17,8 @@ namespace platform
 
 namespace
 {
+
+constexpr std::size_t kLargestFile = std::size_t{1} << 20U;
 
 // What is wrong with the file; never leaves this source file.
 class Unusable : public std::runtime_error
@@ -119,9 +122,16 @@ bool IsKeyName(std::string const& text)
 
 std::optional<InterfaceFile> InterfaceFile::load(std::filesystem::path const& path)
 {
+    auto const bytes = ReadWholeFile(path, kLargestFile);
+    if (!bytes)
+    {
+        Log("The interface file " + path.string() + " cannot be read");
+        return std::nullopt;
+    }
     try
     {
-        return ReadInterface(toml::parse_file(path.string()));
+        return ReadInterface(
+            toml::parse(std::string_view(reinterpret_cast<char const*>(bytes->data()), bytes->size())));
     }
     catch (toml::parse_error const& problem)
     {

@@ -231,7 +231,10 @@ private:
             return true;
         }
         std::int64_t const length = av_rescale_q(promised[index], track.stream->time_base, {1, m_file.scale});
-        return track.end - track.first >= length - length / kCutOffDivisor - m_file.scale / 10;
+        // The headers of packed formats count the encoder's padding; those of plain samples are exact.
+        bool const isPlain = av_get_exact_bits_per_sample(track.stream->codecpar->codec_id) > 0;
+        int const padding = isPlain ? 0 : m_file.scale / 10;
+        return track.end - track.first >= length - length / kCutOffDivisor - padding;
     }
 
     bool finishAudio()

@@ -13,6 +13,7 @@
 #include "platform/RunLoop.h"
 #include "platform/TestMedia.h"
 #include "settings/GameSettings.h"
+#include "support/CapturedLog.h"
 
 #include <gmock/gmock.h>
 
@@ -172,9 +173,11 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     EXPECT_NEAR(10.0 * std::log10(heardPower / filePower), 20.0 * std::log10(0.35), 0.1);
 }
 
-TEST(GameSoundNSMovieTest, MissingTrackIsSilent)
+TEST(GameSoundNSMovieTest, MissingTrackIsSilentAndToldOnce)
 {
+    CapturedLog log;
     GameSoundNSMovie movie("NoSuchTrack.mp3");
+    EXPECT_THAT(log.lines(), testing::ElementsAre(std::string("The music NoSuchTrack.mp3 cannot be played")));
     movie.SetVolume(1.0F);
     movie.Play();
     EXPECT_FALSE(movie.IsPlaying());

@@ -64,6 +64,17 @@ TEST_F(QTUtil, APictureIsDecodedOncePerRun)
     EXPECT_EQ(QTDecodedImage("no-such-picture.jpg"), nullptr);
 }
 
+TEST_F(QTUtil, AMissingPictureIsLoggedOnceHoweverOftenItIsWanted)
+{
+    unsigned long texture = 0;
+    CapturedLog log;
+    for (int race = 0; race < 3; ++race)
+    {
+        EXPECT_EQ(QTLoadAsTexture(&texture, "wanted-thrice.jpg"), -1);
+    }
+    EXPECT_THAT(log.lines(), ElementsAre("Unable to load texture wanted-thrice.jpg"));
+}
+
 TEST_F(QTUtil, AnErrorOfOpenGLIsTakenAlong)
 {
     unsigned long texture = 0;

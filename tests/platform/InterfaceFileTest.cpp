@@ -85,6 +85,15 @@ TEST_F(InterfaceFileTest, MissingFileIsRefused)
     EXPECT_FALSE(InterfaceFile::load("/nowhere/Main.toml"));
 }
 
+TEST_F(InterfaceFileTest, HugeFileIsRefusedUnread)
+{
+    std::ofstream(m_path) << kWindow;
+    std::filesystem::resize_file(m_path, std::uintmax_t{2} << 30U); // sparse
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(InterfaceFile::load(m_path));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("cannot be read"));
+}
+
 TEST(KeyEquivalentTest, ModifiersComeInAnyOrder)
 {
     auto const key = ParseKeyEquivalent("Shift+Ctrl+Alt+F11");

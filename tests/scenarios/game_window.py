@@ -131,6 +131,12 @@ class Picture:
         blue, green, red = self._data[at:at + 3]
         return red, green, blue
 
+    def part(self, box):
+        """The bytes of the box (x, y, width, height)."""
+        x0, y0, width, height = box
+        starts = (self._offset + y * self._line + x0 * 4 for y in range(y0, y0 + height))
+        return b"".join(self._data[start:start + width * 4] for start in starts)
+
     def count(self, box, wanted):
         """How many pixels of the box (x, y, width, height) the predicate wants."""
         x0, y0, width, height = box
