@@ -202,6 +202,10 @@ void Game::Render(int width, int height)
 {
     m_viewWidth = width;
     m_viewHeight = height;
+    if (width < 1 || height < 1)
+    {
+        return; // nothing to draw into, nor to steer by
+    }
     if (m_universe)
     {
         RequestTurn(width, height);

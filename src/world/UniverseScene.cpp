@@ -22,6 +22,7 @@ namespace
 
 constexpr float kFarthestCentre = 101.0F; // of what still reaches before the far plane
 constexpr float kClosedInDepth = 48.0F;   // three lattice blocks deep the view has closed in
+constexpr float kWidestAspect = 32.0F;    // a window that is a mere line would look over half the field
 constexpr GLfloat kFogColor[] = {0.05F, 0.05F, 0.1F, 1.0F};
 constexpr GLfloat kLightPosition[] = {10.0F, 10.0F, -10.0F, 0.5F};
 
@@ -64,8 +65,9 @@ void Universe::Render(int width, int height)
     TQ3Vector3D
         apex; // one unit behind the ship, so that rocks beside the eye are not culled by their centres
     Vector3D_Subtract(&m_camera->GetPosition(), &facing, &apex);
-    Frustum const frustum(lens::kFieldOfView, static_cast<float>(width) / static_cast<float>(height), &apex,
-                          &facing, &m_camera->GetUp(), std::min(fogEnd, kFarthestCentre) + 1.0F);
+    float const aspect = std::min(static_cast<float>(width) / static_cast<float>(height), kWidestAspect);
+    Frustum const frustum(lens::kFieldOfView, aspect, &apex, &facing, &m_camera->GetUp(),
+                          std::min(fogEnd, kFarthestCentre) + 1.0F);
     Roid::RenderStart();
     RenderField(frustum, width, height);
     Roid::RenderEnd();
