@@ -5,8 +5,10 @@
 #include "platform/Preferences.h"
 #include "platform/PreferencesFolder.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -100,6 +102,18 @@ TEST_F(PreferencesSharingTest, ArrayThatBothChangedIsMerged)
     second.setValue("Sum", std::vector<int>{17});
     EXPECT_TRUE(second.synchronize());
     EXPECT_THAT(Preferences(file()).integerArrayForKey("Sum"), ElementsAre(17)) << "nobody else changed it";
+}
+
+TEST_F(PreferencesSharingTest, GameThatHangsAmidItsSaveHoldsNobodyUp)
+{
+    int const held = open(m_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    Preferences preferences(file());
+    preferences.setValue("A", 1);
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_EQ(flock(held, LOCK_UN), 0);
+    close(held);
+    EXPECT_EQ(Preferences(file()).integerForKey("A"), 1);
 }
 
 // A disk with little room while it lives: no file may be longer than a page.
