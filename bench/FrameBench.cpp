@@ -73,12 +73,14 @@ void RegisterAll(BenchWindow const* window)
 {
     benchmark::RegisterBenchmark("frame race/new", NewRace, window)
         ->Unit(benchmark::kMillisecond)
+        ->MeasureProcessCPUTime()
         ->UseRealTime();
     benchmark::RegisterBenchmark("text/changed line", ChangedLine)->Unit(benchmark::kMicrosecond);
     for (Viewpoint const& viewpoint : Viewpoints())
     {
         benchmark::RegisterBenchmark(("frame/" + Name(viewpoint)).c_str(), Frame, window, viewpoint)
             ->Unit(benchmark::kMillisecond)
+            ->MeasureProcessCPUTime()
             ->UseRealTime();
     }
 }
