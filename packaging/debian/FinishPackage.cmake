@@ -19,6 +19,8 @@ set(VERSION ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 configure_file(${CPACK_QUARROW_SOURCE}/debian/changelog.in ${documents}/changelog.Debian @ONLY)
 configure_file(${CPACK_QUARROW_SOURCE}/debian/copyright ${documents}/copyright COPYONLY)
 configure_file(${CPACK_QUARROW_SOURCE}/../CHANGELOG.md ${documents}/changelog COPYONLY)
+# The copyright file holds the one licence and names the place of the other.
+file(REMOVE_RECURSE ${share}/licenses)
 
 file(GLOB_RECURSE pages ${share}/man/*.6)
 run(gzip -9 --no-name --force ${documents}/changelog ${documents}/changelog.Debian ${pages})
