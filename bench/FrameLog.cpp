@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Preloaded into a program, it notes when each of its frames was shown: one line a frame, nanoseconds of the
-// monotonic clock, in the file that FRAME_LOG names. bench/start is the caller.
+// Preloaded into a program, it notes when each of its frames was shown: one line a frame in the file that
+// FRAME_LOG names, nanoseconds of the monotonic clock and of the process's own processor time. bench/start is
+// the caller.
 #include <dlfcn.h>
 #include <SDL.h>
 
@@ -28,10 +29,10 @@ std::FILE* OpenLog()
     return path != nullptr ? std::fopen(path, "w") : nullptr;
 }
 
-std::int64_t Now()
+std::int64_t Now(clockid_t clock)
 {
     timespec time{};
-    clock_gettime(CLOCK_MONOTONIC, &time);
+    clock_gettime(clock, &time);
     return std::int64_t{time.tv_sec} * 1000000000 + time.tv_nsec;
 }
 
@@ -44,7 +45,8 @@ extern "C" __attribute__((visibility("default"))) void SDL_GL_SwapWindow(SDL_Win
     swap(window);
     if (log)
     {
-        std::fprintf(log.get(), "%" PRId64 "\n", Now());
+        std::fprintf(log.get(), "%" PRId64 " %" PRId64 "\n", Now(CLOCK_MONOTONIC),
+                     Now(CLOCK_PROCESS_CPUTIME_ID));
         std::fflush(log.get());
     }
 }
