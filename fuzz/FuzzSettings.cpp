@@ -75,7 +75,7 @@ void ReadAll(platform::Preferences const& preferences)
     Require(speed >= 0.0F && speed <= 1000.0F);
     int const detail =
         SettingLimits::Hold("_AsteroidsSmoothness", preferences.integerForKey("_AsteroidsSmoothness"));
-    Require(detail >= 3 && detail <= 16);
+    Require(detail >= 3 && detail <= 12);
 }
 
 } // namespace

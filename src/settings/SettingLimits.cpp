@@ -21,6 +21,7 @@ struct Limits
 };
 
 constexpr float kGreatestDistance = 1000000.0F; // world units: any number that OpenGL's fog can still tell
+constexpr float kFarthestView = 80.0F;          // world units: the asteroids in view grow with its cube
 constexpr float kGreatestFont = 200.0F;         // pixels: rasterised anew in most frames
 
 constexpr Limits kLimits[] = {
@@ -29,14 +30,14 @@ constexpr Limits kLimits[] = {
     {"_CockpitWayptFontSize", 1.0F, kGreatestFont},
 
     {"FogStart", 0.0F, kGreatestDistance},
-    {"FogEndLow", 0.0F, kGreatestDistance},
-    {"FogEndHigh", 0.0F, kGreatestDistance},
+    {"FogEndLow", 0.0F, kFarthestView},
+    {"FogEndHigh", 0.0F, kFarthestView},
     {"LODDistMedium", 0.0F, kGreatestDistance},
     {"LODDistFar", 0.0F, kGreatestDistance},
 
     {"_AsteroidsDensityEdge", 0.0F, 1.0F},
     {"_AsteroidsDensityCenter", 0.0F, 1.0F},
-    {"_AsteroidsSmoothness", 3.0F, 16.0F},
+    {"_AsteroidsSmoothness", 3.0F, 12.0F},
     {"_AsteroidsMinR", 0.0F, 1.0F},
     {"_AsteroidsMaxR", 0.0F, 1.0F},
 

@@ -12,6 +12,8 @@
 #include "world/PathSearch.h"
 #include "world/Waypoint.h"
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace
@@ -24,6 +26,15 @@ std::unique_ptr<Overlay> CockpitOverlay(char const* sizeKey)
     char fontName[kFontNameSize];
     GameSettings::GetStringParam("_CockpitTimerFontName", fontName);
     return std::make_unique<Overlay>(0, 0, GameSettings::GetIntParam(sizeKey), fontName);
+}
+
+// How far the view may reach into a field of that density without holding more asteroids than every computer
+// draws in a tenth of a second or two. Those in view, less those behind others, grow with its cube.
+float FarthestView(float density)
+{
+    constexpr float kMostInView = 2500.0F;
+    constexpr float kPerCubicUnit = 0.163F; // seen where every cell is filled
+    return std::cbrt(kMostInView / (kPerCubicUnit * std::max(density, 0.001F)));
 }
 
 } // namespace
@@ -92,8 +103,9 @@ void Universe::GenerateField()
 void Universe::ReadSceneSettings()
 {
     m_fogStart = GameSettings::GetFloatParam("FogStart");
-    m_fogEndLow = GameSettings::GetFloatParam("FogEndLow");
-    m_fogEndHigh = GameSettings::GetFloatParam("FogEndHigh");
+    float const farthest = FarthestView(GameSettings::GetFloatParam("_AsteroidsDensityEdge"));
+    m_fogEndLow = std::min(GameSettings::GetFloatParam("FogEndLow"), farthest);
+    m_fogEndHigh = std::min(GameSettings::GetFloatParam("FogEndHigh"), farthest);
     m_arrowX = static_cast<float>(GameSettings::GetIntParam("_CockpitArrowX"));
     m_arrowY = static_cast<float>(GameSettings::GetIntParam("_CockpitArrowY"));
 }

@@ -168,11 +168,11 @@ TEST_F(HostileSettings, EveryWorldCanBeFlownAndDrawn)
     }
 }
 
-// The eye sees a hundred units far, and an asteroid at the most one unit nearer than its centre.
-TEST_F(HostileSettings, NothingIsDrawnBeyondTheFarPlane)
+// The longest view there is ends at 80 units.
+TEST_F(HostileSettings, NothingIsDrawnBeyondTheLongestView)
 {
     test::ScopedSetting const far("FogEndHigh", 1e9F);
-    test::ScopedSetting const density("_AsteroidsDensityEdge", 0.05F);
+    test::ScopedSetting const density("_AsteroidsDensityEdge", 0.02F);
     Game::pGame->SwitchToState(kStateMenu);
     Game::pGame->SwitchToState(kStatePlaying);
     recording::start();
@@ -187,8 +187,25 @@ TEST_F(HostileSettings, NothingIsDrawnBeyondTheFarPlane)
             farthest = std::max(farthest, depth);
         }
     }
-    EXPECT_GT(farthest, 90.0);
-    EXPECT_LE(farthest, 101.0);
+    EXPECT_GT(farthest, 70.0);
+    EXPECT_LE(farthest, 81.0);
+}
+
+// However dense the field, a view holds no more asteroids than can be drawn.
+TEST_F(HostileSettings, DenseFieldsEndTheViewEarlier)
+{
+    test::ScopedSetting const far("FogEndHigh", 80.0F);
+    test::ScopedSetting const density("_AsteroidsDensityEdge", 1.0F);
+    test::ScopedSetting const centre("_AsteroidsDensityCenter", 1.0F);
+    Game::pGame->SwitchToState(kStateMenu);
+    Game::pGame->SwitchToState(kStatePlaying);
+    recording::start();
+    Game::pGame->Render(800, 600);
+    auto const calls = recording::stop();
+    auto const drawn =
+        std::ranges::count_if(calls, [](auto const& call) { return call.name == "glCallList"; });
+    EXPECT_GT(drawn, 200);
+    EXPECT_LT(drawn, 2500);
 }
 
 } // namespace

@@ -41,8 +41,8 @@ void PrintTo(Range const& range, std::ostream* out)
 // As docs/settings.md states them.
 constexpr Range kNumbers[] = {
     {"FogStart", 0.0F, 1e6F},
-    {"FogEndLow", 0.0F, 1e6F},
-    {"FogEndHigh", 0.0F, 1e6F},
+    {"FogEndLow", 0.0F, 80.0F},
+    {"FogEndHigh", 0.0F, 80.0F},
     {"LODDistMedium", 0.0F, 1e6F},
     {"LODDistFar", 0.0F, 1e6F},
     {"_AsteroidsDensityEdge", 0.0F, 1.0F},
@@ -63,7 +63,7 @@ constexpr Range kWholeNumbers[] = {
     {"_FPSFontSize", 1.0F, 200.0F},
     {"_CockpitTimerFontSize", 1.0F, 200.0F},
     {"_CockpitWayptFontSize", 1.0F, 200.0F},
-    {"_AsteroidsSmoothness", 3.0F, 16.0F},
+    {"_AsteroidsSmoothness", 3.0F, 12.0F},
 };
 
 template <typename Value>
