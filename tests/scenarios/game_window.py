@@ -99,10 +99,10 @@ class Display:
 
     def _visible(self):
         """Geometry and identifier of each visible window, the largest last."""
-        text = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree"], check=True, capture_output=True,
-                              text=True).stdout
+        # It fails when a window goes away while it asks: then there is nothing to be seen yet.
+        tree = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree"], capture_output=True, text=True)
         found = []
-        for line in text.splitlines():
+        for line in tree.stdout.splitlines() if tree.returncode == 0 else ():
             words = line.split()
             if '"' in line and "(has no name)" not in line and words and words[0].startswith("0x"):
                 stats = subprocess.run(["xwininfo", "-display", self.name, "-id", words[0], "-stats"],
