@@ -4,38 +4,7 @@
 
 #include "platform/Display.h"
 #include "platform/OpenGL.h"
-
-namespace
-{
-
-// Shows what is drawn, and hears nothing.
-class SilentView : public platform::OpenGLView
-{
-public:
-    bool initWithFrame(platform::Rect frame) override
-    {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                            platform::kPixelFormatColorSize,
-                                            32,
-                                            platform::kPixelFormatDepthSize,
-                                            32,
-                                            0};
-        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
-        return format && initWithPixelFormat(frame, *format);
-    }
-    void awakeFromNib() override {}
-    void reshape() override {}
-    void toggleFullScreen() override {}
-    bool acceptsFirstResponder() override { return false; }
-    bool becomeFirstResponder() override { return false; }
-    bool resignFirstResponder() override { return true; }
-    void keyDown(platform::Event const&) override {}
-    void mouseMoved(platform::Event const&) override {}
-    void mouseUp(platform::Event const&) override {}
-    void scrollWheel(platform::Event const&) override {}
-};
-
-} // namespace
+#include "tests/support/PassiveView.h"
 
 std::unique_ptr<BenchWindow> BenchWindow::open()
 {
@@ -44,7 +13,7 @@ std::unique_ptr<BenchWindow> BenchWindow::open()
         return nullptr;
     }
     platform::Rect const frame{{}, {kWidth, kHeight}};
-    auto view = std::make_unique<SilentView>();
+    auto view = std::make_unique<PassiveView>();
     std::unique_ptr<BenchWindow> bench(new BenchWindow);
     if (!view->initWithFrame(frame))
     {

@@ -3,40 +3,9 @@
 #include "pictures/SceneWindow.h"
 
 #include "platform/OpenGL.h"
+#include "support/PassiveView.h"
 
 #include <stdexcept>
-
-namespace
-{
-
-// Only shows: the tests draw, and no events come.
-class PassiveView : public platform::OpenGLView
-{
-public:
-    bool initWithFrame(platform::Rect frame) override
-    {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                            platform::kPixelFormatColorSize,
-                                            32,
-                                            platform::kPixelFormatDepthSize,
-                                            32,
-                                            0};
-        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
-        return format && initWithPixelFormat(frame, *format);
-    }
-    void awakeFromNib() override {}
-    void reshape() override {}
-    void toggleFullScreen() override {}
-    bool acceptsFirstResponder() override { return false; }
-    bool becomeFirstResponder() override { return false; }
-    bool resignFirstResponder() override { return true; }
-    void keyDown(platform::Event const&) override {}
-    void mouseMoved(platform::Event const&) override {}
-    void mouseUp(platform::Event const&) override {}
-    void scrollWheel(platform::Event const&) override {}
-};
-
-} // namespace
 
 SceneWindow& SceneWindow::shared()
 {

@@ -4,26 +4,14 @@
 // A view that notes what it is told. The tests of windows and of the application show it.
 #pragma once
 
-#include "platform/OpenGLView.h"
+#include "support/PassiveView.h"
 
 #include <string>
 #include <vector>
 
-class TestView : public platform::OpenGLView
+class TestView : public PassiveView
 {
 public:
-    bool initWithFrame(platform::Rect frame) override
-    {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                            platform::kPixelFormatColorSize,
-                                            32,
-                                            platform::kPixelFormatDepthSize,
-                                            32,
-                                            0};
-        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
-        return format && initWithPixelFormat(frame, *format);
-    }
-
     void awakeFromNib() override { told.emplace_back("awakeFromNib"); }
     void reshape() override { shapes.push_back(frame().size); }
     void toggleFullScreen() override { told.emplace_back("toggleFullScreen"); }

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The few functions that the synthesiser needs, made of additions and multiplications only: the last bit of
-// the C library's sine differs between CPUs, and a track must come out the same, byte for byte, on all of
-// them.
+// What the synthesiser needs beyond common/Maths.h, made as that is: a track comes out the same, byte for
+// byte, on all CPUs.
 #pragma once
+
+#include "common/Maths.h"
 
 #include <cmath>
 #include <cstddef>
@@ -12,22 +13,9 @@
 namespace music
 {
 
-inline constexpr double kSampleRate = 44100.0;
-inline constexpr double kPi = 3.14159265358979323846;
+using maker::Sine;
 
-// Sine of an angle in turns (1 is a full circle); accurate to about 1e-8.
-inline double Sine(double turns)
-{
-    double x = turns - std::floor(turns + 0.5);
-    if (x > 0.25)
-        x = 0.5 - x;
-    else if (x < -0.25)
-        x = -0.5 - x;
-    double const a = x * (2.0 * kPi);
-    double const s = a * a;
-    return a *
-           (1.0 + s * (-1.0 / 6 + s * (1.0 / 120 + s * (-1.0 / 5040 + s * (1.0 / 362880 - s / 39916800)))));
-}
+inline constexpr double kSampleRate = 44100.0;
 
 // Two to the power of x.
 inline double Exp2(double x)

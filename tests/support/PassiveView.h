@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// A view with the game's pixel format that only shows what others draw. Tests and benchmarks of pictures open
+// their windows with it; TestView notes what it is told besides.
+#pragma once
+
+#include "platform/OpenGLView.h"
+
+class PassiveView : public platform::OpenGLView
+{
+public:
+    bool initWithFrame(platform::Rect frame) override
+    {
+        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
+                                            platform::kPixelFormatColorSize,
+                                            32,
+                                            platform::kPixelFormatDepthSize,
+                                            32,
+                                            0};
+        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
+        return format && initWithPixelFormat(frame, *format);
+    }
+    void awakeFromNib() override {}
+    void reshape() override {}
+    void toggleFullScreen() override {}
+    bool acceptsFirstResponder() override { return false; }
+    bool becomeFirstResponder() override { return false; }
+    bool resignFirstResponder() override { return true; }
+    void keyDown(platform::Event const&) override {}
+    void mouseMoved(platform::Event const&) override {}
+    void mouseUp(platform::Event const&) override {}
+    void scrollWheel(platform::Event const&) override {}
+};
