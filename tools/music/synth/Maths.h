@@ -13,6 +13,7 @@
 namespace music
 {
 
+using maker::kPi;
 using maker::Sine;
 
 inline constexpr double kSampleRate = 44100.0;
