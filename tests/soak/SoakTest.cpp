@@ -25,7 +25,7 @@ namespace
 constexpr double kStep = 1.0 / 60.0; // seconds
 constexpr unsigned kSeed = 2026;     // of every race: the same field takes the same memory
 constexpr int kKinds = 4;            // of races, and of music tracks
-constexpr int kSettled = 10;         // races, after which everything that is kept has been met
+constexpr int kSettled = 12;         // races: past the tenth, and the last of the same kind as of all
 constexpr std::size_t kMemorySlack = 65536;
 
 class Soak : public GameStage
