@@ -20,8 +20,8 @@ endif()
 # What is under test is in libraries and keeps the optimisation of the build.
 function(quarrow_light_test target)
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
-    # With less optimisation GCC 12 sees strings overrun that are not.
-    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds>)
+    # In concatenations of std::string GCC 12 then sees overruns that are none, as in its bug 105329.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow>)
     if(TARGET quarrow_test_headers)
         target_precompile_headers(${target} REUSE_FROM quarrow_test_headers)
     endif()
