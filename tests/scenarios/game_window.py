@@ -220,7 +220,9 @@ class Game:
         return width // 2, height // 2 + 2 * font_size * item
 
     def point_at_item(self, item):
+        """Comes from beside it: a pointer that is there already would not be noticed by a menu that is new."""
         x, y = self.item_position(item)
+        self.point_at(x + 14, y + 12)
         self.point_at(x + 12, y + 12)
 
     def click_item(self, item):
