@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "core/GameEventNSEvent.h"
 
+#include <utility>
+
 using platform::EventType;
 
-GameEventNSEvent::GameEventNSEvent(platform::Event const& event) : m_event(event)
+GameEventNSEvent::GameEventNSEvent(platform::Event event) : m_event(std::move(event))
 {
 }
 

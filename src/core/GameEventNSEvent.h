@@ -9,7 +9,7 @@
 class GameEventNSEvent
 {
 public:
-    explicit GameEventNSEvent(platform::Event const& event);
+    explicit GameEventNSEvent(platform::Event event);
 
     bool IsKey() const;
     bool IsKeyDown() const;

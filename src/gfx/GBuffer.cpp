@@ -12,7 +12,8 @@ namespace
 // Bytes of a buffer; 0 when it has none or more than an unsigned can tell.
 unsigned BufferSize(platform::Size size, int bitDepth)
 {
-    double const bytes = static_cast<double>(size.width) * size.height * (bitDepth / 8);
+    int const bytesPerPixel = bitDepth / 8;
+    double const bytes = static_cast<double>(size.width) * size.height * bytesPerPixel;
     return bytes >= 1.0 && bytes <= std::numeric_limits<int>::max() ? static_cast<unsigned>(bytes) : 0;
 }
 

@@ -77,7 +77,7 @@ private:
 
     std::vector<std::unique_ptr<Overlay>> m_items;
     int m_selected = -1; // the item under the pointer
-    char m_fontName[32];
+    char m_fontName[32] = {};
     int m_fontSize;
     int m_lastWidth = 0;
     int m_lastHeight = 0;

@@ -87,7 +87,9 @@ void Overlay::Render(int width, int height)
     glMatrixMode(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
-    gluOrtho2D(0.0, width, height, 0.0);
+    double const right = width;
+    double const bottom = height;
+    gluOrtho2D(0.0, right, bottom, 0.0);
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();

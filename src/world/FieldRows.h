@@ -48,7 +48,8 @@ private:
 
     static std::size_t RowOf(int x, int y, int level)
     {
-        return static_cast<std::size_t>((level * kSize + x % kSize) * kSize + y % kSize);
+        int const row = (level * kSize + x % kSize) * kSize + y % kSize;
+        return static_cast<std::size_t>(row);
     }
 
     // The bits from first to last, as far as there are.

@@ -21,10 +21,10 @@ public:
     struct Rock
     {
         TQ3Vector3D place; // the cell
-        CoveredView::Ball seen;
-        std::uint8_t sizeClass;
-        std::uint8_t levelOfDetail;
-        bool isShown;
+        CoveredView::Ball seen{};
+        std::uint8_t sizeClass = 0;
+        std::uint8_t levelOfDetail = 0;
+        bool isShown = false;
     };
 
     // frustum: of that camera. Sizes of the picture in pixels. All that are in view, in the order of the

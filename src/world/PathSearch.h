@@ -14,8 +14,8 @@ struct SearchedPath
 {
     TQ3Vector3D start;
     TQ3Vector3D end;
-    float radius; // of the moving sphere
-    float margin; // the box reaches this far beyond a path towards greater coordinates
+    float radius = 0.0F; // of the moving sphere
+    float margin = 0.0F; // the box reaches this far beyond a path towards greater coordinates
 };
 
 class PathSearch

@@ -30,7 +30,8 @@ constexpr int kDepthStep = 18;                                  // units from on
 TQ3Vector3D WaypointOffSide(int side, int depth)
 {
     float const full = static_cast<float>(depth) + 0.5F;
-    float const half = static_cast<float>(depth / 2) + 0.5F;
+    int const halfDepth = depth / 2;
+    float const half = static_cast<float>(halfDepth) + 0.5F;
     switch (side)
     {
     case 0:
