@@ -15,6 +15,7 @@ import subprocess
 import tempfile
 import time
 import tomllib
+import unittest
 
 from x11 import Connection
 
@@ -261,3 +262,22 @@ class Game:
         wait_until(lambda: all(self.text_pixels(i) > 40 for i in present) and
                    all(self.text_pixels(i) < 15 for i in absent),
                    f"a menu with items {list(present)} and without {list(absent)}")
+
+
+class Scenario(unittest.TestCase):
+    """Tests of which each has a player's home of its own, as new."""
+
+    def setUp(self):
+        home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
+        self.addCleanup(home.cleanup)
+        self.home = pathlib.Path(home.name)
+
+    def open_display(self, **options):
+        display = Display(**options)
+        self.addCleanup(display.close)
+        return display
+
+    def write_settings(self, text):
+        folder = self.home / ".config" / "quarrow"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "settings.toml").write_text(text)

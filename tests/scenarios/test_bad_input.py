@@ -5,24 +5,16 @@
 import os
 import pathlib
 import shutil
-import tempfile
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Game, Scenario, wait_until
 
 
-class BadInputScenario(unittest.TestCase):
+class BadInputScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
+        super().setUp()
         self.program = os.environ["QUARROW_PROGRAM"]
         self.addCleanup(os.environ.__setitem__, "QUARROW_PROGRAM", self.program)
-
-    def open_display(self):
-        display = Display()
-        self.addCleanup(display.close)
-        return display
 
     def installed_copy(self):
         """A copy of program and resources that may be damaged; the resources' folder."""

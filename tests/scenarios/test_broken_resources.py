@@ -7,11 +7,10 @@ import pathlib
 import random
 import shutil
 import struct
-import tempfile
 import unittest
 import zlib
 
-from game_window import Display, Game, wait_until
+from game_window import Display, Game, Scenario, wait_until
 
 # What a start and a race read. Without the interface file there is no start, which is tried by itself.
 FOLDERS = ("Images", "Sounds", "Music")
@@ -53,7 +52,7 @@ def huge(path):
     os.truncate(path, 2 << 30)
 
 
-class BrokenResourcesScenario(unittest.TestCase):
+class BrokenResourcesScenario(Scenario):
     @classmethod
     def setUpClass(cls):
         cls.display = Display(800, 600)
@@ -64,9 +63,7 @@ class BrokenResourcesScenario(unittest.TestCase):
         cls.display.close()
 
     def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(folder.cleanup)
-        self.home = pathlib.Path(folder.name)
+        super().setUp()
         self.installed = self.home / "installed"
         self.installed.mkdir()
         shutil.copytree(self.program.parent / "resources", self.installed / "resources")

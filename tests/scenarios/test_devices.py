@@ -3,24 +3,12 @@
 """Displays, drivers and sound devices that lack something: a clear message, or quiet play."""
 
 import os
-import pathlib
-import tempfile
 import unittest
 
-from game_window import Display, Game, is_light, wait_until
+from game_window import Game, Scenario, is_light, wait_until
 
 
-class DevicesScenario(unittest.TestCase):
-    def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-
-    def open_display(self, **options):
-        display = Display(**options)
-        self.addCleanup(display.close)
-        return display
-
+class DevicesScenario(Scenario):
     def expect_refusal(self, display, word, **environment):
         with Game(display, self.home, environment=environment, expect_start=False) as game:
             self.assertEqual(game.wait_exit(), 1, game.log())
@@ -66,9 +54,7 @@ class DevicesScenario(unittest.TestCase):
         self.expect_play(self.open_display(), "no sound device", ALSOFT_DRIVERS="none-of-them")
 
     def test_window_of_one_pixel_grows_again(self):
-        folder = self.home / ".config" / "quarrow"
-        folder.mkdir(parents=True)
-        (folder / "settings.toml").write_text("Fullscreen = 0\n_ShowFPS = 1\n")
+        self.write_settings("Fullscreen = 0\n_ShowFPS = 1\n")
         display = self.open_display()
         with Game(display, self.home) as game:
             game.wait_for_items(present=range(5))

@@ -3,13 +3,11 @@
 """However the game is ended, and whatever it is doing then, it saves what was changed and leaves within a second."""
 
 import os
-import pathlib
 import signal
-import tempfile
 import time
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Display, Game, Scenario, wait_until
 
 # Sanitizers make a frame several times as long.
 LIMIT = 1.0 if "asan" not in os.environ["QUARROW_PROGRAM"] else 5.0  # seconds
@@ -24,13 +22,11 @@ def limit():
 WAYS = ("SIGTERM", "SIGINT", "SIGHUP", "close button", "Ctrl+Q", "display gone")
 
 
-class EndedScenario(unittest.TestCase):
+class EndedScenario(Scenario):
     slowest = 0.0
 
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
+        super().setUp()
         self.folder = self.home / ".config" / "quarrow"
         self.folder.mkdir(parents=True)
 

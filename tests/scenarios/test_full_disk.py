@@ -2,29 +2,24 @@
 # SPDX-License-Identifier: MIT
 """A disk without room while the game saves. Runs in a mount namespace of its own: see CMakeLists.txt."""
 
-import pathlib
 import subprocess
-import tempfile
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Game, Scenario, wait_until
 
 OLD = "Fullscreen = 0\nRaceTimes = [ 83, 95 ]\n"
 
 
-class FullDiskScenario(unittest.TestCase):
+class FullDiskScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
+        super().setUp()
         self.folder = self.home / ".config" / "quarrow"
         self.folder.mkdir(parents=True)
         subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", self.folder], check=True)
         self.addCleanup(subprocess.run, ["umount", "-l", self.folder], check=True)
         self.file = self.folder / "settings.toml"
         self.file.write_text(OLD)
-        self.display = Display()
-        self.addCleanup(self.display.close)
+        self.display = self.open_display()
 
     def fill(self):
         """Not a byte is left."""

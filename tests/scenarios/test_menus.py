@@ -2,26 +2,16 @@
 # SPDX-License-Identifier: MIT
 """What a player meets between start and quit."""
 
-import pathlib
 import signal
-import tempfile
 import unittest
 
-from game_window import Display, Game, is_light, wait_until
+from game_window import Game, Scenario, is_light, wait_until
 
 
-class MenuScenario(unittest.TestCase):
+class MenuScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-        self.display = Display()
-        self.addCleanup(self.display.close)
-
-    def write_settings(self, text):
-        folder = self.home / ".config" / "quarrow"
-        folder.mkdir(parents=True, exist_ok=True)
-        (folder / "settings.toml").write_text(text)
+        super().setUp()
+        self.display = self.open_display()
 
     def start(self, **options):
         game = Game(self.display, self.home, **options)

@@ -3,24 +3,20 @@
 """The running game, killed 500 times while it writes settings and times: after each, the file is whole."""
 
 import os
-import pathlib
 import random
 import re
-import tempfile
 import time
 import tomllib
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Display, Game, Scenario, wait_until
 
 KILLS = int(os.environ.get("QUARROW_KILLS", "500"))
 
 
-class PowerLossScenario(unittest.TestCase):
+class PowerLossScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
+        super().setUp()
         self.folder = self.home / ".config" / "quarrow"
         self.folder.mkdir(parents=True)
         (self.folder / "settings.toml").write_text("_FPSFontSize = 1000\n")

@@ -3,11 +3,9 @@
 """A whole race, flown by a pilot with mouse and keys, up to the ranked finish; and the time after a restart."""
 
 import os
-import pathlib
-import tempfile
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Game, Scenario, wait_until
 
 # A thin field and a nimble ship: the race is over in about a minute, and a slow machine's long frames do no harm.
 SETTINGS = """
@@ -22,16 +20,11 @@ MusicVolume = 0.0
 RACE_LIMIT = 400.0  # seconds
 
 
-class RaceScenario(unittest.TestCase):
+class RaceScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-        folder = self.home / ".config" / "quarrow"
-        folder.mkdir(parents=True)
-        (folder / "settings.toml").write_text(SETTINGS)
-        self.display = Display()
-        self.addCleanup(self.display.close)
+        super().setUp()
+        self.write_settings(SETTINGS)
+        self.display = self.open_display()
 
     def start(self, program):
         game = Game(self.display, self.home, program=program)

@@ -4,10 +4,9 @@
 
 import os
 import pathlib
-import tempfile
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Game, Scenario, wait_until
 from heard import RATE, Recorder, decoded, loudest, place
 from test_race import RACE_LIMIT, SETTINGS
 
@@ -16,19 +15,14 @@ FANFARE = 4  # seconds until nothing of it is left
 AAI_TOOKAI_AT_HALF = int(0.5 * 0.7 * 256) / 256  # a movie's volume is held in 256ths
 
 
-class SoundScenario(unittest.TestCase):
+class SoundScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-        self.display = Display()
-        self.addCleanup(self.display.close)
+        super().setUp()
+        self.display = self.open_display()
         self.recorder = Recorder(self.home)
 
     def start(self, program=None, settings=""):
-        folder = self.home / ".config" / "quarrow"
-        folder.mkdir(parents=True)
-        (folder / "settings.toml").write_text(settings)
+        self.write_settings(settings)
         game = Game(self.display, self.home, environment=self.recorder.environment, program=program)
         self.addCleanup(game.__exit__)
         game.wait_for_items(present=range(5))

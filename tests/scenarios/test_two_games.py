@@ -2,23 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Two games of one player at once: each finds in the settings what it changed, whichever ends last."""
 
-import pathlib
 import signal
-import tempfile
 import unittest
 
-from game_window import Display, Game
+from game_window import Game, Scenario
 
 
-class TwoGamesScenario(unittest.TestCase):
-    def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-
+class TwoGamesScenario(Scenario):
     def start(self):
-        display = Display()
-        self.addCleanup(display.close)
+        display = self.open_display()
         game = Game(display, self.home)
         self.addCleanup(game.__exit__)
         game.wait_for_items(present=range(5))

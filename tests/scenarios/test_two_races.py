@@ -3,27 +3,20 @@
 """Two games of one player at once, each flown to the finish on a display of its own: both times rank."""
 
 import os
-import pathlib
 import signal
-import tempfile
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Game, Scenario, wait_until
 from test_race import RACE_LIMIT, SETTINGS
 
 
-class TwoRacesScenario(unittest.TestCase):
+class TwoRacesScenario(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-        folder = self.home / ".config" / "quarrow"
-        folder.mkdir(parents=True)
-        (folder / "settings.toml").write_text(SETTINGS)
+        super().setUp()
+        self.write_settings(SETTINGS)
 
     def start(self):
-        display = Display()
-        self.addCleanup(display.close)
+        display = self.open_display()
         # The pilot's hands work on the display that it sees.
         game = Game(display, self.home, program=os.environ["QUARROW_FLYER"])
         self.addCleanup(game.__exit__)

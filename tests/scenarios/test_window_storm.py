@@ -5,13 +5,11 @@
 QUARROW_STORM_SECONDS says how long. A game that is quit is followed by another."""
 
 import os
-import pathlib
 import random
-import tempfile
 import time
 import unittest
 
-from game_window import Display, Game, wait_until
+from game_window import Game, Scenario, wait_until
 from x11 import Connection
 
 SECONDS = float(os.environ.get("QUARROW_STORM_SECONDS", "20"))
@@ -21,13 +19,10 @@ KEYS = ["w", "s", "d", "q", "Escape", "Return", "space", "Tab", "Up", "Down", "L
 MODIFIERS = ["Shift_L", "Control_L", "Alt_L", "Super_L"]
 
 
-class WindowStorm(unittest.TestCase):
+class WindowStorm(Scenario):
     def setUp(self):
-        self._home = tempfile.TemporaryDirectory(prefix="quarrow-home-")
-        self.addCleanup(self._home.cleanup)
-        self.home = pathlib.Path(self._home.name)
-        self.display = Display()
-        self.addCleanup(self.display.close)
+        super().setUp()
+        self.display = self.open_display()
         self.random = random.Random(SEED)
         self.counts = {}
 
