@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Any bytes as a movie: taken apart, then decoded forwards, backwards and at scattered places.
-#include "platform/AudioTrack.h"
-#include "platform/MediaFile.h"
+#include "platform/media/EncodedFile.h"
 
 #include <array>
 #include <span>
@@ -16,7 +15,7 @@ constexpr int kBlocks = 16;
 
 void Listen(platform::MediaFile const& file)
 {
-    auto const track = platform::AudioTrack::open(*file.audio);
+    auto const track = file.openAudio();
     if (!track)
     {
         return;
@@ -40,8 +39,8 @@ void Listen(platform::MediaFile const& file)
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
-    auto const file = platform::MediaFile::fromBytes(std::as_bytes(std::span(data, size)));
-    if (file && file->audio)
+    auto const file = platform::EncodedFile::fromBytes(std::as_bytes(std::span(data, size)));
+    if (file)
     {
         Listen(*file);
     }

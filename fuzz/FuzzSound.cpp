@@ -3,8 +3,7 @@
 //
 // Any bytes as the audio of an AIFF file, whose header is put before them: what the game decodes for its
 // effects, with the format, the channels and the rate in the hands of the fuzzer.
-#include "platform/AudioTrack.h"
-#include "platform/MediaFile.h"
+#include "platform/media/EncodedFile.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -40,8 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::string const bytes = "FORM" + Big(4 + 8 + kCommonSize + 16 + sound.size()) + "AIFFCOMM" +
                               Big(kCommonSize) + input.substr(0, kCommonSize) + "SSND" +
                               Big(8 + sound.size()) + Big(0) + Big(0) + sound;
-    auto const file = platform::MediaFile::fromBytes(std::as_bytes(std::span(bytes)));
-    auto const track = file && file->audio ? platform::AudioTrack::open(*file->audio) : nullptr;
+    auto const file = platform::EncodedFile::fromBytes(std::as_bytes(std::span(bytes)));
+    auto const track = file ? file->openAudio() : nullptr;
     if (track)
     {
         std::vector<std::int16_t> stereo(2 *

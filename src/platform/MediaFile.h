@@ -1,44 +1,24 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// An encoded sound or movie in memory, taken apart once when it is opened: the audio packets with their
-// places in time, and the times of the video samples. Sound and Movie are the callers. With every packet at
-// hand any place of the audio can be decoded, forwards or backwards, without a demuxer's seeking and without
-// waiting for the disk.
+// An encoded sound or movie in memory. Sound and Movie are the callers.
+// What takes it apart and decodes it, and the many libraries which that needs, are a module of their own:
+// src/platform/media/, loaded with the first file.
 #pragma once
 
-#include "platform/LibavHandles.h"
+#include "platform/AudioTrack.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace platform
 {
 
 // Times of a media file count in its scale's units from its beginning.
-struct AudioPacket
-{
-    std::int64_t position = 0; // sample at which its decoded audio begins
-    std::uint32_t offset = 0;  // into AudioStream::bytes
-    std::uint32_t size = 0;
-    bool isKey = false; // decoding can begin here
-};
-
-struct AudioStream
-{
-    LibavHandle<AVCodecParameters> parameters;
-    int sampleRate = 0;
-    std::vector<AudioPacket> packets; // by position
-    std::vector<std::uint8_t> bytes;
-    // The samples that are meant to be heard: what an encoder put before and after them lies outside.
-    std::int64_t begin = 0;
-    std::int64_t end = 0;
-};
-
 struct VideoStream
 {
     int width = 0;                   // pixels, as shown
@@ -49,15 +29,27 @@ struct VideoStream
 
 struct MediaFile
 {
+    MediaFile() = default;
+    virtual ~MediaFile() = default;
+    MediaFile(MediaFile const&) = delete;
+    MediaFile& operator=(MediaFile const&) = delete;
+
+    // Null, with a log line in the last case, for what cannot be read, holds neither audio nor video, ends
+    // before its own header says, or is longer than 2^31 units; or when the module cannot be loaded.
+    static std::unique_ptr<MediaFile> open(std::filesystem::path const& file);
+
+    // Reads from this file, which has to outlive it. Null without audio, when there is no decoder, or when
+    // nothing at the audio's beginning decodes.
+    virtual std::unique_ptr<AudioTrack> openAudio() const = 0;
+
     int scale = 0; // units per second: the audio's sample rate, 600 without audio
     std::int64_t duration = 0;
-    std::optional<AudioStream> audio;
     std::optional<VideoStream> video;
-
-    // Null for what cannot be read, holds neither audio nor video, ends before its own header says, or is
-    // longer than 2^31 units.
-    static std::unique_ptr<MediaFile> open(std::filesystem::path const& file);
-    static std::unique_ptr<MediaFile> fromBytes(std::span<std::byte const> bytes);
 };
+
+// What the module exports under this name: the file in so many bytes, which it copies what it needs from, for
+// the caller to delete; null as for MediaFile::open.
+using OpenMedia = MediaFile*(std::byte const* bytes, std::size_t size);
+constexpr char const* kOpenMediaName = "QuarrowOpenMedia";
 
 } // namespace platform

@@ -48,7 +48,7 @@ std::unique_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
 
 Movie::Movie(std::unique_ptr<MediaFile> file) : m_file(std::move(file))
 {
-    m_track = m_file->audio ? AudioTrack::open(*m_file->audio) : nullptr;
+    m_track = m_file->openAudio();
     if (m_track)
     {
         m_audio = std::make_unique<MovieAudio>(*m_track, m_file->scale);

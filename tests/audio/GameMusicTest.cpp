@@ -6,7 +6,6 @@
 #include "audio/GameMusic.h"
 
 #include "audio/GameSoundNSMovie.h"
-#include "platform/AudioTrack.h"
 #include "platform/Bundle.h"
 #include "platform/MediaFile.h"
 #include "platform/Preferences.h"
@@ -145,7 +144,7 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     auto const file = platform::MediaFile::open(*path);
     constexpr int kSeconds = 10;
     Samples decoded(2 * 44100 * kSeconds);
-    platform::AudioTrack::open(*file->audio)->read(0, decoded);
+    file->openAudio()->read(0, decoded);
 
     Loopback loopback;
     GameSettings::Initialize();

@@ -4,7 +4,6 @@
 // Movies as they are heard through a loopback device, sample by sample, and as time tells without one.
 #include "platform/Movie.h"
 
-#include "platform/AudioTrack.h"
 #include "platform/Clock.h"
 #include "platform/MediaFile.h"
 #include "TestMedia.h"
@@ -209,7 +208,7 @@ TEST_F(MovieTest, LoopOfAnMp3IsExactToTheSample)
     ASSERT_TRUE(file);
     EXPECT_EQ(file->duration, 44100) << "the encoder's delay or padding is still there";
     Samples decoded(88200);
-    platform::AudioTrack::open(*file->audio)->read(0, decoded);
+    file->openAudio()->read(0, decoded);
 
     auto const movie = Movie::openFile(m_folder / "test.mp3");
     Looper const looper(*movie);
@@ -281,7 +280,7 @@ TEST_F(MovieTest, BackwardsMp3IsTheForwardOneReversed)
     WriteMp3(m_folder / "test.mp3", StereoSine(44100, 441.0));
     auto const file = platform::MediaFile::open(m_folder / "test.mp3");
     Samples decoded(88200);
-    platform::AudioTrack::open(*file->audio)->read(0, decoded);
+    file->openAudio()->read(0, decoded);
     auto const movie = Movie::openFile(m_folder / "test.mp3");
     movie->goToEnd();
     movie->setRate(-kOne);

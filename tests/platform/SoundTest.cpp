@@ -4,6 +4,7 @@
 // Effects as they are heard through a loopback device.
 #include "platform/Sound.h"
 
+#include "platform/RunLoop.h"
 #include "TestMedia.h"
 
 #include <gmock/gmock.h>
@@ -24,6 +25,14 @@ protected:
     {
         WriteAiff(m_folder / name, samples, channels);
         return m_folder / name;
+    }
+
+    // Decoded, as after the run loop's next pass.
+    static std::unique_ptr<Sound> open(std::filesystem::path const& file)
+    {
+        auto sound = Sound::initWithContentsOfFile(file);
+        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+        return sound;
     }
 
     Samples hear(int samples)
@@ -54,7 +63,7 @@ Samples Steps(int count)
 
 TEST_F(SoundTest, PlaysTheFilesOwnSamplesAtFullLevel)
 {
-    auto const sound = Sound::initWithContentsOfFile(aiff("steps.aiff", Steps(1000)));
+    auto const sound = open(aiff("steps.aiff", Steps(1000)));
     ASSERT_TRUE(sound);
     EXPECT_TRUE(sound->play());
     Samples const heard = hear(1100);
@@ -68,7 +77,7 @@ TEST_F(SoundTest, PlaysTheFilesOwnSamplesAtFullLevel)
 
 TEST_F(SoundTest, SecondTriggerWhileItPlaysIsLost)
 {
-    auto const sound = Sound::initWithContentsOfFile(aiff("steps.aiff", Steps(1000)));
+    auto const sound = open(aiff("steps.aiff", Steps(1000)));
     EXPECT_FALSE(sound->isPlaying());
     EXPECT_TRUE(sound->play());
     hear(500);
@@ -84,7 +93,7 @@ TEST_F(SoundTest, SecondTriggerWhileItPlaysIsLost)
 TEST_F(SoundTest, StopSilencesAndDestructionDoes)
 {
     auto const file = aiff("steps.aiff", Steps(5000));
-    auto sound = Sound::initWithContentsOfFile(file);
+    auto sound = open(file);
     sound->play();
     hear(100);
     sound->stop();
@@ -99,8 +108,8 @@ TEST_F(SoundTest, StopSilencesAndDestructionDoes)
 TEST_F(SoundTest, DifferentHandlesOfOneFileSoundTogether)
 {
     auto const file = aiff("steps.aiff", Steps(1000));
-    auto const first = Sound::initWithContentsOfFile(file);
-    auto const second = Sound::initWithContentsOfFile(file);
+    auto const first = open(file);
+    auto const second = open(file);
     EXPECT_TRUE(first->play());
     EXPECT_TRUE(second->play());
     EXPECT_EQ(hear(1)[0], 2000);
@@ -109,9 +118,9 @@ TEST_F(SoundTest, DifferentHandlesOfOneFileSoundTogether)
 TEST_F(SoundTest, FileIsDecodedOnceARun)
 {
     auto const file = aiff("steps.aiff", Steps(1000));
-    auto const first = Sound::initWithContentsOfFile(file);
+    auto const first = open(file);
     std::filesystem::remove(file);
-    auto const second = Sound::initWithContentsOfFile(file);
+    auto const second = open(file);
     ASSERT_TRUE(second);
     EXPECT_TRUE(second->play());
     EXPECT_EQ(hear(1)[0], 1000);
@@ -123,7 +132,7 @@ TEST_F(SoundTest, ThousandsOfHandlesUseUpNothing)
     std::vector<std::unique_ptr<Sound>> sounds;
     for (int i = 0; i < 3000; ++i)
     {
-        sounds.push_back(Sound::initWithContentsOfFile(file));
+        sounds.push_back(open(file));
         ASSERT_TRUE(sounds.back()->play()) << i;
         hear(150);
     }
@@ -131,7 +140,7 @@ TEST_F(SoundTest, ThousandsOfHandlesUseUpNothing)
 
 TEST_F(SoundTest, WithoutADeviceItIsSilentAndAReturnedOneSounds)
 {
-    auto const sound = Sound::initWithContentsOfFile(aiff("steps.aiff", Steps(1000)));
+    auto const sound = open(aiff("steps.aiff", Steps(1000)));
     sound->play();
     m_loopback.unplug();
     EXPECT_FALSE(sound->play());
@@ -144,7 +153,7 @@ TEST_F(SoundTest, WithoutADeviceItIsSilentAndAReturnedOneSounds)
 
 TEST_F(SoundTest, MissingDeviceIsAskedForOnceInAWhile)
 {
-    auto const sound = Sound::initWithContentsOfFile(aiff("steps.aiff", Steps(1000)));
+    auto const sound = open(aiff("steps.aiff", Steps(1000)));
     int tries = 0;
     platform::AudioDevice::shared().setOpening({[&]() -> ALCdevice*
                                                 {
@@ -160,7 +169,47 @@ TEST_F(SoundTest, MissingDeviceIsAskedForOnceInAWhile)
     m_loopback.plugIn();
 }
 
-TEST_F(SoundTest, BrokenFileGivesNullAndOneLineThatNamesIt)
+TEST_F(SoundTest, WhatIsPlayedBeforeItIsDecodedSoundsAfterTheNextPass)
+{
+    auto const sound = Sound::initWithContentsOfFile(aiff("steps.aiff", Steps(1000)));
+    ASSERT_TRUE(sound);
+    EXPECT_FALSE(sound->isPlaying());
+    EXPECT_TRUE(sound->play());
+    EXPECT_TRUE(sound->isPlaying());
+    EXPECT_FALSE(sound->play()) << "it plays twice";
+    EXPECT_EQ(hear(1)[0], 0) << "decoded at once";
+    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    EXPECT_TRUE(sound->isPlaying());
+    EXPECT_EQ(hear(1)[0], 1000);
+}
+
+TEST_F(SoundTest, WhatIsStoppedOrGoneBeforeItIsDecodedStaysSilent)
+{
+    auto const file = aiff("steps.aiff", Steps(1000));
+    auto const stopped = Sound::initWithContentsOfFile(file);
+    auto gone = Sound::initWithContentsOfFile(file);
+    EXPECT_TRUE(stopped->play());
+    EXPECT_TRUE(gone->play());
+    stopped->stop();
+    EXPECT_FALSE(stopped->isPlaying());
+    gone.reset();
+    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    EXPECT_EQ(hear(1)[0], 0);
+}
+
+TEST_F(SoundTest, MissingFileGivesNullAndOneLineThatNamesIt)
+{
+    for (char const* const name : {"missing.aiff", "."})
+    {
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(open(m_folder / name)) << name;
+        std::string const said = testing::internal::GetCapturedStderr();
+        EXPECT_THAT(said, HasSubstr((m_folder / name).string()));
+        EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+    }
+}
+
+TEST_F(SoundTest, BrokenFileIsSilentWithOneLineThatNamesIt)
 {
     std::string whole = ReadBytes(aiff("whole.aiff", Steps(20000)));
     WriteBytes(m_folder / "empty.aiff", "");
@@ -169,11 +218,13 @@ TEST_F(SoundTest, BrokenFileGivesNullAndOneLineThatNamesIt)
     WriteBytes(m_folder / "noise.aiff", std::string(4000, '\x5A'));
     WriteBytes(m_folder / "sparse.aiff", whole);
     std::filesystem::resize_file(m_folder / "sparse.aiff", std::uintmax_t{2} << 30U);
-    for (char const* const name :
-         {"missing.aiff", "empty.aiff", "cut.aiff", "head.aiff", "noise.aiff", "sparse.aiff", "."})
+    for (char const* const name : {"empty.aiff", "cut.aiff", "head.aiff", "noise.aiff", "sparse.aiff"})
     {
         testing::internal::CaptureStderr();
-        EXPECT_FALSE(Sound::initWithContentsOfFile(m_folder / name)) << name;
+        auto const sound = open(m_folder / name);
+        ASSERT_TRUE(sound) << name;
+        EXPECT_FALSE(sound->play()) << name;
+        EXPECT_FALSE(sound->isPlaying()) << name;
         std::string const said = testing::internal::GetCapturedStderr();
         EXPECT_THAT(said, HasSubstr((m_folder / name).string()));
         EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;

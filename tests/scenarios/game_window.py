@@ -183,6 +183,10 @@ class Game:
     def log(self):
         return self._log_path.read_text(errors="replace")
 
+    def maps(self):
+        """What the process has in its memory, files by their paths."""
+        return pathlib.Path(f"/proc/{self.process.pid}/maps").read_text()
+
     def settings(self):
         return tomllib.loads(self.config.read_text()) if self.config.exists() else {}
 

@@ -35,6 +35,7 @@ class InstalledScenario(unittest.TestCase):
                             (pathlib.Path(__file__).parents[2] / "CMakeLists.txt").read_text())[1]
         with Game(self.display, self.home, program=program) as game:
             game.wait_for_items(present=range(5))
+            wait_until(lambda: "quarrow_media" in game.maps(), "the module with the codecs")
             self.assertNotIn("Unable to load", game.log())
             wait_until(lambda: f"Quarrow {version}" in self.display.titles(), "the version in the window's title")
             game.click_item(4)
@@ -49,7 +50,7 @@ class InstalledScenario(unittest.TestCase):
         stage = self.folder / "stage"
         self.install("/usr", DESTDIR=str(stage))
         self.assertEqual({path.name for path in stage.iterdir()}, {"usr"})
-        self.assertEqual({path.name for path in (stage / "usr").iterdir()}, {"games", "share"})
+        self.assertEqual({path.name for path in (stage / "usr").iterdir()}, {"games", "lib", "share"})
         self.expect_menu_and_version(stage / "usr" / "games" / "quarrow")
 
     def test_link_elsewhere_starts_the_game_with_its_resources(self):

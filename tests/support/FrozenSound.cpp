@@ -4,6 +4,7 @@
 
 #include "audio/GameSound.h"
 #include "platform/AudioDevice.h"
+#include "platform/RunLoop.h"
 
 #include <AL/alext.h>
 
@@ -18,6 +19,18 @@ ALCdevice* OpenLoopback()
     return open(nullptr);
 }
 
+// A sound that is not decoded yet counts as playing without being heard.
+void DecodeAll()
+{
+    for (char const* const name :
+         {"Attention.AIFF", "Click.AIFF", "Controls.AIFF", "Fanfare.AIFF", "Graze.AIFF", "HiScore.AIFF",
+          "Rollover.AIFF", "Starter.AIFF", "Wham.AIFF"})
+    {
+        GameSound const sound(name);
+    }
+    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+}
+
 } // namespace
 
 namespace frozen
@@ -25,6 +38,7 @@ namespace frozen
 
 void Silence()
 {
+    DecodeAll();
     platform::AudioDevice::shared().setOpening(
         {OpenLoopback,
          {ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT, ALC_SHORT_SOFT, ALC_FREQUENCY,

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A demuxer over bytes in memory. MediaFile is the caller.
+// A demuxer over bytes in memory. EncodedFile is the caller.
 #pragma once
 
-#include "platform/LibavHandles.h"
+#include "platform/media/LibavHandles.h"
 
 #include <cstddef>
 #include <cstdint>

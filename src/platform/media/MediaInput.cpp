@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The kind of the data is told by its content alone, never by a name.
-#include "platform/MediaInput.h"
+#include "platform/media/MediaInput.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-//
-// A seek starts a few packets early, so that the decoder is in the state that it would have had in passing.
-#include "platform/AudioTrack.h"
+#include "platform/media/AudioDecoder.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -25,23 +23,23 @@ constexpr std::size_t kPacketsToTry = 64;
 
 } // namespace
 
-AudioTrack::AudioTrack(AudioStream const& stream, LibavHandle<AVCodecContext> decoder)
-    : m_stream(stream),
+AudioDecoder::AudioDecoder(EncodedAudio const& audio, LibavHandle<AVCodecContext> decoder)
+    : m_audio(audio),
       m_decoder(std::move(decoder)),
       m_packet(av_packet_alloc()),
       m_frame(av_frame_alloc())
 {
 }
 
-std::unique_ptr<AudioTrack> AudioTrack::open(AudioStream const& stream)
+std::unique_ptr<AudioDecoder> AudioDecoder::open(EncodedAudio const& audio)
 {
-    AVCodec const* const codec = avcodec_find_decoder(stream.parameters->codec_id);
+    AVCodec const* const codec = avcodec_find_decoder(audio.parameters->codec_id);
     LibavHandle<AVCodecContext> decoder(codec != nullptr ? avcodec_alloc_context3(codec) : nullptr);
-    if (!decoder || avcodec_parameters_to_context(decoder.get(), stream.parameters.get()) < 0)
+    if (!decoder || avcodec_parameters_to_context(decoder.get(), audio.parameters.get()) < 0)
     {
         return nullptr;
     }
-    decoder->pkt_timebase = {1, stream.sampleRate};
+    decoder->pkt_timebase = {1, audio.sampleRate};
     decoder->thread_count = 1;
     decoder->max_samples = kMostSamplesInFrame;
     // Padding is cut by position, which holds after a seek as well.
@@ -50,25 +48,25 @@ std::unique_ptr<AudioTrack> AudioTrack::open(AudioStream const& stream)
     {
         return nullptr;
     }
-    std::unique_ptr<AudioTrack> track(new AudioTrack(stream, std::move(decoder)));
-    if (!track->m_packet || !track->m_frame)
+    std::unique_ptr<AudioDecoder> opened(new AudioDecoder(audio, std::move(decoder)));
+    if (!opened->m_packet || !opened->m_frame)
     {
         return nullptr;
     }
-    track->seek(stream.begin);
-    bool const decodes = track->decodeBlock() && track->m_next <= kPacketsToTry;
-    track->seek(stream.begin);
-    return decodes ? std::move(track) : nullptr;
+    opened->seek(audio.begin);
+    bool const decodes = opened->decodeBlock() && opened->m_next <= kPacketsToTry;
+    opened->seek(audio.begin);
+    return decodes ? std::move(opened) : nullptr;
 }
 
-void AudioTrack::read(std::int64_t position, std::span<std::int16_t> stereo)
+void AudioDecoder::read(std::int64_t position, std::span<std::int16_t> stereo)
 {
     std::fill(stereo.begin(), stereo.end(), std::int16_t{0});
     auto const count = static_cast<std::int64_t>(stereo.size() / 2);
-    std::int64_t const end = std::min(position + count, m_stream.end);
-    std::int64_t at = std::max(position, m_stream.begin);
+    std::int64_t const end = std::min(position + count, m_audio.end);
+    std::int64_t at = std::max(position, m_audio.begin);
     // A short way ahead is decoded through; the rest of a second is more work than a seek.
-    if (at < end && (at < m_covered || at > m_blockEnd + m_stream.sampleRate))
+    if (at < end && (at < m_covered || at > m_blockEnd + m_audio.sampleRate))
     {
         seek(at);
     }
@@ -93,9 +91,9 @@ void AudioTrack::read(std::int64_t position, std::span<std::int16_t> stereo)
     }
 }
 
-void AudioTrack::seek(std::int64_t position)
+void AudioDecoder::seek(std::int64_t position)
 {
-    auto const& packets = m_stream.packets;
+    auto const& packets = m_audio.packets;
     auto const after =
         std::upper_bound(packets.begin(), packets.end(), position,
                          [](std::int64_t at, AudioPacket const& packet) { return at < packet.position; });
@@ -118,8 +116,8 @@ void AudioTrack::seek(std::int64_t position)
     m_blockEnd = position;
 }
 
-// False when the stream has no more.
-bool AudioTrack::decodeBlock()
+// False when the audio has no more.
+bool AudioDecoder::decodeBlock()
 {
     for (;;)
     {
@@ -141,16 +139,16 @@ bool AudioTrack::decodeBlock()
 
 // A packet that the decoder refuses is a stretch of silence. After the last one the decoder gives up what it
 // held back.
-bool AudioTrack::sendNext()
+bool AudioDecoder::sendNext()
 {
-    if (m_next >= m_stream.packets.size())
+    if (m_next >= m_audio.packets.size())
     {
         m_isDraining = true;
         return avcodec_send_packet(m_decoder.get(), nullptr) >= 0;
     }
-    AudioPacket const& packet = m_stream.packets[m_next++];
+    AudioPacket const& packet = m_audio.packets[m_next++];
     // Without a buffer of its own the packet is copied, and padded, by libavcodec.
-    m_packet->data = const_cast<std::uint8_t*>(m_stream.bytes.data() + packet.offset);
+    m_packet->data = const_cast<std::uint8_t*>(m_audio.bytes.data() + packet.offset);
     m_packet->size = static_cast<int>(packet.size);
     m_packet->pts = packet.position;
     m_packet->dts = packet.position;
@@ -160,12 +158,12 @@ bool AudioTrack::sendNext()
     return true;
 }
 
-void AudioTrack::convert(AVFrame& frame)
+void AudioDecoder::convert(AVFrame& frame)
 {
     // Time stamps of some containers are rounded to a millisecond; running on is exact.
     std::int64_t const stamp = frame.pts;
     std::int64_t const running = m_blockEnd;
-    bool const isNear = stamp != AV_NOPTS_VALUE && std::abs(stamp - running) <= m_stream.sampleRate / 100;
+    bool const isNear = stamp != AV_NOPTS_VALUE && std::abs(stamp - running) <= m_audio.sampleRate / 100;
     bool const runsOn = !m_isPastSeek && (stamp == AV_NOPTS_VALUE || isNear || stamp < running);
     m_covered = m_isPastSeek ? m_covered : running;
     m_blockBegin = runsOn || stamp == AV_NOPTS_VALUE ? running : stamp;
@@ -174,7 +172,7 @@ void AudioTrack::convert(AVFrame& frame)
     m_isPastSeek = false;
 
     m_block.assign(2 * static_cast<std::size_t>(frame.nb_samples), 0);
-    if (frame.sample_rate != m_stream.sampleRate || !prepareConverter(frame))
+    if (frame.sample_rate != m_audio.sampleRate || !prepareConverter(frame))
     {
         return;
     }
@@ -189,7 +187,7 @@ void AudioTrack::convert(AVFrame& frame)
 }
 
 // A single channel is doubled by hand: the library would halve its power.
-bool AudioTrack::prepareConverter(AVFrame const& frame)
+bool AudioDecoder::prepareConverter(AVFrame const& frame)
 {
     int const channels = frame.ch_layout.nb_channels;
     if (m_converter && m_converterFormat == frame.format && m_converterChannels == channels)
@@ -201,8 +199,8 @@ bool AudioTrack::prepareConverter(AVFrame const& frame)
     av_channel_layout_default(&input, channels);
     av_channel_layout_default(&output, channels == 1 ? 1 : 2);
     SwrContext* converter = nullptr;
-    swr_alloc_set_opts2(&converter, &output, AV_SAMPLE_FMT_S16, m_stream.sampleRate, &input,
-                        static_cast<AVSampleFormat>(frame.format), m_stream.sampleRate, 0, nullptr);
+    swr_alloc_set_opts2(&converter, &output, AV_SAMPLE_FMT_S16, m_audio.sampleRate, &input,
+                        static_cast<AVSampleFormat>(frame.format), m_audio.sampleRate, 0, nullptr);
     m_converter.reset(converter);
     if (!m_converter || swr_init(m_converter.get()) < 0)
     {
