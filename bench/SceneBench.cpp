@@ -30,7 +30,7 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kRounds = 9;
+constexpr int kRounds = 21;
 constexpr float kDeep = 64.0F; // from here on the field is at its densest, or all but
 constexpr int kWidth = BenchWindow::kWidth;
 constexpr int kHeight = BenchWindow::kHeight;
