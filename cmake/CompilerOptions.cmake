@@ -18,7 +18,9 @@ target_compile_options(quarrow_options INTERFACE
 
 if(QUARROW_SANITIZE)
     target_compile_options(quarrow_options INTERFACE
-        -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+        -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # Tests themselves compile in half the time without.
+    target_compile_options(quarrow_options INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:QUARROW_IS_TEST>>>:-O1>)
     target_link_options(quarrow_options INTERFACE -fsanitize=address,undefined,float-cast-overflow)
     target_sources(quarrow_options INTERFACE
         $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_SOURCE_DIR}/tests/support/KeepLibraries.cpp>)

@@ -11,7 +11,7 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
         <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <memory>
         <string> <vector>)
     # As the programs that share them are compiled.
-    set_target_properties(quarrow_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
+    set_target_properties(quarrow_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF QUARROW_IS_TEST ON)
     target_compile_options(quarrow_test_headers PRIVATE -fPIE)
 endif()
 
@@ -19,6 +19,7 @@ endif()
 # Compiles a test program quickly: shared headers, and in a release build no more optimisation than pays for itself.
 # What is under test is in libraries and keeps the optimisation of the build.
 function(quarrow_light_test target)
+    set_target_properties(${target} PROPERTIES QUARROW_IS_TEST ON)
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
     # In concatenations of std::string GCC 12 then sees overruns that are none, as in its bug 105329.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow>)

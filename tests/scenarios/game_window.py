@@ -267,6 +267,13 @@ class Game:
                    all(self.text_pixels(i) < 15 for i in absent),
                    f"a menu with items {list(present)} and without {list(absent)}")
 
+    def open_graphics(self):
+        """From the main menu to the page of the graphics settings."""
+        self.click_item(2)
+        self.wait_for_items(present=range(4), absent=[4])
+        self.click_item(0)
+        self.wait_for_items(present=[0, 1, 2, 4], absent=[3])
+
 
 class Scenario(unittest.TestCase):
     """Tests of which each has a player's home of its own, as new."""
