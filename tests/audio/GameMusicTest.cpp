@@ -17,6 +17,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <optional>
 
 using namespace testing;
 using namespace testmedia;
@@ -35,21 +36,24 @@ protected:
         GTEST_FLAG_SET(death_test_style, "threadsafe");
         if (std::getenv("QUARROW_TEST_RUNS") == nullptr)
         {
-            setenv("XDG_CONFIG_HOME", (m_folder / "").c_str(), 1);
+            m_folder.emplace();
+            char const* const oldHome = std::getenv("XDG_CONFIG_HOME");
+            m_oldHome = oldHome != nullptr ? oldHome : "";
+            setenv("XDG_CONFIG_HOME", (*m_folder / "").c_str(), 1);
             setenv("QUARROW_TEST_RUNS", "1", 1);
-            m_isFirst = true;
         }
     }
     void TearDown() override
     {
-        if (m_isFirst)
+        if (m_folder)
         {
+            setenv("XDG_CONFIG_HOME", m_oldHome.c_str(), 1);
             unsetenv("QUARROW_TEST_RUNS");
         }
     }
 
-    Folder m_folder;
-    bool m_isFirst = false;
+    std::optional<Folder> m_folder; // the processes that a test starts share their parent's
+    std::string m_oldHome;
 };
 
 int PlayingTrack()
@@ -170,6 +174,7 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     GameMusic::StopTrack();
     EXPECT_GT(filePower, 0.0);
     EXPECT_NEAR(10.0 * std::log10(heardPower / filePower), 20.0 * std::log10(0.35), 0.1);
+    platform::Preferences::standard().synchronize(); // not when the folder is gone
 }
 
 TEST(GameSoundNSMovieTest, MissingTrackIsSilentAndToldOnce)
