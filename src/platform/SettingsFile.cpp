@@ -79,11 +79,16 @@ double ShortestDecimal(float value)
     return result;
 }
 
+// Texts in one pair of quotes with what is odd escaped: toml++ 3.3 prints a text of several lines so that its
+// first line break, or three quotes in it, are not read back.
 std::string Printed(toml::table const& table)
 {
+    constexpr auto kFlags =
+        toml::toml_formatter::default_flags &
+        ~(toml::format_flags::allow_multi_line_strings | toml::format_flags::allow_literal_strings);
     std::ostringstream text;
     text.imbue(std::locale::classic());
-    text << table;
+    text << toml::toml_formatter(table, kFlags);
     return text.str();
 }
 

@@ -134,7 +134,7 @@ TEST_F(PreferencesTest, UnknownKeysSurviveASave)
         Preferences preferences(file());
         preferences.setValue("Number", 1);
     }
-    EXPECT_THAT(text(), HasSubstr("Foreign = [ 1.5, 'x' ]"));
+    EXPECT_THAT(text(), HasSubstr("Foreign = [ 1.5, \"x\" ]"));
     EXPECT_THAT(text(), HasSubstr("key = 2001-02-03"));
     EXPECT_THAT(text(), HasSubstr("Number = 1"));
 }
@@ -178,6 +178,22 @@ TEST_F(PreferencesTest, LinkToNothingIsNoBrokenFileAndIsFollowed)
     EXPECT_TRUE(fs::is_symlink(file()));
     EXPECT_EQ(Preferences(real).integerForKey("A"), 1);
     EXPECT_THAT(others(), ElementsAre("real.toml"));
+}
+
+TEST_F(PreferencesTest, TextsOfManyLinesAndOddSignsComeBack)
+{
+    for (std::string const text : {"\nafter a break", "a\nb\n", "three ''' and\nthree \"\"\"", "a\\b",
+                                   "\ttab\t", "\"", "'", "\r\n", "\x7F\x01", "Ж\n漢字", " "})
+    {
+        {
+            Preferences preferences(file());
+            preferences.setValue("Text", text);
+            preferences.setValue("Number", 3);
+        }
+        Preferences const preferences(file());
+        EXPECT_EQ(preferences.stringForKey("Text"), text);
+        EXPECT_EQ(preferences.integerForKey("Number"), 3);
+    }
 }
 
 TEST_F(PreferencesTest, IllFormedTextCostsNoOtherSetting)
