@@ -81,6 +81,10 @@ std::optional<fs::path> pathForResource(std::string const& name, std::string con
 
 std::optional<fs::path> pathForModule(std::string const& name)
 {
+    if (!IsPlainName(name))
+    {
+        return std::nullopt;
+    }
     fs::path const folder = ProgramFolder();
     std::error_code error;
     for (fs::path const& candidate : {folder / name, folder / QUARROW_INSTALLED_MODULES / name})
