@@ -11,7 +11,6 @@
 #include "platform/OpenGLView.h"
 #include "platform/Preferences.h"
 #include "platform/RunLoop.h"
-#include "platform/TextLayout.h"
 #include "platform/Window.h"
 #include "platform/WindowList.h"
 
@@ -147,7 +146,6 @@ bool DesktopApplication::loadInterface(ViewClasses const& viewClasses)
 bool DesktopApplication::makeViewAndWindow(ViewClasses const& viewClasses)
 {
     Rect const content{{}, m_interface.contentSize};
-    PrepareText(); // the display takes longer than the fonts
     if (!OpenDisplay())
     {
         return false;

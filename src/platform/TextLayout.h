@@ -14,9 +14,6 @@ namespace platform
 
 class TextAttributes;
 
-// Has Pango look for fonts, which it does beside whatever else is done until the first line is laid out.
-void PrepareText();
-
 // The line, laid out without wrapping; control characters stand as blanks and invalid bytes as replacement
 // characters. Borrowed, and valid until the next call.
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes);

@@ -24,14 +24,14 @@ WAIT_LIMIT = 30.0  # seconds; software OpenGL under sanitizers on a busy machine
 
 
 def wait_until(condition, what, limit=WAIT_LIMIT):
-    """Waits for the condition to hold and returns its value."""
+    """Waits for the condition to hold and returns its value. what: a text, or a function that tells at the end."""
     end = time.monotonic() + limit
     while time.monotonic() < end:
         value = condition()
         if value:
             return value
         time.sleep(0.02)
-    raise AssertionError("waited in vain for " + what)
+    raise AssertionError("waited in vain for " + (what() if callable(what) else what))
 
 
 class Display:
@@ -170,7 +170,7 @@ class Game:
             self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"]], env=env, stdout=log,
                                             stderr=log, stdin=subprocess.DEVNULL)
         if expect_start:
-            wait_until(lambda: "Alpha bits" in self.log(), "the game's first frame\n" + self.log())
+            wait_until(lambda: "Alpha bits" in self.log(), lambda: "the game's first frame\n" + self.log())
 
     def __enter__(self):
         return self
