@@ -7,7 +7,6 @@ Everything waits for what it expects, with a limit, and never just sleeps.
 
 import os
 import pathlib
-import re
 import shutil
 import signal
 import struct
@@ -49,13 +48,16 @@ class Display:
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
             self.name = ":" + pipe.readline().strip()
+        self.x = Connection(self.name)
 
     def vanish(self):
         """The server ends, and with it everybody's connection."""
+        self.x.close()
         self._server.kill()
         self._server.wait()
 
     def close(self):
+        self.x.close()
         self._server.terminate()
         self._server.wait()
         shutil.rmtree(self._folder, ignore_errors=True)
@@ -67,59 +69,19 @@ class Display:
         header_size, bytes_per_line, colours = header[0], header[12], header[19]
         return Picture(data, header_size + colours * 12, bytes_per_line)
 
-    def xdotool(self, *arguments):
-        subprocess.run(["xdotool", *map(str, arguments)], env={**os.environ, "DISPLAY": self.name}, check=True,
-                       stdout=subprocess.DEVNULL)
+    def window(self):
+        """The largest window that can be seen."""
+        return wait_until(self.x.titled_windows, "a visible window")[-1]
 
     def resize_window(self, width, height):
         """Moves the largest visible window to the corner and gives it that size."""
-        window = wait_until(self._visible, "a visible window")[-1][1]
-        self.xdotool("windowmove", window, 0, 0)
-        self.xdotool("windowsize", window, width, height)
+        self.x.place(self.window().identifier, 0, 0, width, height)
+        self.x.flush()
 
-    def close_button(self):
-        """Clicks the close button of the largest visible window, as a window manager would have it."""
-        window = wait_until(self._visible, "a visible window")[-1][1]
-        with Connection(self.name) as connection:
-            connection.press_close_button(int(window, 16))
-
-    def largest_window(self):
-        """Its identifier; None when none is visible."""
-        visible = self._visible()
-        return int(visible[-1][1], 16) if visible else None
-
-    def windows(self):
-        """Visible windows as (x, y, width, height), the largest last."""
-        return [geometry for geometry, _ in self._visible()]
-
-    def titles(self):
-        """The titles of all windows, visible or not."""
-        text = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree"], check=True, capture_output=True,
-                              text=True).stdout
-        return re.findall(r'0x[0-9a-f]+ "([^"]*)":', text)
-
-    def _visible(self):
-        """Geometry and identifier of each visible window, the largest last."""
-        # It fails when a window goes away while it asks: then there is nothing to be seen yet.
-        tree = subprocess.run(["xwininfo", "-display", self.name, "-root", "-tree"], capture_output=True, text=True)
-        found = []
-        for line in tree.stdout.splitlines() if tree.returncode == 0 else ():
-            words = line.split()
-            if '"' in line and "(has no name)" not in line and words and words[0].startswith("0x"):
-                stats = subprocess.run(["xwininfo", "-display", self.name, "-id", words[0], "-stats"],
-                                       capture_output=True, text=True).stdout
-                if "IsViewable" in stats:
-                    found.append((_geometry(stats), words[0]))
-        return sorted(found, key=lambda window: window[0][2] * window[0][3])
-
-
-def _geometry(stats):
-    values = {}
-    for line in stats.splitlines():
-        name, _, value = line.strip().partition(":")
-        values[name] = value.strip()
-    return tuple(int(values[name]) for name in
-                 ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+    def press_close_button(self):
+        """Of the largest visible window, as a window manager would have it."""
+        self.x.press_close_button(self.window().identifier)
+        self.x.flush()
 
 
 class Picture:
@@ -138,19 +100,18 @@ class Picture:
         starts = (self._offset + y * self._line + x0 * 4 for y in range(y0, y0 + height))
         return b"".join(self._data[start:start + width * 4] for start in starts)
 
-    def count(self, box, wanted):
-        """How many pixels of the box (x, y, width, height) the predicate wants."""
-        x0, y0, width, height = box
-        return sum(1 for y in range(y0, y0 + height) for x in range(x0, x0 + width) if wanted(*self.pixel(x, y)))
+    def count(self, box, colours):
+        """How many pixels of the box (x, y, width, height) lie within the ranges of red, green and blue."""
+        part = self.part(box)
+        fits = -1
+        for channel, values in zip((2, 1, 0), colours):
+            fits &= int.from_bytes(part[channel::4].translate(bytes(value in values for value in range(256))), "big")
+        return fits.bit_count()
 
 
-def is_white(red, green, blue):
-    return min(red, green, blue) > 240
-
-
-def is_light(red, green, blue):
-    """Text in its normal grey (0.7) or brighter."""
-    return min(red, green, blue) > 150
+WHITE = (range(241, 256),) * 3
+LIGHT = (range(151, 256),) * 3  # text in its normal grey (0.7) or brighter
+THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
 
 
 class Game:
@@ -195,7 +156,7 @@ class Game:
 
     def window(self):
         """The visible window's (x, y, width, height)."""
-        return wait_until(self.display.windows, "a visible window")[-1]
+        return self.display.window()[2:]
 
     def wait_exit(self):
         """The exit status."""
@@ -210,14 +171,22 @@ class Game:
     def point_at(self, x, y):
         """Moves the pointer to a pixel of the window, origin at its top left."""
         left, top, _, _ = self.window()
-        self.display.xdotool("mousemove", left + x, top + y)
+        self.display.x.move(left + x, top + y)
+        self.display.x.flush()
 
     def click(self, x, y):
         self.point_at(x, y)
-        self.display.xdotool("click", 1)
+        self.display.x.click()
+        self.display.x.flush()
 
-    def key(self, name):
-        self.display.xdotool("key", name)
+    def turn_wheel(self, up):
+        self.display.x.click(4 if up else 5)
+        self.display.x.flush()
+
+    def key(self, *names):
+        """Presses keys together, the modifiers first, by their X names."""
+        self.display.x.press(*names)
+        self.display.x.flush()
 
     def item_position(self, item, font_size=20):
         """The top left corner of a menu's item."""
@@ -229,6 +198,14 @@ class Game:
         x, y = self.item_position(item)
         self.point_at(x + 14, y + 12)
         self.point_at(x + 12, y + 12)
+
+    def highlight_item(self, item):
+        """Points at it until it stands in its frame. All input from before has arrived by then."""
+        def is_highlighted():
+            self.point_at_item(item)
+            return self.is_highlighted(item)
+
+        wait_until(is_highlighted, lambda: f"item {item} in its frame\n" + self.log())
 
     def click_item(self, item):
         x, y = self.item_position(item)
@@ -243,23 +220,23 @@ class Game:
         """How many pixels of the item's line are as light as text."""
         left, top, _, _ = self.window()
         x, y = self.item_position(item)
-        return self.picture().count((left + x + 2, top + y + 2, width, 22), is_light)
+        return self.picture().count((left + x + 2, top + y + 2, width, 22), LIGHT)
 
     def is_highlighted(self, item):
         """Whether the item stands in its white frame."""
         left, top, _, _ = self.window()
         x, y = self.item_position(item)
-        return self.picture().count((left + x, top + y + 3, 1, 16), is_white) == 16
+        return self.picture().count((left + x, top + y + 3, 1, 16), WHITE) == 16
 
     def frame_width(self, item):
         """How far the highlighted item's frame reaches."""
         left, top, window_width, _ = self.window()
         x, y = self.item_position(item)
-        picture = self.picture()
-        width = 0
-        while x + width < window_width and is_white(*picture.pixel(left + x + width, top + y)):
-            width += 1
-        return width
+        return self.picture().count((left + x, top + y, window_width - x, 1), WHITE)
+
+    def throttle_pixels(self):
+        """How much of the throttle's bar shows in a full screen."""
+        return self.picture().count((440, 630, 200, 80), THRUST)
 
     def wait_for_items(self, present, absent=()):
         """Waits for the menu whose items are those, and no others among the absent."""
@@ -270,7 +247,7 @@ class Game:
     def open_graphics(self):
         """From the main menu to the page of the graphics settings."""
         self.click_item(2)
-        self.wait_for_items(present=range(4), absent=[4])
+        self.wait_for_items(present=range(4), absent=[4, 5])
         self.click_item(0)
         self.wait_for_items(present=[0, 1, 2, 4], absent=[3])
 

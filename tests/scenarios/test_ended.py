@@ -40,9 +40,9 @@ class EndedScenario(Scenario):
         if how.startswith("SIG"):
             game.process.send_signal(getattr(signal, how))
         elif how == "close button":
-            game.display.close_button()
+            game.display.press_close_button()
         elif how == "Ctrl+Q":
-            game.key("ctrl+q")
+            game.key("Control_L", "q")
         else:
             game.display.vanish()
         status = game.wait_exit()
@@ -119,12 +119,13 @@ class EndedScenario(Scenario):
     def test_while_it_waits_for_a_key_to_bind(self):
         def capture(game):
             game.click_item(2)
-            game.wait_for_items(present=range(4), absent=[4])
+            game.wait_for_items(present=range(4), absent=[4, 5])
             game.click_item(1)
             game.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
             game.click_item(0)
             game.key("u")
             game.click_item(1)
+            game.highlight_item(5)
             return "KeyDefaultThrustUp", "u"
 
         self.check_all_ways(capture)

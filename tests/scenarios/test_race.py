@@ -13,8 +13,8 @@ from heard import FANFARE, HeardScenario, loudest
 SETTINGS = """
 _AsteroidsDensityEdge = 0.0
 _AsteroidsDensityCenter = 0.02
-_PlayerMaxSpeed = 10.0
-_PlayerMaxAccel = 3.0
+_PlayerMaxSpeed = 20.0
+_PlayerMaxAccel = 6.0
 _PlayerRotationsPerSecond = 0.3
 MusicVolume = 0.0
 """

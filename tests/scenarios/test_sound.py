@@ -28,7 +28,7 @@ class SoundScenario(HeardScenario):
     def test_effects_switch_at_once_and_music_volume_with_the_next_race(self):
         game = self.start()
         game.click_item(2)
-        game.wait_for_items(present=range(4), absent=[4])
+        game.wait_for_items(present=range(4), absent=[4, 5])
         game.click_item(2)
         game.wait_for_items(present=[0, 1, 3], absent=[2])
         game.click_item(0)
@@ -42,7 +42,7 @@ class SoundScenario(HeardScenario):
         game.wait_for_setting("SoundVolume", 1.0)
         _, on_to = self.recorder.wait(1)
         game.click_item(3)
-        game.wait_for_items(present=range(4), absent=[4])
+        game.wait_for_items(present=range(4), absent=[4, 5])
         game.click_item(3)
         game.wait_for_items(present=range(5))
         begun = self.start_race(game)

@@ -5,7 +5,7 @@
 import signal
 import unittest
 
-from game_window import Game, Scenario
+from game_window import Game, Scenario, wait_until
 
 
 class TwoGamesScenario(Scenario):
@@ -15,7 +15,7 @@ class TwoGamesScenario(Scenario):
         self.addCleanup(game.__exit__)
         game.wait_for_items(present=range(5))
         game.click_item(2)
-        game.wait_for_items(present=range(4), absent=[4])
+        game.wait_for_items(present=range(4), absent=[4, 5])
         return game
 
     def test_every_key_that_either_changed_is_there(self):
@@ -29,7 +29,9 @@ class TwoGamesScenario(Scenario):
         first.click_item(1)
         second.click_item(1)
         first.click_item(2)
+        first.highlight_item(4)
         second.key("F11")
+        wait_until(lambda: second.window()[2:] == (1024, 768), "the window")
         second.wait_for_items(present=[0, 1, 3], absent=[2])
         for game in (first, second):
             game.process.send_signal(signal.SIGTERM)

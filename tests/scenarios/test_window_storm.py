@@ -9,8 +9,7 @@ import random
 import time
 import unittest
 
-from game_window import Game, Scenario, wait_until
-from x11 import Connection
+from game_window import Game, Scenario
 
 SECONDS = float(os.environ.get("QUARROW_STORM_SECONDS", "20"))
 SEED = 20260101
@@ -35,32 +34,22 @@ class WindowStorm(Scenario):
     def move(self, connection):
         connection.move(*self.place())
 
-    def press(self, connection, key, *modifiers):
-        names = [*modifiers, key]
-        for name in names:
-            connection.key(name, True)
-        for name in reversed(names):
-            connection.key(name, False)
-
     def press_key(self, connection):
         key = self.random.choice(KEYS)
         modifiers = [] if key == "q" or self.random.random() < 0.8 else [self.random.choice(MODIFIERS)]
-        self.press(connection, key, *modifiers)
+        connection.press(*modifiers, key)
 
     def click(self, connection):
-        button = self.random.choice([1, 1, 1, 1, 2, 3])
-        connection.button(button, True)
-        connection.button(button, False)
+        connection.click(self.random.choice([1, 1, 1, 1, 2, 3]))
 
     def turn_wheel(self, connection):
-        button = self.random.choice([4, 5, 6, 7])
-        connection.button(button, True)
-        connection.button(button, False)
+        connection.click(self.random.choice([4, 5, 6, 7]))
 
     def change_window(self, connection):
-        window = self.display.largest_window()
-        if window is None:
+        windows = connection.titled_windows()
+        if not windows:
             return
+        window = windows[-1].identifier
         if self.random.random() < 0.5:
             connection.focus(window if self.random.random() < 0.7 else 0)
         else:
@@ -68,9 +57,9 @@ class WindowStorm(Scenario):
 
     def switch_full_screen(self, connection):
         if self.random.random() < 0.5:
-            self.press(connection, "F11")
+            connection.press("F11")
         else:
-            self.press(connection, "Return", "Alt_L")
+            connection.press("Alt_L", "Return")
 
     def one_event(self, connection):
         kind = self.random.choices(
@@ -82,11 +71,11 @@ class WindowStorm(Scenario):
 
     def play(self, end):
         """One game in the storm, from before its first frame until the time is over or it has been quit."""
-        with Game(self.display, self.home, expect_start=False) as game, Connection(self.display.name) as connection:
+        with Game(self.display, self.home, expect_start=False) as game:
             while time.monotonic() < end and game.process.poll() is None:
                 for _ in range(20):
-                    self.one_event(connection)
-                connection.flush()
+                    self.one_event(self.display.x)
+                self.display.x.flush()
                 time.sleep(0.01)  # the storm's pace: some two thousand events a second
             if game.process.poll() is None:
                 self.assertEqual(game.end(), 0, game.log()[-4000:])
@@ -103,7 +92,7 @@ class WindowStorm(Scenario):
                 self.assertNotIn(word, log)
         print(f"{sum(self.counts.values())} events in {games} games:", self.counts)
         with Game(self.display, self.home) as game:  # whatever the settings have become
-            wait_until(self.display.windows, "the window of a new game")
+            self.display.window()
             self.assertEqual(game.end(), 0)
 
 

@@ -97,15 +97,12 @@ class BareRoot:
 
 def play_a_race(game):
     """From the main menu through the first seconds of a race and out again in order."""
-    def throttle():
-        return game.picture().count((440, 630, 200, 80), lambda r, g, b: r > 200 and 30 < g < 80 and 30 < b < 80)
-
     game.wait_for_items(present=range(5))
     game.click_item(0)
     game.wait_for_items(present=[], absent=range(5))
-    wait_until(lambda: throttle() == 0, "an empty throttle bar")
+    wait_until(lambda: game.throttle_pixels() == 0, "an empty throttle bar")
     game.key("w")
-    wait_until(throttle, "the throttle to go up")
+    wait_until(game.throttle_pixels, "the throttle to go up")
     game.key("Escape")
     game.wait_for_items(present=[0, 1], absent=[2, 3])
     game.click_item(1)
