@@ -208,8 +208,10 @@ class Game:
         wait_until(is_highlighted, lambda: f"item {item} in its frame\n" + self.log())
 
     def click_item(self, item):
-        x, y = self.item_position(item)
-        self.click(x + 12, y + 12)
+        """Clicks it once it stands in its frame: a click that comes with the keyboard's focus would go for that."""
+        self.highlight_item(item)
+        self.display.x.click()
+        self.display.x.flush()
 
     # What a player sees
 

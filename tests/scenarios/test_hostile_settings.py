@@ -71,13 +71,13 @@ class HostileSettingsScenario(unittest.TestCase):
             (folder / "settings.toml").write_text("".join(f"{key} = {value}\n" for key, value in lines.items()))
             with Game(cls.display, home) as game:
                 track = str(game.settings().get("MusicLastTrackIndex"))
-                cls.choose(game, 0)
+                game.click_item(0)
                 wait_until(lambda: str(game.settings().get("MusicLastTrackIndex")) != track,
                            "the race's music\n" + game.log())
                 rate = cls.count_frames(game)
                 game.key("Escape")
-                cls.choose(game, 1)
-                cls.choose(game, 4)
+                game.click_item(1)
+                game.click_item(4)
                 status = game.wait_exit()
                 if status != 0:
                     raise AssertionError(f"exit status {status}\n{game.log()}")
@@ -91,11 +91,6 @@ class HostileSettingsScenario(unittest.TestCase):
             raise AssertionError("told more than once\n" + log)
         if "OpenGL error" in log:
             raise AssertionError(log)
-
-    @staticmethod
-    def choose(game, item):
-        game.highlight_item(item)
-        game.click_item(item)
 
     @classmethod
     def count_frames(cls, game, least=10, limit=4.0):

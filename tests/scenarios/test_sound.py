@@ -1,7 +1,9 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-"""What a player hears: tracks that follow one another and stop, and the switches of the sound page. What a finish sounds
-like is heard in test_race."""
+"""What a player hears: tracks that follow one another and stop, and the switches of the sound page.
+
+What a finish sounds like is heard in test_race.
+"""
 
 import unittest
 
