@@ -103,7 +103,7 @@ class Picture:
     def count(self, box, colours):
         """How many pixels of the box (x, y, width, height) lie within the ranges of red, green and blue."""
         part = self.part(box)
-        fits = -1
+        fits = -1  # then a byte for each pixel, 1 where it does
         for channel, values in zip((2, 1, 0), colours):
             fits &= int.from_bytes(part[channel::4].translate(bytes(value in values for value in range(256))), "big")
         return fits.bit_count()
