@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The scene against the plainest renderer of it: what the game leaves out must not change a pixel, nor a
-// value of the depth buffer. Sampled are 200 viewpoints from a seed, twelve or more in each of the eighteen
+// value of the depth buffer. Sampled are 200 viewpoints from a seed, eleven or more in each of the eighteen
 // settings of the graphics page: an eighth of them outside the field or at its edge, the others at all depths
 // down to beyond the last level, some inside an asteroid or just before one, in any direction, in pictures of
 // three shapes.
@@ -12,6 +12,7 @@
 #include "platform/OpenGL.h"
 #include "platform/Random.h"
 #include "settings/GameSettings.h"
+#include "support/Rounds.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -27,7 +28,7 @@
 namespace
 {
 
-constexpr int kViewpoints = 200;
+constexpr int kViewpoints = test::Rounds(200);
 constexpr int kSettings = 18;
 
 struct PictureSize

@@ -4,6 +4,7 @@
 // The search for what a path hits, held against a plain test of every cell in the path's box.
 #include "gfx/Roid.h"
 #include "math/util.h"
+#include "support/Rounds.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/Worlds.h"
@@ -19,6 +20,7 @@
 namespace
 {
 
+using test::Rounds;
 using test::ScopedSetting;
 
 constexpr float kShipRadius = 0.1F;
@@ -229,12 +231,12 @@ protected:
 
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCell)
 {
-    ExpectPlainAnswers(*test::SeededWorld(11), 0.6F - kShipRadius, 60000);
+    ExpectPlainAnswers(*test::SeededWorld(11), 0.6F - kShipRadius, Rounds(60000));
 }
 
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongSmallAsteroids)
 {
-    ExpectPlainAnswers(*test::FullWorld(0.15F), 0.15F - kShipRadius, 20000);
+    ExpectPlainAnswers(*test::FullWorld(0.15F), 0.15F - kShipRadius, Rounds(20000));
 }
 
 // Every radius is above the margin here: the smallest wins over the greatest.
@@ -244,7 +246,7 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongAsteroidsLargerThanTheMar
     ScopedSetting const centre("_AsteroidsDensityCenter", 0.1F);
     ScopedSetting const minR("_AsteroidsMinR", 0.9F);
     ScopedSetting const maxR("_AsteroidsMaxR", 0.3F);
-    ExpectPlainAnswers(*test::SeededWorld(12), 0.3F - kShipRadius, 20000);
+    ExpectPlainAnswers(*test::SeededWorld(12), 0.3F - kShipRadius, Rounds(20000));
 }
 
 // The points of hits that round to one distance may differ in the last place: here two do on each path, and
@@ -268,12 +270,12 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellOnLongPaths)
 {
     ScopedSetting const edge("_AsteroidsDensityEdge", 0.0005F);
     ScopedSetting const centre("_AsteroidsDensityCenter", 0.002F);
-    ExpectPlainAnswersFarOut(*test::SeededWorld(13), 0.6F - kShipRadius, 2000);
+    ExpectPlainAnswersFarOut(*test::SeededWorld(13), 0.6F - kShipRadius, Rounds(2000));
 }
 
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellOnLongPathsThroughTheUsualField)
 {
-    ExpectPlainAnswersFarOut(*test::SeededWorld(14), 0.6F - kShipRadius, 2000);
+    ExpectPlainAnswersFarOut(*test::SeededWorld(14), 0.6F - kShipRadius, Rounds(2000));
 }
 
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellWhereCoordinatesAreCoarse)
@@ -282,7 +284,7 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellWhereCoordinatesAreCoarse)
     ScopedSetting const centre("_AsteroidsDensityCenter", 0.002F);
     auto const world = test::SeededWorld(15);
     PathSource paths;
-    for (int i = 0; i < 2000; ++i)
+    for (int i = 0; i < Rounds(2000); ++i)
     {
         Path path = i % 2 == 0 ? paths.AlongAxis(500.0F) : paths.AlongAxisWithSlant(500.0F);
         for (TQ3Vector3D* const end : {&path.start, &path.end})

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Whole races, flown by the pilot in simulation.
+#include "support/Rounds.h"
 #include "support/SimulatedRace.h"
 #include "support/Stage.h"
 #include "world/Universe.h"
@@ -18,12 +19,7 @@ namespace
 // Each race must be over in less than ten simulated minutes.
 constexpr int kStepLimit = 10 * 60 * SimulatedRace::kStepsPerSecond;
 
-// Without optimisation or with sanitizers one race takes as long as twenty.
-#if defined(NDEBUG)
-constexpr unsigned kSeedCount = 200;
-#else
-constexpr unsigned kSeedCount = 10;
-#endif
+constexpr unsigned kSeedCount = test::Rounds(200);
 
 struct Result
 {
