@@ -9,6 +9,7 @@
 #include "platform/Log.h"
 #include "platform/OpenGL.h"
 #include "settings/GameSettings.h"
+#include "world/Universe.h"
 
 #include <algorithm>
 
@@ -57,6 +58,7 @@ bool kGLView::initWithFrame(platform::Rect frame)
         Log("Invalid format... terminating.");
         return false;
     }
+    Universe::DecodePicturesAhead();
     if (!initWithPixelFormat(frame, *format))
     {
         Log("Self not created... terminating.");

@@ -8,12 +8,31 @@
 #include "platform/Log.h"
 #include "platform/OpenGL.h"
 
+#include <future>
 #include <map>
 #include <set>
-#include <string>
+#include <utility>
 
 namespace
 {
+
+// By name; null where it could not be had.
+using DecodedImages = std::map<std::string, std::shared_ptr<QTImage const>>;
+
+// Made by its first use, after what its thread uses, so that a program that ends early waits before that
+// goes.
+std::future<DecodedImages>& DecodedAhead()
+{
+    static std::future<DecodedImages> images;
+    return images;
+}
+
+std::shared_ptr<QTImage const> Decode(std::string const& name)
+{
+    auto const image = QTImage::imageWithName(name.c_str());
+    bool const usable = image && image->LoadImageData() && image->CreateImageWithBitdepth(32);
+    return usable ? image : nullptr;
+}
 
 // Every new race loads its pictures again.
 void TellOnce(std::string const& text)
@@ -54,17 +73,37 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
 
 std::shared_ptr<QTImage const> QTDecodedImage(char const* name)
 {
-    static std::map<std::string, std::shared_ptr<QTImage const>> decoded;
-    if (auto const known = decoded.find(name); known != decoded.end())
+    static DecodedImages decoded;
+    if (DecodedAhead().valid())
     {
-        return known->second;
+        decoded.merge(DecodedAhead().get());
     }
-    std::shared_ptr<QTImage> const image = QTImage::imageWithName(name);
-    if (!image || !image->LoadImageData() || !image->CreateImageWithBitdepth(32))
+    auto known = decoded.find(name);
+    if (known == decoded.end())
     {
-        return nullptr;
+        known = decoded.emplace(name, Decode(name)).first;
     }
-    return image->WasDrawn() ? decoded.emplace(name, image).first->second : image;
+    std::shared_ptr<QTImage const> image = known->second;
+    if (!image || !image->WasDrawn())
+    {
+        decoded.erase(known);
+    }
+    return image;
+}
+
+void QTDecodeAhead(std::vector<std::string> names)
+{
+    auto const decodeAll = [names = std::move(names)]
+    {
+        DecodedImages images;
+        for (std::string const& name : names)
+        {
+            images.emplace(name, Decode(name));
+        }
+        return images;
+    };
+    // Deferred, that is, as late as they are asked for, where no thread can be had.
+    DecodedAhead() = std::async(std::launch::async | std::launch::deferred, decodeAll);
 }
 
 void QTUtilLog(char const* text)

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 class QTImage;
 
@@ -16,6 +18,10 @@ int QTLoadAsTexture(unsigned long* texture, char const* name);
 // The picture of that name as 32-bit pixels, decoded and scaled once per run and kept: every race loads the
 // same ones. Null when it cannot be had; then the next call tries again.
 std::shared_ptr<QTImage const> QTDecodedImage(char const* name);
+
+// Decodes those pictures on a thread of its own, while the display opens, for the first QTDecodedImage() to
+// wait for.
+void QTDecodeAhead(std::vector<std::string> names);
 
 // Writes the text to the system log.
 void QTUtilLog(char const* text);

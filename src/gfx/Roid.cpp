@@ -113,7 +113,7 @@ void Roid::ReadSettings()
     float const farthest = GameSettings::GetFloatParam("LODDistFar");
     m_lodDistMedium = medium * medium;
     m_lodDistFar = farthest * farthest;
-    QTLoadAsTexture(&m_texture, "roid-128.jpg");
+    QTLoadAsTexture(&m_texture, kPicture);
     CreatePrerender(GameSettings::GetIntParam("_AsteroidsSmoothness"), m_ahroid);
 }
 

@@ -13,6 +13,7 @@ class Frustum;
 class Roid : public Body
 {
 public:
+    static constexpr char const* kPicture = "roid-128.jpg"; // of their surface
     static constexpr int kSizeCount = 4;
     static constexpr int kLodCount = 3; // 0 is the finest
 

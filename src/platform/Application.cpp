@@ -11,6 +11,7 @@
 #include "platform/OpenGLView.h"
 #include "platform/Preferences.h"
 #include "platform/RunLoop.h"
+#include "platform/TextLayout.h"
 #include "platform/Window.h"
 #include "platform/WindowList.h"
 
@@ -150,6 +151,8 @@ bool DesktopApplication::makeViewAndWindow(ViewClasses const& viewClasses)
     {
         return false;
     }
+    // Threads only from here on: the start of the display changes the environment, and may fork.
+    PrepareText();
     m_view = viewClasses.at(m_interface.viewClass)();
     if (!m_view->initWithFrame(content))
     {

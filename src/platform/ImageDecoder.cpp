@@ -6,7 +6,6 @@
 #include "platform/ImageDecoder.h"
 
 #include "platform/CairoHandles.h"
-#include "platform/QuietStandardError.h"
 
 #include <SDL_image.h>
 
@@ -50,7 +49,6 @@ Surface Decode(std::span<std::byte const> bytes, FourCharCode type)
     {
         return nullptr;
     }
-    QuietStandardError const quiet;
     return Surface(IMG_LoadTyped_RW(stream, SDL_TRUE, DecoderName(type)));
 }
 

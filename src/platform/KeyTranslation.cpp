@@ -100,11 +100,21 @@ char16_t FixedCharacter(SDL_Keycode key)
     return row != kFixedKeys.end() ? row->character : char16_t{0};
 }
 
+// X11 hands out the accent of a dead key as one byte of Latin-1.
+bool IsDeadKeysAccent(std::string_view typedText)
+{
+    return typedText.size() == 1 && static_cast<unsigned char>(typedText.front()) >= 0xA0;
+}
+
 // Control, Alt and Command change or suppress the text that comes with a key.
 std::u16string TypedCharacters(SDL_Keysym const& key, std::string_view typedText)
 {
-    bool const changed = (key.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0;
-    return changed ? std::u16string() : Utf16FromUtf8(typedText);
+    if ((key.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0)
+    {
+        return {};
+    }
+    return IsDeadKeysAccent(typedText) ? std::u16string(1, static_cast<unsigned char>(typedText.front()))
+                                       : Utf16FromUtf8(typedText);
 }
 
 std::u16string KeypadCharacters(SDL_Keysym const& key)

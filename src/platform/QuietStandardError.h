@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Nothing reaches standard error while one of these lives. Picture decoders and sound drivers deep below our
-// libraries print what they think of a file or a machine; the game says it in one line of its own instead.
+// Nothing reaches standard error while one of these lives. Sound drivers deep below our libraries print
+// what they think of a machine; the game says it in one line of its own instead.
 #pragma once
 
 namespace platform

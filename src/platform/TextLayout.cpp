@@ -73,6 +73,11 @@ std::string PlainLine(std::string const& text, std::size_t longest)
 
 } // namespace
 
+void PrepareText()
+{
+    pango_cairo_font_map_get_default();
+}
+
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes)
 {
     static PangoLayout* const layout = MakeLayout();

@@ -14,6 +14,9 @@ namespace platform
 
 class TextAttributes;
 
+// Has Pango look for fonts, which it does on a thread of its own until the first line is laid out.
+void PrepareText();
+
 // The line, laid out without wrapping; control characters stand as blanks and invalid bytes as replacement
 // characters. Borrowed, and valid until the next call.
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes);

@@ -36,6 +36,9 @@ public:
     static constexpr int kLevelCount = 8;    // variants of a cell, the sparsest first
     static constexpr int kWaypointCount = 8; // of every course
 
+    // Starts to decode the pictures that every world is drawn with; for the time in which the display opens.
+    static void DecodePicturesAhead();
+
     // Reads the settings and draws field and course from the random sequence. An OpenGL context is current.
     Universe();
 

@@ -26,6 +26,8 @@ constexpr float kWidestAspect = 32.0F;    // a window that is a mere line would 
 constexpr GLfloat kFogColor[] = {0.05F, 0.05F, 0.1F, 1.0F};
 constexpr GLfloat kLightPosition[] = {10.0F, 10.0F, -10.0F, 0.5F};
 
+constexpr char const* kSkyPicture = "starfield-1024.jpg";
+
 // A cube around the eye, face after face, each corner list matching kSkyTexture.
 constexpr GLfloat kSkyVertices[24][3] = {
     {-10, 10, -10}, {-10, -10, -10}, {10, -10, -10},  {10, 10, -10},  // -z
@@ -159,9 +161,14 @@ void Universe::RenderMarker(Frustum const& frustum, float fogEnd) const
     m_waypoint->Render(frustum);
 }
 
+void Universe::DecodePicturesAhead()
+{
+    QTDecodeAhead({Roid::kPicture, kSkyPicture});
+}
+
 void Universe::InitCubeTexture()
 {
-    QTLoadAsTexture(&m_skyTexture, "starfield-1024.jpg");
+    QTLoadAsTexture(&m_skyTexture, kSkyPicture);
 }
 
 void Universe::RenderEnvironmentBox() const

@@ -64,6 +64,22 @@ TEST_F(QTUtil, APictureIsDecodedOncePerRun)
     EXPECT_EQ(QTDecodedImage("no-such-picture.jpg"), nullptr);
 }
 
+TEST_F(QTUtil, PicturesDecodedAheadAreHandedOut)
+{
+    auto const known = QTDecodedImage("roid-128.jpg");
+    CapturedLog log;
+    QTDecodeAhead({"starfield-1024.jpg", "roid-128.jpg", "lost.jpg"});
+    auto const sky = QTDecodedImage("starfield-1024.jpg");
+    ASSERT_NE(sky, nullptr);
+    EXPECT_EQ(sky->GetHeight(), 1024.0F);
+    EXPECT_TRUE(sky->WasDrawn());
+    EXPECT_EQ(QTDecodedImage("roid-128.jpg"), known);
+    unsigned long texture = 0;
+    EXPECT_EQ(QTLoadAsTexture(&texture, "lost.jpg"), -1);
+    EXPECT_EQ(QTDecodedImage("lost.jpg"), nullptr);
+    EXPECT_THAT(log.lines(), ElementsAre("Unable to load texture lost.jpg"));
+}
+
 TEST_F(QTUtil, AMissingPictureIsLoggedOnceHoweverOftenItIsWanted)
 {
     unsigned long texture = 0;

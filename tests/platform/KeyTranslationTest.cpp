@@ -35,6 +35,12 @@ TEST(KeyTranslationTest, TypedTextIsTheCharacter)
     EXPECT_EQ(CharactersForKey(Key(SDLK_e), "\xC3\xA9"), u"\u00E9");
 }
 
+TEST(KeyTranslationTest, DeadKeyIsItsAccent)
+{
+    EXPECT_EQ(CharactersForKey(Key(SDLK_EQUALS), "\xB4"), u"\u00B4");
+    EXPECT_EQ(CharactersForKey(Key(SDLK_BACKQUOTE), "^"), u"^");
+}
+
 TEST(KeyTranslationTest, ControlAltAndCommandDoNotChangeTheCharacter)
 {
     EXPECT_EQ(CharactersForKey(Key(SDLK_w, KMOD_LCTRL), ""), u"w");

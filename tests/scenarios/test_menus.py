@@ -3,6 +3,7 @@
 """What a player meets between start and quit."""
 
 import signal
+import subprocess
 import unittest
 
 from game_window import LIGHT, Game, Scenario, wait_until
@@ -182,13 +183,16 @@ class MenuScenario(Scenario):
         game.click(back[0] + 12, back[1] + 8)
         game.wait_for_items(*main)
 
-    def test_rebound_throttle_key_flies_the_next_race(self):
-        game = self.start()
+    def open_keyboard_menu(self, game):
         game.wait_for_items(present=range(5))
         game.click_item(2)
         game.wait_for_items(present=range(4), absent=[4, 5])
         game.click_item(1)
         game.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
+
+    def test_rebound_throttle_key_flies_the_next_race(self):
+        game = self.start()
+        self.open_keyboard_menu(game)
         game.click_item(0)
         game.key("Up")
         game.wait_for_setting("KeyDefaultThrustUp", "\uf700")
@@ -200,6 +204,15 @@ class MenuScenario(Scenario):
         game.wait_for_items(present=[], absent=range(5))
         game.key("Up")
         wait_until(game.throttle_pixels, "thrust")
+
+    def test_dead_keys_are_bound_as_any_other(self):
+        subprocess.run(["setxkbmap", "-display", self.display.name, "de"], check=True)
+        game = self.start()
+        self.open_keyboard_menu(game)
+        for item, key, accent in (0, "dead_circumflex", "^"), (1, "dead_acute", "\xb4"):
+            game.click_item(item)
+            game.key(key)
+            game.wait_for_setting(("KeyDefaultThrustUp", "KeyDefaultThrustDown")[item], accent)
 
     def test_best_times_are_shown_and_cleared(self):
         self.write_settings("RaceTimes = [83, 95]\n")
