@@ -100,7 +100,7 @@ char16_t FixedCharacter(SDL_Keycode key)
     return row != kFixedKeys.end() ? row->character : char16_t{0};
 }
 
-// X11 hands out the accent of a dead key as one byte of Latin-1.
+// The accent of a dead key comes from Xlib as one byte of Latin-1, which SDL hands on as it is.
 bool IsDeadKeysAccent(std::string_view typedText)
 {
     return typedText.size() == 1 && static_cast<unsigned char>(typedText.front()) >= 0xA0;
