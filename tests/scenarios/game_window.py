@@ -174,10 +174,14 @@ class Game:
         self.display.x.move(left + x, top + y)
         self.display.x.flush()
 
-    def click(self, x, y):
-        self.point_at(x, y)
+    def press_button(self):
+        """Clicks where the pointer is."""
         self.display.x.click()
         self.display.x.flush()
+
+    def click(self, x, y):
+        self.point_at(x, y)
+        self.press_button()
 
     def turn_wheel(self, up):
         self.display.x.click(4 if up else 5)
@@ -210,8 +214,7 @@ class Game:
     def click_item(self, item):
         """Clicks it once it stands in its frame: a click that comes with the keyboard's focus would go for that."""
         self.highlight_item(item)
-        self.display.x.click()
-        self.display.x.flush()
+        self.press_button()
 
     # What a player sees
 

@@ -84,8 +84,8 @@ class BrokenResourcesScenario(Scenario):
         with Game(self.display, self.home, program=str(self.installed / "quarrow"),
                   environment={"LANG": "de_DE.UTF-8"}) as game:
             def is_racing():
-                x, y = game.item_position(0)
-                game.click(x + 12, y + 12)
+                game.point_at_item(0)
+                game.press_button()
                 return game.settings().get("MusicLastTrackIndex") == 0
 
             wait_until(is_racing, "the race\n" + game.log())
