@@ -12,7 +12,7 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
         <string> <vector>)
     # As the programs that share them are compiled.
     set_target_properties(quarrow_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF QUARROW_IS_TEST ON)
-    target_compile_options(quarrow_test_headers PRIVATE -fPIE)
+    target_compile_options(quarrow_test_headers PRIVATE -fPIE -pthread)
 endif()
 
 # quarrow_light_test(<target>)
@@ -24,6 +24,7 @@ function(quarrow_light_test target)
     # In concatenations of std::string GCC 12 then sees overruns that are none, as in its bug 105329.
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow>)
     if(TARGET quarrow_test_headers)
+        target_compile_options(${target} PRIVATE -pthread) # as Pango has it, where that is linked
         target_precompile_headers(${target} REUSE_FROM quarrow_test_headers)
     endif()
 endfunction()
