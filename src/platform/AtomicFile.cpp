@@ -200,8 +200,10 @@ FolderLock::~FolderLock() = default;
 #else
 
 FolderLock::FolderLock(fs::path const& folder)
-    : m_descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
+    std::error_code ignored;
+    fs::create_directories(folder, ignored);
+    m_descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     // Tries come so close together that one hits the gap between two saves of a game that saves without
     // pause.
     constexpr std::chrono::microseconds kPause(100);

@@ -18,8 +18,8 @@ namespace platform
 // left behind because it was ended half way are cleared away after a minute.
 std::string ReplaceFile(std::filesystem::path const& file, std::string_view text);
 
-// Keeps other holders off the folder while it lives. Goes without after about a second: a process that hangs
-// with the lock must not hang this one.
+// Keeps other holders off the folder, made when it is missing, while it lives. Goes without after about a
+// second: a process that hangs with the lock must not hang this one.
 class FolderLock
 {
 public:

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Two running games with one settings file.
+#include "platform/AtomicFile.h"
 #include "platform/Preferences.h"
 #include "platform/PreferencesFolder.h"
 
@@ -76,6 +77,17 @@ TEST_F(PreferencesSharingTest, GamesThatSaveAtTheSameMomentLoseNothing)
         EXPECT_EQ(preferences.integerForKey("second" + number), i);
     }
     EXPECT_THAT(others(), IsEmpty());
+}
+
+// Two games of a player who has just come would else lose what the one of them saves first.
+TEST_F(PreferencesSharingTest, FolderThatIsNotThereYetIsHeldAsWell)
+{
+    fs::path const folder = m_folder / "new" / "quarrow";
+    platform::FolderLock const lock(folder);
+    int const other = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_GE(other, 0);
+    EXPECT_NE(flock(other, LOCK_EX | LOCK_NB), 0);
+    close(other);
 }
 
 // Adds what each added.
