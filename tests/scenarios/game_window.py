@@ -249,12 +249,22 @@ class Game:
                    all(self.text_pixels(i) < 15 for i in absent),
                    f"a menu with items {list(present)} and without {list(absent)}")
 
-    def open_graphics(self):
-        """From the main menu to the page of the graphics settings."""
+    def open_options(self):
+        """From the main menu to the choice of pages."""
         self.click_item(2)
         self.wait_for_items(present=range(4), absent=[4, 5])
+
+    def open_graphics(self):
+        """From the main menu to the page of the graphics settings."""
+        self.open_options()
         self.click_item(0)
         self.wait_for_items(present=[0, 1, 2, 4], absent=[3])
+
+    def open_keys(self):
+        """From the main menu to the page of the keys."""
+        self.open_options()
+        self.click_item(1)
+        self.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
 
 
 class Scenario(unittest.TestCase):

@@ -29,8 +29,7 @@ class SoundScenario(HeardScenario):
 
     def test_effects_switch_at_once_and_music_volume_with_the_next_race(self):
         game = self.start()
-        game.click_item(2)
-        game.wait_for_items(present=range(4), absent=[4, 5])
+        game.open_options()
         game.click_item(2)
         game.wait_for_items(present=[0, 1, 3], absent=[2])
         game.click_item(0)
