@@ -5,6 +5,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/File.h"
 #include "platform/Log.h"
+#include "platform/TomlText.h"
 #include "platform/Unicode.h"
 
 #include <array>
@@ -12,7 +13,6 @@
 #include <chrono>
 #include <cmath>
 #include <ctime>
-#include <sstream>
 #include <string_view>
 
 namespace platform
@@ -24,6 +24,9 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr std::size_t kLargestFile = std::size_t{1} << 20U;
+
+// toml++ goes down nested tables by recursion: tens of thousands overflow the stack.
+constexpr int kDeepestNesting = 1024;
 
 std::string DateSuffix()
 {
@@ -43,6 +46,27 @@ fs::path FreeNameBeside(fs::path const& file)
         name = base + "-" + std::to_string(i);
     }
     return name;
+}
+
+// Each dot of a dotted key nests a table. The first of a line is let pass, most often a number's: lines nest
+// only by way of arrays and inline tables, which toml++ limits.
+bool MayNestTooDeeply(std::string_view text)
+{
+    int dots = 0;
+    bool isFirst = true;
+    for (char const c : text)
+    {
+        if (c == '\n')
+        {
+            isFirst = true;
+        }
+        else if (c == '.')
+        {
+            dots += isFirst ? 0 : 1;
+            isFirst = false;
+        }
+    }
+    return dots > kDeepestNesting;
 }
 
 // An empty table, or nothing when the file cannot be moved.
@@ -77,63 +101,6 @@ double ShortestDecimal(float value)
     double result = value;
     std::from_chars(text.data(), written.ptr, result);
     return result;
-}
-
-// Texts in one pair of quotes with what is odd escaped: toml++ 3.3 prints a text of several lines so that its
-// first line break, or three quotes in it, are not read back.
-std::string Printed(toml::table const& table)
-{
-    constexpr auto kFlags =
-        toml::toml_formatter::default_flags &
-        ~(toml::format_flags::allow_multi_line_strings | toml::format_flags::allow_literal_strings);
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << toml::toml_formatter(table, kFlags);
-    return text.str();
-}
-
-// toml++ prints seventeen digits; the shortest that read back are enough.
-std::string ShortestText(double value)
-{
-    if (!std::isfinite(value))
-    {
-        return std::isnan(value) ? "nan" : (value < 0.0 ? "-inf" : "inf");
-    }
-    std::array<char, 64> digits{};
-    auto const written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    std::string text(digits.data(), written.ptr);
-    return text.find_first_of(".e") == std::string::npos ? text + ".0" : text;
-}
-
-std::string LineOf(std::string const& key, toml::node const& node)
-{
-    auto const* const real = node.as_floating_point();
-    if (real == nullptr)
-    {
-        return Printed(toml::table{{key, node}}) + '\n';
-    }
-    std::string line = Printed(toml::table{{key, 0}}); // "key = 0", the key in quotes where it needs them
-    line.pop_back();
-    return line + ShortestText(real->get()) + '\n';
-}
-
-// Plain values first, one a line; then what has lines of its own.
-std::string TextOf(toml::table const& table)
-{
-    std::string text;
-    toml::table sections;
-    for (auto const& [key, node] : table)
-    {
-        if (node.is_table() || node.is_array_of_tables())
-        {
-            sections.insert(key, node);
-        }
-        else
-        {
-            text += LineOf(std::string(key.str()), node);
-        }
-    }
-    return sections.empty() ? text : text + '\n' + Printed(sections) + '\n';
 }
 
 struct Store
@@ -173,9 +140,14 @@ std::optional<toml::table> LoadSettings(fs::path const& file, bool tellIfStuck)
     {
         return SetAside(file, "they cannot be read", tellIfStuck);
     }
+    std::string_view const text(reinterpret_cast<char const*>(bytes->data()), bytes->size());
+    if (MayNestTooDeeply(text))
+    {
+        return SetAside(file, "they are nested too deeply", tellIfStuck);
+    }
     try
     {
-        return toml::parse(std::string_view(reinterpret_cast<char const*>(bytes->data()), bytes->size()));
+        return toml::parse(text);
     }
     catch (toml::parse_error const& problem)
     {
@@ -185,7 +157,7 @@ std::optional<toml::table> LoadSettings(fs::path const& file, bool tellIfStuck)
 
 std::string SaveSettings(fs::path const& file, toml::table const& table)
 {
-    return ReplaceFile(file, TextOf(table));
+    return ReplaceFile(file, TomlText(table));
 }
 
 void StoreValue(toml::table& table, std::string const& key, Preferences::Value const& value)

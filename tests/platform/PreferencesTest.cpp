@@ -139,6 +139,18 @@ TEST_F(PreferencesTest, UnknownKeysSurviveASave)
     EXPECT_THAT(text(), HasSubstr("Number = 1"));
 }
 
+TEST_F(PreferencesTest, OddKeysOfOthersCostNoSetting)
+{
+    write("\"ke'y\" = 5\n[[rows]]\n\"a\\tb\" = 1\n");
+    {
+        Preferences preferences(file());
+        preferences.setValue("Number", 3);
+    }
+    EXPECT_EQ(Preferences(file()).integerForKey("Number"), 3);
+    EXPECT_EQ(Preferences(file()).integerForKey("ke'y"), 5);
+    EXPECT_THAT(others(), IsEmpty());
+}
+
 TEST_F(PreferencesTest, SynchronizeWritesOnlyWhatChanged)
 {
     Preferences preferences(file());
@@ -309,6 +321,16 @@ TEST_F(PreferencesTest, FileThatBreaksWhileTheGameRunsIsSetAsideBeforeTheSave)
     EXPECT_EQ(others().size(), 1U);
 }
 
+std::string Repeated(std::string const& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+    {
+        all += text;
+    }
+    return all;
+}
+
 class BrokenSettings : public PreferencesTest, public testing::WithParamInterface<std::string>
 {
 };
@@ -329,7 +351,9 @@ TEST_P(BrokenSettings, AreSetAsideWithOneLine)
 
 INSTANTIATE_TEST_SUITE_P(Texts, BrokenSettings,
                          testing::Values("A = ", "A = 1\nA = 2\n", "[[[", std::string("\0\xFF\x80", 3),
-                                         "\"unended"),
+                                         "\"unended", std::string(50000, '['),
+                                         "[a" + Repeated(".a", 100000) + "]",
+                                         "a = {a" + Repeated(".a", 1026) + " = 1}"),
                          [](auto const& text) { return "Text" + std::to_string(text.index); });
 
 TEST_F(PreferencesTest, FolderInTheWayIsSetAsideLikeABrokenFile)
