@@ -3,7 +3,7 @@
 //
 // A window of the game's size and kind that is cleared and shown, again and again, until it is told to end:
 // what bench/start compares the game with.
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 
 #include <SDL.h>
 

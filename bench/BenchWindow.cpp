@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "bench/BenchWindow.h"
 
-#include "platform/Display.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
+#include "platform/window/Display.h"
 #include "tests/support/PassiveView.h"
 
 std::unique_ptr<BenchWindow> BenchWindow::open()

@@ -5,8 +5,8 @@
 // tests/support/with-display.
 #pragma once
 
-#include "platform/OpenGLView.h"
-#include "platform/Window.h"
+#include "platform/window/OpenGLView.h"
+#include "platform/window/Window.h"
 
 #include <memory>
 

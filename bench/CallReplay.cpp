@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/CallReplay.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -9,7 +9,7 @@
 #include "bench/ReferenceScene.h"
 #include "bench/Viewpoint.h"
 #include "core/Game.h"
-#include "platform/Random.h"
+#include "platform/base/Random.h"
 #include "settings/GameSettings.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

@@ -5,8 +5,8 @@
 // (ALSOFT_DRIVERS=null), beside the same time with the device open, as it is for the effects, and silent.
 #include "audio/CBMovie.h"
 #include "audio/GameSoundNSMovie.h"
-#include "platform/Bundle.h"
-#include "platform/Movie.h"
+#include "platform/base/Bundle.h"
+#include "platform/sound/Movie.h"
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>

@@ -6,7 +6,7 @@
 #include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "math/util.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "settings/GameSettings.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Any bytes as a picture, drawn stretched and flipped as textures are.
-#include "platform/ImageHeader.h"
-#include "platform/ImageImporter.h"
+#include "platform/image/ImageHeader.h"
+#include "platform/image/ImageImporter.h"
 
 #include <array>
 #include <span>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Any bytes as a movie: taken apart, then decoded forwards, backwards and at scattered places.
-#include "platform/media/EncodedFile.h"
+#include "platform/sound/media/EncodedFile.h"
 
 #include <array>
 #include <span>

@@ -3,9 +3,9 @@
 //
 // Any bytes as the settings file: its document is written and read back whole; keys are read in every way and
 // held to their limits, then some are changed and saved, and what was saved is read back.
-#include "platform/Preferences.h"
-#include "platform/SettingsFile.h"
-#include "platform/TomlText.h"
+#include "platform/settings/Preferences.h"
+#include "platform/settings/SettingsFile.h"
+#include "platform/settings/TomlText.h"
 #include "settings/SettingLimits.h"
 
 #include <cstddef>

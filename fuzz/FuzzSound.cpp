@@ -3,7 +3,7 @@
 //
 // Any bytes as the audio of an AIFF file, whose header is put before them: what the game decodes for its
 // effects, with the format, the channels and the rate in the hands of the fuzzer.
-#include "platform/media/EncodedFile.h"
+#include "platform/sound/media/EncodedFile.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -4,9 +4,9 @@
 // Callbacks fire once, so that every end of play arms them afresh.
 #include "audio/CBMovie.h"
 
-#include "platform/FileURL.h"
-#include "platform/Pasteboard.h"
-#include "platform/RunLoop.h"
+#include "platform/base/FileURL.h"
+#include "platform/base/RunLoop.h"
+#include "platform/sound/Pasteboard.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -6,8 +6,8 @@
 // an underlying movie every operation does nothing and every question answers 0.
 #pragma once
 
-#include "platform/Geometry.h"
-#include "platform/Movie.h"
+#include "platform/base/Geometry.h"
+#include "platform/sound/Movie.h"
 
 #include <array>
 #include <filesystem>

@@ -3,9 +3,9 @@
 #include "audio/GameSoundNSMovie.h"
 
 #include "audio/CBMovie.h"
-#include "platform/Bundle.h"
-#include "platform/FileURL.h"
-#include "platform/Log.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/FileURL.h"
+#include "platform/base/Log.h"
 
 GameSoundNSMovie::GameSoundNSMovie(char const* fileName)
 {

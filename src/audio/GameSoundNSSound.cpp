@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "audio/GameSoundNSSound.h"
 
-#include "platform/Bundle.h"
-#include "platform/Log.h"
-#include "platform/Sound.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/Log.h"
+#include "platform/sound/Sound.h"
 
 GameSoundNSSound::GameSoundNSSound(char const* fileName)
 {

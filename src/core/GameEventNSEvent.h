@@ -4,7 +4,7 @@
 // Adapter between GameEvent and the platform's event: answers each question from the event it holds.
 #pragma once
 
-#include "platform/Event.h"
+#include "platform/window/Event.h"
 
 class GameEventNSEvent
 {

@@ -5,9 +5,9 @@
 #include "core/Game.h"
 #include "core/GameEvent.h"
 #include "core/GameEventNSEvent.h"
-#include "platform/Application.h"
-#include "platform/Log.h"
-#include "platform/OpenGL.h"
+#include "platform/base/Log.h"
+#include "platform/base/OpenGL.h"
+#include "platform/window/Application.h"
 #include "settings/GameSettings.h"
 #include "world/Universe.h"
 

@@ -6,9 +6,9 @@
 // the game's.
 #pragma once
 
-#include "platform/OpenGLView.h"
-#include "platform/RunLoop.h"
-#include "platform/Window.h"
+#include "platform/base/RunLoop.h"
+#include "platform/window/OpenGLView.h"
+#include "platform/window/Window.h"
 
 #include <memory>
 

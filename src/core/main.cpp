@@ -3,7 +3,7 @@
 //
 // Hands control to the application, which loads the main interface file and with it the host view.
 #include "core/kGLView.h"
-#include "platform/Application.h"
+#include "platform/window/Application.h"
 
 int main()
 {

@@ -4,8 +4,8 @@
 // An off-screen pixel buffer in main memory that pictures are drawn into and copied from, scaled.
 #pragma once
 
-#include "platform/Geometry.h"
-#include "platform/PixelBuffer.h"
+#include "platform/base/Geometry.h"
+#include "platform/image/PixelBuffer.h"
 
 #include <cstdlib>
 #include <memory>

@@ -3,9 +3,9 @@
 #include "gfx/QTImage.h"
 
 #include "math/util.h"
-#include "platform/Bundle.h"
-#include "platform/File.h"
-#include "platform/Log.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/File.h"
+#include "platform/base/Log.h"
 
 #include <algorithm>
 #include <cinttypes>

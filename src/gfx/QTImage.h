@@ -6,7 +6,7 @@
 #pragma once
 
 #include "gfx/GBuffer.h"
-#include "platform/ImageImporter.h"
+#include "platform/image/ImageImporter.h"
 
 #include <cstddef>
 #include <filesystem>

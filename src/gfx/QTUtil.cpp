@@ -5,8 +5,8 @@
 #include "core/Globals.h"
 #include "gfx/QTImage.h"
 #include "gfx/TextureFormat.h"
-#include "platform/Log.h"
-#include "platform/OpenGL.h"
+#include "platform/base/Log.h"
+#include "platform/base/OpenGL.h"
 
 #include <future>
 #include <map>

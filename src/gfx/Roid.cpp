@@ -5,8 +5,8 @@
 #include "gfx/QTUtil.h"
 #include "math/Plane.h"
 #include "math/util.h"
-#include "platform/OpenGL.h"
-#include "platform/Random.h"
+#include "platform/base/OpenGL.h"
+#include "platform/base/Random.h"
 #include "settings/GameSettings.h"
 
 #include <algorithm>

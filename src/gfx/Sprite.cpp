@@ -4,7 +4,7 @@
 
 #include "gfx/QTImage.h"
 #include "gfx/TextureFormat.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 
 namespace
 {

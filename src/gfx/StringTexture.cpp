@@ -3,8 +3,8 @@
 #include "gfx/StringTexture.h"
 
 #include "core/Globals.h"
-#include "platform/Log.h"
-#include "platform/OpenGL.h"
+#include "platform/base/Log.h"
+#include "platform/base/OpenGL.h"
 
 #include <utility>
 

@@ -5,9 +5,9 @@
 // A box and a frame may lie behind the text. Overlay is the caller.
 #pragma once
 
-#include "platform/Geometry.h"
-#include "platform/GLContext.h"
-#include "platform/Text.h"
+#include "platform/base/Geometry.h"
+#include "platform/text/Text.h"
+#include "platform/window/GLContext.h"
 
 #include <memory>
 #include <optional>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "gfx/GBuffer.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 
 // Uploads the buffer as one level of the bound GL_TEXTURE_2D. formatFor32Bit: the internal format of a 32-bit
 // buffer; any other depth is kept as GL_RGB5_A1.

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/GameSettings.h"
 
-#include "platform/Preferences.h"
-#include "platform/Unicode.h"
+#include "platform/base/Unicode.h"
+#include "platform/settings/Preferences.h"
 #include "settings/RaceTimes.h"
 #include "settings/SettingLimits.h"
 

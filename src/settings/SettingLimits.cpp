@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingLimits.h"
 
-#include "platform/Log.h"
+#include "platform/base/Log.h"
 
 #include <algorithm>
 #include <limits>

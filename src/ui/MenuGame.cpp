@@ -6,8 +6,8 @@
 
 #include "audio/GameMusic.h"
 #include "core/Game.h"
-#include "platform/Application.h"
-#include "platform/Bundle.h"
+#include "platform/base/Bundle.h"
+#include "platform/window/Application.h"
 #include "settings/GameSettings.h"
 #include "ui/MenuText.h"
 #include "ui/Overlay.h"

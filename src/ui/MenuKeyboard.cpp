@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MenuKeyboard.h"
 
-#include "platform/Bundle.h"
-#include "platform/KeyCodes.h"
-#include "platform/Unicode.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/Unicode.h"
+#include "platform/window/KeyCodes.h"
 #include "settings/GameSettings.h"
 #include "ui/MenuGame.h"
 #include "ui/MenuText.h"

@@ -5,7 +5,7 @@
 // cycle at once; the word shown follows from the stored value by ranges, so a value set by hand joins its
 // cycle at a click.
 #include "audio/GameSound.h"
-#include "platform/Bundle.h"
+#include "platform/base/Bundle.h"
 #include "settings/GameSettings.h"
 #include "ui/MenuGame.h"
 #include "ui/MenuKeyboard.h"

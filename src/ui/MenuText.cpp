@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MenuText.h"
 
-#include "platform/Bundle.h"
+#include "platform/base/Bundle.h"
 #include "ui/Menu.h"
 
 #include <cstdio>

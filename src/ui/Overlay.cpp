@@ -3,7 +3,7 @@
 #include "ui/Overlay.h"
 
 #include "core/Globals.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 
 #include <cstdio>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "world/Camera.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "settings/GameSettings.h"
 #include "world/Universe.h"
 

@@ -9,7 +9,7 @@
 #include "settings/GameSettings.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
-#include "world/PathSearch.h"
+#include "world/field/PathSearch.h"
 #include "world/Waypoint.h"
 
 #include <algorithm>

@@ -13,8 +13,8 @@
 #pragma once
 
 #include "math/qmath.h"
-#include "world/FieldRows.h"
-#include "world/FieldView.h"
+#include "world/field/FieldRows.h"
+#include "world/field/FieldView.h"
 
 #include <algorithm>
 #include <array>

@@ -7,7 +7,7 @@
 
 #include "core/Globals.h"
 #include "math/util.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
 #include "world/Waypoint.h"

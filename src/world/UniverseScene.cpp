@@ -9,10 +9,10 @@
 #include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "math/util.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
-#include "world/Lens.h"
+#include "world/field/Lens.h"
 #include "world/Waypoint.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "world/Waypoint.h"
 
 #include "math/Plane.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 
 #include <iterator>
 

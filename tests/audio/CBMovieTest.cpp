@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "audio/CBMovie.h"
 
-#include "platform/FileURL.h"
-#include "platform/Pasteboard.h"
-#include "platform/RunLoop.h"
-#include "platform/TestMedia.h"
+#include "platform/base/FileURL.h"
+#include "platform/base/RunLoop.h"
+#include "platform/sound/Pasteboard.h"
+#include "platform/sound/TestMedia.h"
 
 #include <gmock/gmock.h>
 

@@ -6,11 +6,11 @@
 #include "audio/GameMusic.h"
 
 #include "audio/GameSoundNSMovie.h"
-#include "platform/Bundle.h"
-#include "platform/MediaFile.h"
-#include "platform/Preferences.h"
-#include "platform/RunLoop.h"
-#include "platform/TestMedia.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/RunLoop.h"
+#include "platform/settings/Preferences.h"
+#include "platform/sound/MediaFile.h"
+#include "platform/sound/TestMedia.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
 

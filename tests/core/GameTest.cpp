@@ -5,9 +5,9 @@
 #include "core/Game.h"
 
 #include "audio/GameMusic.h"
-#include "platform/Clock.h"
-#include "platform/OpenGL.h"
-#include "platform/Random.h"
+#include "platform/base/Clock.h"
+#include "platform/base/OpenGL.h"
+#include "platform/base/Random.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
 #include "support/EventFactory.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/Globals.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/RecordingGL.h"
 
 #include <gtest/gtest.h>

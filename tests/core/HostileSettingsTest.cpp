@@ -7,7 +7,7 @@
 #include "core/Game.h"
 #include "core/GameEvent.h"
 #include "core/GameEventNSEvent.h"
-#include "platform/Preferences.h"
+#include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "support/EventFactory.h"
 #include "support/RecordingGL.h"

@@ -4,7 +4,7 @@
 // What a player sets on the options' pages, clicked through from the main menu, and where the next race shows
 // it.
 #include "core/Game.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/EventFactory.h"
 #include "support/FrozenSound.h"
 #include "support/MenuProbe.h"

@@ -5,7 +5,7 @@
 #include "core/kGLView.h"
 
 #include "core/Game.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
 #include "support/EventFactory.h"

@@ -3,7 +3,7 @@
 #include "gfx/QTUtil.h"
 
 #include "gfx/QTImage.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/CapturedLog.h"
 #include "support/RecordingGL.h"
 

@@ -3,7 +3,7 @@
 #include "gfx/Sprite.h"
 
 #include "gfx/QTImage.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/RecordingGL.h"
 #include "support/TestPicture.h"
 

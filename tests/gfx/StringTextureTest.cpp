@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gfx/StringTexture.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/CapturedLog.h"
 #include "support/RecordingGL.h"
 

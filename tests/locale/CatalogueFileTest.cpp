@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Compiled catalogues, sound and damaged. Whatever is taken for sound must not bring gettext down.
-#include "platform/CatalogueFile.h"
+#include "platform/base/CatalogueFile.h"
 
 #include "Language.h"
-#include "platform/Bundle.h"
-#include "platform/File.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/File.h"
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "locale/Language.h"
 
-#include "platform/Bundle.h"
-#include "platform/Locale.h"
+#include "platform/base/Bundle.h"
+#include "platform/base/Locale.h"
 
 #include <cstdlib>
 #include <fstream>

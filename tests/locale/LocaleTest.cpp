@@ -3,10 +3,10 @@
 //
 // Which language the game speaks, for what the environment asks. No locale but C and C.UTF-8 need be
 // generated.
-#include "platform/Locale.h"
+#include "platform/base/Locale.h"
 
 #include "Language.h"
-#include "platform/Bundle.h"
+#include "platform/base/Bundle.h"
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>

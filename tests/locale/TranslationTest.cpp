@@ -4,9 +4,9 @@
 // Every text in every language, as the game looks it up: whole, with its conversions and with its blanks at
 // the ends.
 #include "Language.h"
-#include "platform/Bundle.h"
-#include "platform/Text.h"
-#include "platform/TextLayout.h"
+#include "platform/base/Bundle.h"
+#include "platform/text/Text.h"
+#include "platform/text/TextLayout.h"
 #include "ui/MenuText.h"
 
 #include <gtest/gtest.h>

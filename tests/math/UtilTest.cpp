@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "math/util.h"
 
-#include "platform/Random.h"
+#include "platform/base/Random.h"
 
 #include <gtest/gtest.h>
 

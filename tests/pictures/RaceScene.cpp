@@ -3,7 +3,7 @@
 #include "pictures/RaceScene.h"
 
 #include "pictures/SceneWindow.h"
-#include "platform/Random.h"
+#include "platform/base/Random.h"
 #include "ui/Menu.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

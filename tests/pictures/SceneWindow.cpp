@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/SceneWindow.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/PassiveView.h"
 
 #include <stdexcept>

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "pictures/Picture.h"
-#include "platform/OpenGLView.h"
-#include "platform/Window.h"
+#include "platform/window/OpenGLView.h"
+#include "platform/window/Window.h"
 
 #include <functional>
 #include <memory>

@@ -5,8 +5,8 @@
 // as those of a mouse and a keyboard, by way of xdotool, and come back to the game as any player's do.
 #include "core/Game.h"
 #include "core/kGLView.h"
-#include "platform/Application.h"
-#include "platform/RunLoop.h"
+#include "platform/base/RunLoop.h"
+#include "platform/window/Application.h"
 #include "support/Pilot.h"
 #include "world/Universe.h"
 

@@ -5,9 +5,9 @@
 // one of them says n. It prints each generation that is on the disk. test_power_loss.py kills it.
 #include "core/Game.h"
 #include "core/kGLView.h"
-#include "platform/Application.h"
-#include "platform/Preferences.h"
-#include "platform/RunLoop.h"
+#include "platform/base/RunLoop.h"
+#include "platform/settings/Preferences.h"
+#include "platform/window/Application.h"
 #include "settings/GameSettings.h"
 
 #include <array>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/RaceTimes.h"
 
-#include "platform/Preferences.h"
+#include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "support/Stage.h"
 #include "ui/MenuGame.h"

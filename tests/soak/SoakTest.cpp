@@ -4,8 +4,8 @@
 // Many races in one process: started, flown a little, then crashed, paused, quit or finished. What the
 // process holds after the tenth it holds after the last.
 #include "core/Game.h"
-#include "platform/Random.h"
-#include "platform/RunLoop.h"
+#include "platform/base/Random.h"
+#include "platform/base/RunLoop.h"
 #include "soak/Holdings.h"
 #include "support/EventFactory.h"
 #include "support/MenuProbe.h"

@@ -6,9 +6,9 @@
 // when one crashes or hangs, and when a long storm has not been in every menu.
 #include "core/Game.h"
 #include "core/kGLView.h"
-#include "platform/Application.h"
-#include "platform/RunLoop.h"
-#include "platform/Window.h"
+#include "platform/base/RunLoop.h"
+#include "platform/window/Application.h"
+#include "platform/window/Window.h"
 #include "storm/RandomEvents.h"
 #include "ui/MenuGame.h"
 #include "ui/MenuKeyboard.h"

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "core/GameEvent.h"
-#include "platform/Event.h"
+#include "platform/window/Event.h"
 
 #include <string>
 

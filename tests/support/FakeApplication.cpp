@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/FakeApplication.h"
 
-#include "platform/WindowList.h"
+#include "platform/window/WindowList.h"
 
 namespace
 {

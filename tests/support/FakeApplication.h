@@ -5,7 +5,7 @@
 // that uses it has no other application.
 #pragma once
 
-#include "platform/Application.h"
+#include "platform/window/Application.h"
 
 class FakeApplication final : public platform::Application
 {

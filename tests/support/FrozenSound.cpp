@@ -3,8 +3,8 @@
 #include "support/FrozenSound.h"
 
 #include "audio/GameSound.h"
-#include "platform/AudioDevice.h"
-#include "platform/RunLoop.h"
+#include "platform/base/RunLoop.h"
+#include "platform/sound/AudioDevice.h"
 
 #include <AL/alext.h>
 

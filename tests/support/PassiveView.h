@@ -5,7 +5,7 @@
 // their windows with it; TestView notes what it is told besides.
 #pragma once
 
-#include "platform/OpenGLView.h"
+#include "platform/window/OpenGLView.h"
 
 class PassiveView : public platform::OpenGLView
 {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/RecordingGL.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/RecordingGLState.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 //
 // The entry points themselves, and the two questions about contexts that the platform layer answers
 // elsewhere.
-#include "platform/GLContext.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
+#include "platform/window/GLContext.h"
 #include "support/RecordingGLState.h"
 
 using recording::note;

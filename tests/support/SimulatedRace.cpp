@@ -5,8 +5,8 @@
 #include "core/Game.h"
 #include "core/GameEvent.h"
 #include "core/GameEventNSEvent.h"
-#include "platform/Event.h"
-#include "platform/Random.h"
+#include "platform/base/Random.h"
+#include "platform/window/Event.h"
 #include "settings/GameSettings.h"
 #include "world/Universe.h"
 

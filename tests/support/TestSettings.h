@@ -4,7 +4,7 @@
 // Settings for the length of a test. The preferences lie in the home that with-display gives each program.
 #pragma once
 
-#include "platform/Preferences.h"
+#include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 
 #include <string>

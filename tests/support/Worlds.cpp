@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/Worlds.h"
 
-#include "platform/Random.h"
+#include "platform/base/Random.h"
 #include "support/TestSettings.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

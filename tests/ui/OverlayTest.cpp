@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/Overlay.h"
 
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/MenuProbe.h"
 #include "support/RecordingGL.h"
 

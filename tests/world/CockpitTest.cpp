@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The instruments, by the OpenGL calls that draw them.
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/MenuProbe.h"
 #include "support/RecordingGL.h"
 #include "support/Stage.h"

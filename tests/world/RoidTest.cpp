@@ -3,8 +3,8 @@
 #include "gfx/Roid.h"
 
 #include "math/Plane.h"
-#include "platform/OpenGL.h"
-#include "platform/Random.h"
+#include "platform/base/OpenGL.h"
+#include "platform/base/Random.h"
 #include "support/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"

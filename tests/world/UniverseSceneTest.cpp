@@ -4,7 +4,7 @@
 // One frame of the scene, by the OpenGL calls that draw it.
 #include "core/Game.h"
 #include "gfx/Roid.h"
-#include "platform/OpenGL.h"
+#include "platform/base/OpenGL.h"
 #include "support/MenuProbe.h"
 #include "support/RecordingGL.h"
 #include "support/Stage.h"

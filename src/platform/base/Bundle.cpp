@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/base/Bundle.h"
+
+#include "platform/base/Locale.h"
+
+#include <libintl.h>
+#include <SDL.h>
+
+#include <memory>
+#include <vector>
+
+namespace platform::Bundle
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr char const* kTextDomain = "quarrow";
+
+struct SdlFree
+{
+    void operator()(char* memory) const { SDL_free(memory); }
+};
+
+fs::path ProgramFolder()
+{
+    std::unique_ptr<char, SdlFree> const base(SDL_GetBasePath());
+    return base ? base.get() : "";
+}
+
+// Beside the program, or in the installation that it belongs to.
+fs::path FindResources()
+{
+    fs::path const folder = ProgramFolder();
+    std::error_code error;
+    for (fs::path const& candidate : {folder / "resources", folder / QUARROW_INSTALLED_RESOURCES})
+    {
+        if (fs::is_directory(candidate, error))
+        {
+            return fs::weakly_canonical(candidate, error);
+        }
+    }
+    return {};
+}
+
+// The language is chosen with the first resource, which is looked up before anything starts a thread.
+fs::path OpenBundle()
+{
+    fs::path resources = FindResources();
+    SelectLanguage(kTextDomain, resources / "Locale");
+    return resources;
+}
+
+fs::path const& Resources()
+{
+    static fs::path const folder = OpenBundle();
+    return folder;
+}
+
+bool IsPlainName(std::string const& name)
+{
+    return !name.empty() && name != "." && name != ".." && name.find_first_of("/\\") == std::string::npos &&
+           name.find('\0') == std::string::npos;
+}
+
+} // namespace
+
+std::optional<fs::path> pathForResource(std::string const& name, std::string const& folder)
+{
+    if (!IsPlainName(name) || !IsPlainName(folder) || Resources().empty())
+    {
+        return std::nullopt;
+    }
+    fs::path const path = Resources() / folder / name;
+    std::error_code error;
+    return fs::is_regular_file(path, error) ? std::optional(path) : std::nullopt;
+}
+
+std::optional<fs::path> pathForModule(std::string const& name)
+{
+    if (!IsPlainName(name))
+    {
+        return std::nullopt;
+    }
+    fs::path const folder = ProgramFolder();
+    std::error_code error;
+    for (fs::path const& candidate : {folder / name, folder / QUARROW_INSTALLED_MODULES / name})
+    {
+        if (fs::is_regular_file(candidate, error))
+        {
+            return candidate;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string localizedString(char const* english)
+{
+    Resources();
+    // The empty key stands for the catalogue's own header.
+    return *english != '\0' ? dgettext(kTextDomain, english) : "";
+}
+
+} // namespace platform::Bundle

@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Opening, losing and finding again. OpenAL Soft mixes in a thread of its own; ours never waits for it.
+#include "platform/sound/AudioDevice.h"
+
+#include "platform/base/Clock.h"
+#include "platform/base/Log.h"
+#include "platform/sound/QuietStandardError.h"
+
+#include <AL/alext.h>
+
+#include <cstdlib>
+#include <optional>
+
+namespace platform
+{
+namespace
+{
+
+constexpr double kSecondsBetweenTries = 3.0;
+
+bool FailedSinceLastAsked()
+{
+    return alGetError() != AL_NO_ERROR;
+}
+
+} // namespace
+
+// OpenAL complains about a device that is still open when the program ends. The AudioDevice itself is never
+// destroyed: sounds and movies in other statics may still let go of their names after this.
+struct AudioDeviceCloser
+{
+    ~AudioDeviceCloser()
+    {
+        AudioDevice& device = AudioDevice::shared();
+        device.m_hasEnded = true;
+        device.close();
+    }
+};
+
+AudioDevice& AudioDevice::shared()
+{
+    static AudioDevice& device = *new AudioDevice;
+    return device;
+}
+
+AudioDevice::AudioDevice() : m_opening(systemOpening())
+{
+}
+
+AudioDevice::Opening AudioDevice::systemOpening()
+{
+    Opening opening;
+    opening.open = []
+    {
+        // Whoever asks the library to report wants to read it.
+        std::optional<QuietStandardError> quiet;
+        if (std::getenv("ALSOFT_LOGLEVEL") == nullptr)
+        {
+            quiet.emplace();
+        }
+        return alcOpenDevice(nullptr);
+    };
+    // All our sounds have this rate, and the system's own resampler is better than OpenAL's. No virtual room,
+    // no effects.
+    opening.attributes = {ALC_FREQUENCY, 44100, ALC_HRTF_SOFT, ALC_FALSE, ALC_MAX_AUXILIARY_SENDS, 0};
+    return opening;
+}
+
+bool AudioDevice::isReady()
+{
+    if (m_hasEnded)
+    {
+        return false;
+    }
+    if (m_device != nullptr && !m_opening.isConnected(m_device))
+    {
+        close();
+    }
+    if (m_device == nullptr)
+    {
+        open();
+    }
+    return m_device != nullptr;
+}
+
+void AudioDevice::setOpening(Opening opening)
+{
+    close();
+    m_opening = std::move(opening);
+    m_lastTry = 0;
+}
+
+void AudioDevice::open()
+{
+    std::uint64_t const now = UpTime();
+    if (m_lastTry != 0 && SecondsBetween(m_lastTry, now) < kSecondsBetweenTries)
+    {
+        return;
+    }
+    static AudioDeviceCloser const closer;
+    m_lastTry = now;
+    m_device = m_opening.open();
+    std::vector<ALCint> attributes = m_opening.attributes;
+    attributes.push_back(0);
+    m_context = m_device != nullptr ? alcCreateContext(m_device, attributes.data()) : nullptr;
+    if (m_context == nullptr || alcMakeContextCurrent(m_context) != ALC_TRUE)
+    {
+        close();
+        if (!std::exchange(m_saidMissing, true))
+        {
+            Log("no sound device: playing without sound");
+        }
+        return;
+    }
+    m_saidMissing = false;
+    m_lastTry = 0;
+}
+
+void AudioDevice::close()
+{
+    ++m_generation;
+    alcMakeContextCurrent(nullptr);
+    if (m_context != nullptr)
+    {
+        alcDestroyContext(std::exchange(m_context, nullptr));
+    }
+    if (m_device != nullptr)
+    {
+        alcCloseDevice(std::exchange(m_device, nullptr));
+    }
+}
+
+bool AudioDevice::AnswersAsConnected(ALCdevice* device)
+{
+    static bool const canTell = alcIsExtensionPresent(device, "ALC_EXT_disconnect") == ALC_TRUE;
+    ALCint connected = ALC_TRUE;
+    if (canTell)
+    {
+        alcGetIntegerv(device, ALC_CONNECTED, 1, &connected);
+    }
+    return connected != ALC_FALSE;
+}
+
+void AudioName::set(ALuint name)
+{
+    m_name = name;
+    m_generation = AudioDevice::shared().generation();
+}
+
+bool AudioSource::acquire()
+{
+    if (isAlive())
+    {
+        return true;
+    }
+    ALuint source = 0;
+    if (!AudioDevice::shared().isReady())
+    {
+        return false;
+    }
+    alGetError();
+    alGenSources(1, &source);
+    if (FailedSinceLastAsked())
+    {
+        return false;
+    }
+    set(source);
+    alSourcei(source, AL_SOURCE_RELATIVE, AL_TRUE);
+    alSourcei(source, AL_DIRECT_CHANNELS_SOFT, AL_TRUE);
+    return true;
+}
+
+void AudioSource::release()
+{
+    if (isAlive())
+    {
+        ALuint const source = get();
+        alDeleteSources(1, &source);
+    }
+    set(0);
+}
+
+bool AudioBuffer::fill(std::span<std::int16_t const> samples, int sampleRate)
+{
+    if (!AudioDevice::shared().isReady())
+    {
+        return false;
+    }
+    alGetError();
+    if (!isAlive())
+    {
+        ALuint buffer = 0;
+        alGenBuffers(1, &buffer);
+        set(FailedSinceLastAsked() ? 0 : buffer);
+    }
+    if (get() == 0)
+    {
+        return false;
+    }
+    alBufferData(get(), AL_FORMAT_STEREO16, samples.data(), static_cast<ALsizei>(samples.size_bytes()),
+                 sampleRate);
+    return !FailedSinceLastAsked();
+}
+
+void AudioBuffer::release()
+{
+    if (isAlive())
+    {
+        ALuint const buffer = get();
+        alDeleteBuffers(1, &buffer);
+    }
+    set(0);
+}
+
+} // namespace platform

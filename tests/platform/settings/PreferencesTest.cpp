@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/settings/Preferences.h"
+
+#include "platform/settings/PreferencesFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <map>
+#include <sstream>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+using platform::Preferences;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+using PreferencesTest = PreferencesFolder;
+
+TEST_F(PreferencesTest, UnknownKeysReadAsNothing)
+{
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("Nowhere"), 0);
+    EXPECT_EQ(preferences.floatForKey("Nowhere"), 0.0F);
+    EXPECT_EQ(preferences.stringForKey("Nowhere"), "");
+    EXPECT_THAT(preferences.integerArrayForKey("Nowhere"), IsEmpty());
+}
+
+TEST_F(PreferencesTest, RegisteredDefaultsAreReadAndNeverWritten)
+{
+    {
+        Preferences preferences(file());
+        preferences.registerDefaults(defaults());
+        EXPECT_EQ(preferences.integerForKey("Number"), 7);
+        EXPECT_EQ(preferences.floatForKey("Real"), 0.1F);
+        EXPECT_EQ(preferences.stringForKey("Text"), "word");
+        EXPECT_THAT(preferences.integerArrayForKey("List"), ElementsAre(1, 2));
+    }
+    EXPECT_FALSE(fs::exists(file()));
+}
+
+TEST_F(PreferencesTest, ChangesComeBackInTheNextRun)
+{
+    {
+        Preferences preferences(file());
+        preferences.setValue("Number", -3);
+        preferences.setValue("Real", 0.25F);
+        preferences.setValue("Text", std::string("\x1B"));
+        preferences.setValue("List", std::vector<int>{});
+    }
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("Number"), -3);
+    EXPECT_EQ(preferences.floatForKey("Real"), 0.25F);
+    EXPECT_EQ(preferences.stringForKey("Text"), "\x1B");
+    EXPECT_THAT(preferences.integerArrayForKey("List"), IsEmpty());
+}
+
+TEST_F(PreferencesTest, FloatsAreWrittenAsTheShortestDecimalThatReadsBack)
+{
+    constexpr float kValues[] = {0.1F, 0.3F, 1e30F, 16777216.0F, 1.17549435e-38F, 3.40282347e38F, 65.0F};
+    {
+        Preferences preferences(file());
+        int i = 0;
+        for (float const value : kValues)
+        {
+            preferences.setValue("Value" + std::to_string(i++), value);
+        }
+    }
+    EXPECT_THAT(text(), HasSubstr("Value0 = 0.1\n"));
+    EXPECT_THAT(text(), HasSubstr("Value1 = 0.3\n"));
+    Preferences const preferences(file());
+    int i = 0;
+    for (float const value : kValues)
+    {
+        EXPECT_EQ(preferences.floatForKey("Value" + std::to_string(i++)), value);
+    }
+}
+
+TEST_F(PreferencesTest, NumbersConvertTowardsZeroAndWithinTheirRange)
+{
+    write("a = 2.9\nb = -2.9\nc = 1e30\nd = nan\ne = 99999999999\nf = 3\n");
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("a"), 2);
+    EXPECT_EQ(preferences.integerForKey("b"), -2);
+    EXPECT_EQ(preferences.integerForKey("c"), std::numeric_limits<int>::max());
+    EXPECT_EQ(preferences.integerForKey("d"), 0);
+    EXPECT_TRUE(std::isnan(preferences.floatForKey("d")));
+    EXPECT_EQ(preferences.integerForKey("e"), std::numeric_limits<int>::max());
+    EXPECT_EQ(preferences.floatForKey("f"), 3.0F);
+}
+
+TEST_F(PreferencesTest, OtherTypesReadAsNothing)
+{
+    write("text = \"12\"\nyes = true\nlist = [1, \"two\", 3.9, true]\nnumber = 5\n");
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("text"), 0);
+    EXPECT_EQ(preferences.floatForKey("yes"), 0.0F);
+    EXPECT_EQ(preferences.stringForKey("number"), "");
+    EXPECT_THAT(preferences.integerArrayForKey("number"), IsEmpty());
+    EXPECT_THAT(preferences.integerArrayForKey("list"), ElementsAre(1, 0, 3, 0));
+}
+
+TEST_F(PreferencesTest, WrongTypeCostsThatKeyAloneAndIsToldOnce)
+{
+    write("Number = \"seven\"\nReal = 0.5\n");
+    Preferences preferences(file());
+    preferences.registerDefaults(defaults());
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(preferences.integerForKey("Number"), 7);
+    EXPECT_EQ(preferences.integerForKey("Number"), 7);
+    EXPECT_EQ(preferences.floatForKey("Real"), 0.5F);
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(told, HasSubstr("Number"));
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1);
+}
+
+TEST_F(PreferencesTest, UnknownKeysSurviveASave)
+{
+    write("Foreign = [1.5, \"x\"]\n[table]\nkey = 2001-02-03\n");
+    {
+        Preferences preferences(file());
+        preferences.setValue("Number", 1);
+    }
+    EXPECT_THAT(text(), HasSubstr("Foreign = [ 1.5, \"x\" ]"));
+    EXPECT_THAT(text(), HasSubstr("key = 2001-02-03"));
+    EXPECT_THAT(text(), HasSubstr("Number = 1"));
+}
+
+TEST_F(PreferencesTest, OddKeysOfOthersCostNoSetting)
+{
+    write("\"ke'y\" = 5\n[[rows]]\n\"a\\tb\" = 1\n");
+    {
+        Preferences preferences(file());
+        preferences.setValue("Number", 3);
+    }
+    EXPECT_EQ(Preferences(file()).integerForKey("Number"), 3);
+    EXPECT_EQ(Preferences(file()).integerForKey("ke'y"), 5);
+    EXPECT_THAT(others(), IsEmpty());
+}
+
+TEST_F(PreferencesTest, SynchronizeWritesOnlyWhatChanged)
+{
+    Preferences preferences(file());
+    EXPECT_FALSE(preferences.hasUnsavedChanges());
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_FALSE(fs::exists(file()));
+    preferences.setValue("A", 1);
+    EXPECT_TRUE(preferences.hasUnsavedChanges());
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_FALSE(preferences.hasUnsavedChanges());
+    EXPECT_THAT(others(), IsEmpty()) << "nothing half written stays behind";
+}
+
+TEST_F(PreferencesTest, PermissionsAndLinksStay)
+{
+    fs::path const real = m_folder / "real.toml";
+    std::ofstream(real) << "A = 1\n";
+    fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink(real, file());
+    {
+        Preferences preferences(file());
+        preferences.setValue("B", 2);
+    }
+    EXPECT_TRUE(fs::is_symlink(file()));
+    EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(Preferences(real).integerForKey("B"), 2);
+}
+
+TEST_F(PreferencesTest, LinkToNothingIsNoBrokenFileAndIsFollowed)
+{
+    fs::path const real = m_folder / "real.toml";
+    fs::create_symlink("real.toml", file());
+    {
+        Preferences preferences(file());
+        preferences.setValue("A", 1);
+    }
+    EXPECT_TRUE(fs::is_symlink(file()));
+    EXPECT_EQ(Preferences(real).integerForKey("A"), 1);
+    EXPECT_THAT(others(), ElementsAre("real.toml"));
+}
+
+TEST_F(PreferencesTest, TextsOfManyLinesAndOddSignsComeBack)
+{
+    for (std::string const text : {"\nafter a break", "a\nb\n", "three ''' and\nthree \"\"\"", "a\\b",
+                                   "\ttab\t", "\"", "'", "\r\n", "\x7F\x01", "Ж\n漢字", " "})
+    {
+        {
+            Preferences preferences(file());
+            preferences.setValue("Text", text);
+            preferences.setValue("Number", 3);
+        }
+        Preferences const preferences(file());
+        EXPECT_EQ(preferences.stringForKey("Text"), text);
+        EXPECT_EQ(preferences.integerForKey("Number"), 3);
+    }
+}
+
+TEST_F(PreferencesTest, IllFormedTextCostsNoOtherSetting)
+{
+    {
+        Preferences preferences(file());
+        preferences.setValue("A", 1);
+        preferences.setValue("Text", std::string("x\xFFy"));
+    }
+    Preferences const preferences(file());
+    EXPECT_EQ(preferences.integerForKey("A"), 1);
+    EXPECT_EQ(preferences.stringForKey("Text"), "x\xEF\xBF\xBDy");
+}
+
+TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
+{
+    constexpr std::uint32_t kStep = 2097143; // a prime: some two thousand bit patterns of every magnitude
+    std::map<std::string, float> values;
+    for (std::uint64_t bits = 1; bits < 0x100000000U; bits += kStep)
+    {
+        auto const value = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
+        if (std::isfinite(value))
+        {
+            values[std::to_string(bits)] = value;
+        }
+    }
+    {
+        Preferences preferences(file());
+        for (auto const& [key, value] : values)
+        {
+            preferences.setValue(key, value);
+        }
+    }
+    Preferences const preferences(file());
+    for (auto const& [key, value] : values)
+    {
+        EXPECT_EQ(preferences.floatForKey(key), value) << key;
+    }
+}
+
+// The rights of nobody in particular while it lives, where the tests have those of the administrator.
+class WithoutPrivileges
+{
+public:
+    WithoutPrivileges() : m_user(geteuid())
+    {
+        constexpr uid_t kNobody = 65534;
+        m_changed = m_user == 0 && seteuid(kNobody) == 0;
+    }
+    ~WithoutPrivileges()
+    {
+        if (m_changed && seteuid(m_user) != 0)
+        {
+            std::abort();
+        }
+    }
+    WithoutPrivileges(WithoutPrivileges const&) = delete;
+    WithoutPrivileges& operator=(WithoutPrivileges const&) = delete;
+
+private:
+    uid_t m_user;
+    bool m_changed = false;
+};
+
+TEST_F(PreferencesTest, BrokenFileThatCannotBeMovedIsToldOnceAndKept)
+{
+    write("A = ");
+    fs::permissions(m_folder, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec |
+                                  fs::perms::others_read);
+    testing::internal::CaptureStderr();
+    {
+        WithoutPrivileges const reduced;
+        Preferences preferences(file());
+        preferences.setValue("B", 2);
+        EXPECT_FALSE(preferences.synchronize());
+        EXPECT_FALSE(preferences.synchronize());
+        EXPECT_EQ(preferences.integerForKey("B"), 2);
+    }
+    std::string const told = testing::internal::GetCapturedStderr();
+    fs::permissions(m_folder, fs::perms::owner_all);
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_THAT(told, HasSubstr("settings.toml"));
+    EXPECT_EQ(text(), "A = ");
+}
+
+TEST_F(PreferencesTest, UnreadableFileIsSetAside)
+{
+    write("A = 1\n");
+    fs::permissions(file(), fs::perms::none);
+    fs::permissions(m_folder, fs::perms::all);
+    testing::internal::CaptureStderr();
+    {
+        WithoutPrivileges const reduced;
+        Preferences preferences(file());
+        preferences.setValue("B", 2);
+        EXPECT_TRUE(preferences.synchronize());
+    }
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_EQ(others().size(), 1U);
+    EXPECT_EQ(text(), "B = 2\n");
+}
+
+TEST_F(PreferencesTest, FileThatBreaksWhileTheGameRunsIsSetAsideBeforeTheSave)
+{
+    Preferences preferences(file());
+    write("[[[");
+    preferences.setValue("A", 1);
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("broken-"));
+    EXPECT_EQ(text(), "A = 1\n");
+    EXPECT_EQ(others().size(), 1U);
+}
+
+std::string Repeated(std::string const& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+    {
+        all += text;
+    }
+    return all;
+}
+
+class BrokenSettings : public PreferencesTest, public testing::WithParamInterface<std::string>
+{
+};
+
+TEST_P(BrokenSettings, AreSetAsideWithOneLine)
+{
+    write(GetParam());
+    testing::internal::CaptureStderr();
+    Preferences preferences(file());
+    preferences.registerDefaults(defaults());
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(told, HasSubstr("settings.toml"));
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_EQ(preferences.integerForKey("Number"), 7);
+    ASSERT_EQ(others().size(), 1U);
+    EXPECT_THAT(others().front(), testing::StartsWith("settings.toml.broken-2"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, BrokenSettings,
+                         testing::Values("A = ", "A = 1\nA = 2\n", "[[[", std::string("\0\xFF\x80", 3),
+                                         "\"unended", std::string(50000, '['),
+                                         "[a" + Repeated(".a", 100000) + "]",
+                                         "a = {a" + Repeated(".a", 1026) + " = 1}"),
+                         [](auto const& text) { return "Text" + std::to_string(text.index); });
+
+TEST_F(PreferencesTest, FolderInTheWayIsSetAsideLikeABrokenFile)
+{
+    fs::create_directory(file());
+    Preferences preferences(file());
+    preferences.setValue("A", 1);
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_EQ(others().size(), 1U);
+}
+
+TEST_F(PreferencesTest, RefusedSaveIsToldOnceAndTriedAgain)
+{
+    fs::path const blocked = m_folder / "blocked";
+    std::ofstream(blocked) << "a file where a folder should be";
+    Preferences preferences(blocked / "settings.toml");
+    preferences.setValue("A", 1);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(preferences.synchronize());
+    EXPECT_FALSE(preferences.synchronize());
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_TRUE(preferences.hasUnsavedChanges());
+
+    fs::remove(blocked);
+    EXPECT_TRUE(preferences.synchronize());
+    EXPECT_EQ(Preferences(blocked / "settings.toml").integerForKey("A"), 1);
+}
+
+} // namespace

@@ -1,0 +1,553 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// Movies as they are heard through a loopback device, sample by sample, and as time tells without one.
+#include "platform/sound/Movie.h"
+
+#include "platform/base/Clock.h"
+#include "platform/sound/MediaFile.h"
+#include "TestMedia.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+using namespace testing;
+using namespace testmedia;
+using platform::Movie;
+using platform::MovieCallBack;
+
+namespace
+{
+
+constexpr platform::Fixed kOne = 0x10000;
+constexpr int kFrame = 735; // samples in a sixtieth of a second
+
+// A task without a device, and what the clock said before and after it.
+struct Moment
+{
+    std::uint64_t before;
+    int time;
+    std::uint64_t after;
+};
+
+Moment Serve(Movie& movie)
+{
+    std::uint64_t const before = platform::UpTime();
+    movie.moviesTask();
+    return {before, movie.time(), platform::UpTime()};
+}
+
+// For a twentieth of a second the movie's time advances with the clock's, at that many samples a second.
+void ExpectAdvance(Movie& movie, double samplesPerSecond)
+{
+    Moment const first = Serve(movie);
+    Moment last = first;
+    while (platform::SecondsBetween(first.before, last.after) < 0.05)
+    {
+        last = Serve(movie);
+    }
+    double const seconds = (last.time - first.time) / samplesPerSecond;
+    constexpr double kBuffered = 0.01;
+    EXPECT_GE(seconds, platform::SecondsBetween(first.after, last.before) - kBuffered);
+    EXPECT_LE(seconds, platform::SecondsBetween(first.before, last.after) + kBuffered);
+}
+
+class MovieTest : public Test
+{
+protected:
+    std::unique_ptr<Movie> open(Samples const& samples)
+    {
+        WriteWav(m_folder / "test.wav", samples);
+        return Movie::openFile(m_folder / "test.wav");
+    }
+
+    // Renders frame by frame with a task before each, as the game does.
+    Samples hear(Movie& movie, int samples)
+    {
+        Samples heard;
+        while (samples > 0)
+        {
+            movie.moviesTask();
+            int const count = std::min(samples, kFrame);
+            for (float const sample : m_loopback.render(count))
+            {
+                heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
+            }
+            samples -= count;
+        }
+        movie.moviesTask();
+        return heard;
+    }
+
+    Folder m_folder;
+    Loopback m_loopback;
+};
+
+Samples Part(Samples const& samples, std::ptrdiff_t from, std::ptrdiff_t to)
+{
+    return {samples.begin() + 2 * from, samples.begin() + 2 * to};
+}
+
+Samples Reversed(Samples const& samples)
+{
+    Samples reversed;
+    for (std::size_t i = samples.size(); i > 0; i -= 2)
+    {
+        reversed.push_back(samples[i - 2]);
+        reversed.push_back(samples[i - 1]);
+    }
+    return reversed;
+}
+
+Samples operator+(Samples left, Samples const& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+// The first sample that differs, -1 for none: a mismatch of a hundred thousand numbers is no help.
+std::ptrdiff_t FirstDifference(Samples const& left, Samples const& right)
+{
+    auto const [a, b] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+    return a == left.end() && b == right.end() ? -1 : (a - left.begin()) / 2;
+}
+
+// Sends the movie back to its beginning each time it comes to its end.
+class Looper
+{
+public:
+    explicit Looper(Movie& movie) : m_movie(movie), m_callBack(movie)
+    {
+        movie.setLoopingHint(true);
+        arm();
+    }
+    int count() const { return m_count; }
+
+private:
+    void arm()
+    {
+        m_callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, m_movie.stopTime(),
+                              [this]
+                              {
+                                  ++m_count;
+                                  m_movie.goToBeginning();
+                                  arm();
+                              });
+    }
+
+    Movie& m_movie;
+    MovieCallBack m_callBack;
+    int m_count = 0;
+};
+
+} // namespace
+
+TEST_F(MovieTest, PlaysEverySampleAsItIs)
+{
+    Samples const samples = StereoRamp(30000);
+    auto const movie = open(samples);
+    movie->start();
+    EXPECT_EQ(FirstDifference(hear(*movie, 30000), samples), -1);
+}
+
+TEST_F(MovieTest, StopsAtItsEndWithItsLastSamplesHeard)
+{
+    Samples const samples = StereoRamp(5000);
+    auto const movie = open(samples);
+    movie->start();
+    EXPECT_EQ(FirstDifference(hear(*movie, 6000), samples + Samples(2000, 0)), -1);
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_EQ(movie->time(), 5000);
+}
+
+TEST_F(MovieTest, TimeFollowsWhatIsHeard)
+{
+    auto const movie = open(StereoRamp(44100));
+    movie->start();
+    hear(*movie, 10 * kFrame);
+    EXPECT_EQ(movie->time(), 10 * kFrame);
+    EXPECT_EQ(movie->timeScale(), 44100);
+}
+
+TEST_F(MovieTest, LoopHasNoGapAndNoClick)
+{
+    Samples const samples = StereoSine(22050, 440.0);
+    auto const movie = open(samples);
+    Looper const looper(*movie);
+    movie->start();
+    EXPECT_EQ(FirstDifference(hear(*movie, 3 * 22050), samples + samples + samples), -1);
+    EXPECT_EQ(looper.count(), 3);
+}
+
+TEST_F(MovieTest, TimeInALoopCountsFromTheSeam)
+{
+    auto const movie = open(StereoRamp(10000));
+    Looper const looper(*movie);
+    movie->start();
+    hear(*movie, 25000);
+    EXPECT_EQ(movie->time(), 5000);
+}
+
+TEST_F(MovieTest, RateChangedAfterTheSeamLosesNoTime)
+{
+    auto const movie = open(StereoRamp(5000));
+    Looper const looper(*movie);
+    movie->start();
+    hear(*movie, 4000);
+    m_loopback.render(2000);
+    movie->setRate(2 * kOne);
+    movie->moviesTask();
+    EXPECT_EQ(movie->time(), 1000);
+}
+
+TEST_F(MovieTest, LoopOfAnMp3IsExactToTheSample)
+{
+    WriteMp3(m_folder / "test.mp3", StereoSine(44100, 441.0));
+    auto const file = platform::MediaFile::open(m_folder / "test.mp3");
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->duration, 44100) << "the encoder's delay or padding is still there";
+    Samples decoded(88200);
+    file->openAudio()->read(0, decoded);
+
+    auto const movie = Movie::openFile(m_folder / "test.mp3");
+    Looper const looper(*movie);
+    movie->start();
+    EXPECT_EQ(FirstDifference(hear(*movie, 100000), decoded + decoded + Part(decoded, 0, 11800)), -1);
+}
+
+TEST_F(MovieTest, MovieShorterThanAFrameLoopsWithoutAGap)
+{
+    Samples const samples = StereoRamp(300);
+    auto const movie = open(samples);
+    Looper const looper(*movie);
+    movie->start();
+    Samples expected;
+    while (expected.size() < 2 * 9000)
+    {
+        expected = expected + samples;
+    }
+    EXPECT_EQ(FirstDifference(hear(*movie, 9000), expected), -1);
+    EXPECT_EQ(looper.count(), 30);
+}
+
+TEST_F(MovieTest, LoopThatIsNotTakenEndsTheMovie)
+{
+    Samples const samples = StereoRamp(5000);
+    auto const movie = open(samples);
+    MovieCallBack callBack(*movie);
+    callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 5000, [] {});
+    movie->setLoopingHint(true);
+    movie->start();
+    hear(*movie, 6000);
+    EXPECT_EQ(movie->rate(), 0);
+    EXPECT_EQ(movie->time(), 5000);
+    EXPECT_THAT(hear(*movie, 1000), Each(0));
+}
+
+TEST_F(MovieTest, NegativeRatePlaysBackwardsToTheSample)
+{
+    Samples const samples = StereoRamp(30000);
+    auto const movie = open(samples);
+    movie->goToEnd();
+    movie->setRate(-kOne);
+    EXPECT_EQ(FirstDifference(hear(*movie, 30000), Reversed(samples)), -1);
+    EXPECT_EQ(movie->time(), 0);
+    EXPECT_EQ(movie->rate(), 0);
+}
+
+TEST_F(MovieTest, TurnsRoundAtEitherEndWithoutAGap)
+{
+    Samples const samples = StereoRamp(8000);
+    auto const movie = open(samples);
+    MovieCallBack atEnd(*movie);
+    MovieCallBack atBeginning(*movie);
+    std::function<void()> turn = [&]
+    {
+        movie->setRate(-movie->rate());
+        atEnd.callMeWhen(MovieCallBack::Trigger::TimeForward, 8000, turn);
+        atBeginning.callMeWhen(MovieCallBack::Trigger::TimeBackward, 0, turn);
+    };
+    atEnd.callMeWhen(MovieCallBack::Trigger::TimeForward, 8000, turn);
+    atBeginning.callMeWhen(MovieCallBack::Trigger::TimeBackward, 0, turn);
+    movie->start();
+    EXPECT_EQ(FirstDifference(hear(*movie, 24000), samples + Reversed(samples) + samples), -1);
+    EXPECT_EQ(movie->rate(), -kOne);
+}
+
+TEST_F(MovieTest, BackwardsMp3IsTheForwardOneReversed)
+{
+    WriteMp3(m_folder / "test.mp3", StereoSine(44100, 441.0));
+    auto const file = platform::MediaFile::open(m_folder / "test.mp3");
+    Samples decoded(88200);
+    file->openAudio()->read(0, decoded);
+    auto const movie = Movie::openFile(m_folder / "test.mp3");
+    movie->goToEnd();
+    movie->setRate(-kOne);
+    EXPECT_EQ(FirstDifference(hear(*movie, 44100), Reversed(decoded)), -1);
+}
+
+TEST_F(MovieTest, RateTwoGoesTwiceAsFar)
+{
+    auto const movie = open(StereoRamp(44100));
+    movie->setRate(2 * kOne);
+    hear(*movie, 10 * kFrame);
+    EXPECT_NEAR(movie->time(), 20 * kFrame, 2);
+}
+
+TEST_F(MovieTest, RateMinusOneGoesBack)
+{
+    auto const movie = open(StereoRamp(44100));
+    movie->setTimeValue(20000);
+    movie->setRate(-kOne);
+    hear(*movie, 10 * kFrame);
+    EXPECT_EQ(movie->time(), 20000 - 10 * kFrame);
+}
+
+TEST_F(MovieTest, VolumeScalesWhatIsHeard)
+{
+    auto const movie = open(StereoSine(44100, 441.0));
+    movie->setVolume(89);
+    movie->start();
+    Samples const heard = hear(*movie, 22050);
+    int const peak = *std::max_element(heard.begin(), heard.end());
+    EXPECT_NEAR(20.0 * std::log10(peak / (0.5 * 32767.0)), 20.0 * std::log10(89.0 / 256.0), 0.01);
+}
+
+TEST_F(MovieTest, NegativeVolumeIsSilentAndTimeGoesOn)
+{
+    auto const movie = open(StereoSine(44100, 441.0));
+    movie->setVolume(-256);
+    movie->start();
+    EXPECT_THAT(hear(*movie, 10 * kFrame), Each(0));
+    EXPECT_EQ(movie->time(), 10 * kFrame);
+}
+
+TEST_F(MovieTest, StopAndStartLoseAndRepeatNoSample)
+{
+    Samples const samples = StereoRamp(30000);
+    auto const movie = open(samples);
+    movie->start();
+    Samples heard = hear(*movie, 5000);
+    m_loopback.render(0);
+    movie->stop();
+    EXPECT_THAT(hear(*movie, 3000), Each(0));
+    movie->start();
+    heard = heard + hear(*movie, 5000);
+    EXPECT_EQ(FirstDifference(heard, Part(samples, 0, 10000)), -1);
+}
+
+TEST_F(MovieTest, StoppedBetweenTwoTasksItKnowsWhatWasHeard)
+{
+    auto const movie = open(StereoRamp(30000));
+    movie->start();
+    hear(*movie, 5000);
+    m_loopback.render(1000);
+    movie->stop();
+    EXPECT_EQ(movie->time(), 6000);
+}
+
+TEST_F(MovieTest, JumpIsHeardAtOnce)
+{
+    Samples const samples = StereoRamp(30000);
+    auto const movie = open(samples);
+    movie->start();
+    hear(*movie, 5000);
+    movie->setTimeValue(20000);
+    EXPECT_EQ(FirstDifference(hear(*movie, 5000), Part(samples, 20000, 25000)), -1);
+}
+
+TEST_F(MovieTest, StarvedMovieGoesOnWhereItStopped)
+{
+    Samples const samples = StereoRamp(200000);
+    auto const movie = open(samples);
+    movie->start();
+    Samples heard;
+    for (float const sample : m_loopback.render(100000)) // no task for two seconds
+    {
+        heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
+    }
+    auto const firstSilence = std::find(heard.begin(), heard.end(), 0);
+    auto const starvedAt = (firstSilence - heard.begin()) / 2;
+    ASSERT_LT(starvedAt, 100000);
+    EXPECT_THAT(Samples(firstSilence, heard.end()), Each(0));
+    EXPECT_EQ(FirstDifference(hear(*movie, 20000), Part(samples, starvedAt, starvedAt + 20000)), -1);
+    EXPECT_EQ(movie->time(), starvedAt + 20000);
+}
+
+TEST_F(MovieTest, VanishedDeviceLeavesTimeAdvancingAndAReturnedOneSounds)
+{
+    Samples const samples = StereoRamp(30 * 44100);
+    auto const movie = open(samples);
+    movie->start();
+    hear(*movie, 4410);
+    m_loopback.unplug();
+    ExpectAdvance(*movie, 44100.0);
+    EXPECT_NE(movie->rate(), 0);
+
+    m_loopback.plugIn();
+    movie->moviesTask();
+    int const at = movie->time();
+    EXPECT_EQ(FirstDifference(hear(*movie, 5000), Part(samples, at, at + 5000)), -1);
+}
+
+TEST_F(MovieTest, WithoutADeviceRatesHoldAsWell)
+{
+    m_loopback.unplug();
+    auto const movie = open(StereoRamp(441000));
+    movie->setTimeValue(400000);
+    movie->setRate(-2 * kOne);
+    ExpectAdvance(*movie, -88200.0);
+}
+
+TEST_F(MovieTest, CallBackFiresOnceInsideATask)
+{
+    auto const movie = open(StereoRamp(44100));
+    MovieCallBack callBack(*movie);
+    int fired = 0;
+    int firedAt = -1;
+    callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 1000,
+                        [&]
+                        {
+                            ++fired;
+                            firedAt = movie->time();
+                        });
+    movie->start();
+    movie->moviesTask();
+    m_loopback.render(2000);
+    EXPECT_EQ(fired, 0) << "served outside of a task";
+    movie->moviesTask();
+    EXPECT_EQ(firedAt, 1000);
+    movie->setTimeValue(0);
+    hear(*movie, 2000);
+    EXPECT_EQ(fired, 1);
+}
+
+TEST_F(MovieTest, CallBackWaitsForItsDirectionOnly)
+{
+    auto const movie = open(StereoRamp(44100));
+    MovieCallBack callBack(*movie);
+    int fired = 0;
+    callBack.callMeWhen(MovieCallBack::Trigger::TimeBackward, 1000, [&] { ++fired; });
+    movie->start();
+    hear(*movie, 2000);
+    EXPECT_EQ(fired, 0);
+    movie->setRate(-kOne);
+    hear(*movie, 1500);
+    EXPECT_EQ(fired, 1);
+}
+
+TEST_F(MovieTest, CancelledCallBackStaysQuiet)
+{
+    auto const movie = open(StereoRamp(44100));
+    MovieCallBack callBack(*movie);
+    int fired = 0;
+    callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 1000, [&] { ++fired; });
+    callBack.cancel();
+    movie->start();
+    hear(*movie, 2000);
+    EXPECT_EQ(fired, 0);
+}
+
+TEST_F(MovieTest, CallBackInTheMiddleMayJump)
+{
+    Samples const samples = StereoRamp(44100);
+    auto const movie = open(samples);
+    MovieCallBack callBack(*movie);
+    callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 5 * kFrame, [&] { movie->setTimeValue(30000); });
+    movie->start();
+    hear(*movie, 5 * kFrame);
+    EXPECT_EQ(movie->time(), 30000);
+    EXPECT_EQ(FirstDifference(hear(*movie, 1000), Part(samples, 30000, 31000)), -1);
+}
+
+TEST_F(MovieTest, ActiveSegmentBoundsThePlay)
+{
+    Samples const samples = StereoRamp(20000);
+    auto const movie = open(samples);
+    EXPECT_EQ(movie->activeSegment().start, -1);
+    movie->setActiveSegment({5000, 3000});
+    EXPECT_EQ(movie->stopTime(), 8000);
+    movie->goToBeginning();
+    movie->start();
+    EXPECT_EQ(FirstDifference(hear(*movie, 4000), Part(samples, 5000, 8000) + Samples(2000, 0)), -1);
+}
+
+TEST_F(MovieTest, InactiveMovieStandsStill)
+{
+    auto const movie = open(StereoRamp(44100));
+    movie->start();
+    hear(*movie, 2000);
+    movie->setActive(false);
+    EXPECT_THAT(hear(*movie, 2000), Each(0));
+    EXPECT_EQ(movie->time(), 2000);
+    movie->setActive(true);
+    hear(*movie, 1000);
+    EXPECT_EQ(movie->time(), 3000);
+}
+
+TEST_F(MovieTest, MonoIsHeardOnBothSidesAtItsOwnLevel)
+{
+    Samples const mono{1000, 2000, -3000, 4000};
+    Samples samples;
+    for (int i = 0; i < 500; ++i)
+    {
+        samples.insert(samples.end(), mono.begin(), mono.end());
+    }
+    WriteWav(m_folder / "mono.wav", samples, 1);
+    auto const movie = Movie::openFile(m_folder / "mono.wav");
+    movie->start();
+    Samples const heard = hear(*movie, 4);
+    EXPECT_THAT(heard, ElementsAre(1000, 1000, 2000, 2000, -3000, -3000, 4000, 4000));
+}
+
+TEST_F(MovieTest, VideoTellsItsBoxAndItsSamples)
+{
+    WriteVideo(m_folder / "test.mov", 10, 25, 64, 48);
+    auto const movie = Movie::openFile(m_folder / "test.mov");
+    ASSERT_TRUE(movie);
+    EXPECT_EQ(movie->box().size.width, 64.0F);
+    EXPECT_EQ(movie->box().size.height, 48.0F);
+    EXPECT_EQ(movie->timeScale(), 600);
+    EXPECT_EQ(movie->duration(), 240); // ten frames of 24 six-hundredths
+    EXPECT_EQ(movie->posterTime(), 0);
+    EXPECT_EQ(movie->nextInterestingTime(0, true), 24);
+    EXPECT_EQ(movie->nextInterestingTime(30, true), 48);
+    EXPECT_EQ(movie->nextInterestingTime(48, false), 24);
+    EXPECT_EQ(movie->nextInterestingTime(0, false), 0);
+    EXPECT_EQ(movie->nextInterestingTime(216, true), 240);
+    EXPECT_EQ(movie->nextInterestingTime(240, true), 240);
+}
+
+TEST_F(MovieTest, AudioHasNoInterestingVideoTime)
+{
+    EXPECT_EQ(open(StereoRamp(1000))->nextInterestingTime(0, true), -1);
+}
+
+TEST_F(MovieTest, BrokenFilesAreNoMovies)
+{
+    WriteMp3(m_folder / "whole.mp3", StereoSine(441000, 441.0));
+    std::string const mp3 = ReadBytes(m_folder / "whole.mp3");
+    std::string noise(100000, '\0');
+    std::uint32_t state = 1;
+    std::generate(noise.begin(), noise.end(),
+                  [&] { return static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U); });
+
+    WriteBytes(m_folder / "empty.mp3", "");
+    WriteBytes(m_folder / "head.mp3", mp3.substr(0, 300));
+    WriteBytes(m_folder / "half.mp3", mp3.substr(0, mp3.size() / 2));
+    WriteBytes(m_folder / "noise.mp3", noise);
+    WriteBytes(m_folder / "text.mp3", std::string(5000, 'a') + "\n");
+    WriteBytes(m_folder / "absurd.wav",
+               "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\x01\0\xFF\xFF\xFF\xFF\xFF\xFF");
+    WriteWav(m_folder / "nothing.wav", {});
+    WriteBytes(m_folder / "sparse.mp3", mp3);
+    std::filesystem::resize_file(m_folder / "sparse.mp3", std::uintmax_t{2} << 30U);
+
+    for (char const* const name : {"missing.mp3", "empty.mp3", "head.mp3", "half.mp3", "noise.mp3",
+                                   "text.mp3", "absurd.wav", "nothing.wav", "sparse.mp3", "."})
+    {
+        EXPECT_FALSE(Movie::openFile(m_folder / name)) << name;
+    }
+    EXPECT_TRUE(Movie::openFile(m_folder / "whole.mp3"));
+}

@@ -1,0 +1,256 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "platform/text/Text.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace testing;
+using platform::AttributedString;
+using platform::Color;
+using platform::TextAttributes;
+using platform::TextBitmap;
+
+namespace
+{
+
+constexpr Color kWhite{1.0F, 1.0F, 1.0F, 1.0F};
+constexpr Color kClear{0.0F, 0.0F, 0.0F, 0.0F};
+
+AttributedString Text(std::string const& text, std::string const& font = "Helvetica", float size = 20.0F)
+{
+    return {text, TextAttributes::shared(font, size, kWhite)};
+}
+
+std::array<int, 4> Pixel(TextBitmap const& bitmap, int x, int rowFromTop)
+{
+    auto const bytes = bitmap.rgba();
+    auto const at = 4 * static_cast<std::size_t>(rowFromTop * bitmap.pixelsWide() + x);
+    return {bytes[at], bytes[at + 1], bytes[at + 2], bytes[at + 3]};
+}
+
+int InkedPixels(TextBitmap const& bitmap)
+{
+    auto const bytes = bitmap.rgba();
+    int count = 0;
+    for (std::size_t at = 3; at < bytes.size(); at += 4)
+    {
+        count += bytes[at] != 0 ? 1 : 0;
+    }
+    return count;
+}
+
+int InkOf(std::string const& text, float size = 20.0F)
+{
+    AttributedString const string = Text(text, "Helvetica", size);
+    TextBitmap bitmap(string.size());
+    bitmap.drawString(string, kWhite, {0.0F, 0.0F});
+    return InkedPixels(bitmap);
+}
+
+} // namespace
+
+TEST(TextTest, EqualAttributesAreOneObject)
+{
+    EXPECT_EQ(TextAttributes::shared("Helvetica", 20.0F, kWhite),
+              TextAttributes::shared("Helvetica", 20.0F, kWhite));
+    EXPECT_NE(TextAttributes::shared("Helvetica", 20.0F, kWhite),
+              TextAttributes::shared("Helvetica", 21.0F, kWhite));
+    EXPECT_NE(TextAttributes::shared("Helvetica", 20.0F, kWhite),
+              TextAttributes::shared("Courier", 20.0F, kWhite));
+    EXPECT_NE(TextAttributes::shared("Helvetica", 20.0F, kWhite),
+              TextAttributes::shared("Helvetica", 20.0F, kClear));
+}
+
+TEST(TextTest, EmptyStringMeasuresNothing)
+{
+    EXPECT_EQ(Text("").size().width, 0.0F);
+    EXPECT_EQ(Text("").size().height, 0.0F);
+}
+
+// Helvetica's widths are public: M is 833 thousandths of the size, i is 222.
+TEST(TextTest, HelveticaHasItsMetrics)
+{
+    EXPECT_NEAR(Text("MMMMMMMMMM", "Helvetica", 100.0F).size().width, 833.0F, 5.0F);
+    EXPECT_NEAR(Text("iiiiiiiiii", "Helvetica", 100.0F).size().width, 222.0F, 5.0F);
+}
+
+// All of Courier's characters are 600 thousandths wide.
+TEST(TextTest, CourierIsMonospaced)
+{
+    EXPECT_NEAR(Text("MMMMMMMMMM", "Courier", 100.0F).size().width, 600.0F, 5.0F);
+    EXPECT_EQ(Text("iiii", "Courier").size().width, Text("MMMM", "Courier").size().width);
+}
+
+TEST(TextTest, UnknownFontFallsBackToAnother)
+{
+    AttributedString const string = Text("Quarrow", "No Such Font At All");
+    EXPECT_GT(string.size().width, 0.0F);
+    EXPECT_GT(InkOf("Quarrow"), 0);
+}
+
+TEST(TextTest, SizeIsInPixels)
+{
+    EXPECT_NEAR(Text("Start Race", "Helvetica", 40.0F).size().width, 2.0F * Text("Start Race").size().width,
+                6.0F);
+    EXPECT_NEAR(Text("Start Race").size().height, 23.0F, 2.0F); // a line is 1.15 sizes high
+}
+
+TEST(TextTest, AbsurdSizesAreHeldInBounds)
+{
+    EXPECT_EQ(TextAttributes::shared("Helvetica", 0.0F, kWhite)->fontSize(), 1.0F);
+    EXPECT_EQ(TextAttributes::shared("Helvetica", -5.0F, kWhite)->fontSize(), 1.0F);
+    EXPECT_EQ(TextAttributes::shared("Helvetica", std::nanf(""), kWhite)->fontSize(), 1.0F);
+    EXPECT_EQ(TextAttributes::shared("Helvetica", 1e9F, kWhite)->fontSize(), 2000.0F);
+    std::string const longText(1000000, 'M');
+    EXPECT_GT(Text(longText, "Helvetica", 2000.0F).size().width, 100000.0F);
+}
+
+TEST(TextTest, BlanksAtTheEndsCount)
+{
+    EXPECT_GT(Text("a ").size().width, Text("a").size().width);
+    EXPECT_GT(Text(" a").size().width, Text("a").size().width);
+}
+
+TEST(TextTest, LineEndsShowAsBlanks)
+{
+    EXPECT_EQ(Text("a\nb").size().width, Text("a b").size().width);
+    EXPECT_EQ(Text("a\nb").size().height, Text("a b").size().height);
+    EXPECT_EQ(InkOf("\n\t\r"), 0);
+}
+
+TEST(TextTest, InvalidBytesShowAsReplacements)
+{
+    EXPECT_EQ(Text("a\xFF").size().width, Text("a\xEF\xBF\xBD").size().width);
+    EXPECT_GT(Text(std::string("a\0b", 3)).size().width, Text("ab").size().width);
+}
+
+TEST(TextTest, OtherScriptsFindAFont)
+{
+    EXPECT_GT(InkOf("\xD0\x94\xD0\xB0"), 20);         // Cyrillic
+    EXPECT_GT(InkOf("\xE6\x97\xA5\xE6\x9C\xAC"), 20); // Han
+}
+
+// Ink between transparent and full, and nowhere a tint: the desktop's subpixel setting has no say.
+TEST(TextTest, GlyphsAreSmoothAndWithoutColour)
+{
+    AttributedString const string = Text("SOQ");
+    TextBitmap bitmap(string.size());
+    bitmap.drawString(string, kWhite, {0.0F, 0.0F});
+    auto const bytes = bitmap.rgba();
+    bool hasBetween = false;
+    for (std::size_t at = 0; at < bytes.size(); at += 4)
+    {
+        EXPECT_TRUE(bytes[at] == bytes[at + 1] && bytes[at] == bytes[at + 2] && bytes[at] == bytes[at + 3]);
+        hasBetween = hasBetween || (bytes[at] > 50 && bytes[at] < 200);
+    }
+    EXPECT_TRUE(hasBetween);
+}
+
+TEST(TextBitmapTest, IsTransparentAtFirst)
+{
+    TextBitmap const bitmap({10.0F, 5.0F});
+    EXPECT_EQ(bitmap.rgba(), std::vector<std::uint8_t>(200, 0));
+}
+
+TEST(TextBitmapTest, HasTheWholePixelsOfItsSize)
+{
+    TextBitmap const bitmap({10.9F, 5.2F});
+    EXPECT_EQ(bitmap.pixelsWide(), 10);
+    EXPECT_EQ(bitmap.pixelsHigh(), 5);
+    EXPECT_EQ(bitmap.size().width, 10.9F);
+    EXPECT_EQ(bitmap.rgba().size(), 200U);
+}
+
+TEST(TextBitmapTest, AbsurdSizesHaveNoPixels)
+{
+    float const infinite = std::numeric_limits<float>::infinity();
+    for (platform::Size const size : {platform::Size{0.0F, 5.0F},
+                                      {-3.0F, 5.0F},
+                                      {std::nanf(""), 5.0F},
+                                      {infinite, 5.0F},
+                                      {20000.0F, 5.0F},
+                                      {16000.0F, 16000.0F}})
+    {
+        TextBitmap bitmap(size);
+        bitmap.fillRect({{0.0F, 0.0F}, size}, kWhite);
+        bitmap.frameRect({{0.0F, 0.0F}, size}, kWhite, 1.5F);
+        bitmap.drawString(Text("a"), kWhite, {0.0F, 0.0F});
+        EXPECT_EQ(bitmap.pixelsWide() * bitmap.pixelsHigh(), 0) << size.width;
+        EXPECT_TRUE(bitmap.rgba().empty());
+    }
+}
+
+TEST(TextBitmapTest, FillReplacesAndIsPremultiplied)
+{
+    TextBitmap bitmap({4.0F, 4.0F});
+    bitmap.fillRect({{0.0F, 0.0F}, {4.0F, 4.0F}}, kWhite);
+    bitmap.fillRect({{0.0F, 0.0F}, {4.0F, 4.0F}}, {1.0F, 0.5F, 0.0F, 0.5F});
+    EXPECT_THAT(Pixel(bitmap, 1, 1),
+                ElementsAre(AllOf(Ge(127), Le(128)), AllOf(Ge(63), Le(64)), 0, AllOf(Ge(127), Le(128))));
+}
+
+TEST(TextBitmapTest, OriginIsAtTheBottomLeft)
+{
+    TextBitmap bitmap({10.0F, 10.0F});
+    bitmap.fillRect({{0.0F, 0.0F}, {3.0F, 2.0F}}, kWhite);
+    EXPECT_EQ(Pixel(bitmap, 0, 9)[3], 255);
+    EXPECT_EQ(Pixel(bitmap, 2, 8)[3], 255);
+    EXPECT_EQ(Pixel(bitmap, 3, 9)[3], 0);
+    EXPECT_EQ(Pixel(bitmap, 0, 7)[3], 0);
+    EXPECT_EQ(InkedPixels(bitmap), 6);
+}
+
+TEST(TextBitmapTest, FrameLiesInside)
+{
+    TextBitmap bitmap({12.0F, 12.0F});
+    bitmap.frameRect({{2.0F, 2.0F}, {8.0F, 8.0F}}, kWhite, 1.5F);
+    EXPECT_EQ(Pixel(bitmap, 1, 5)[3], 0);
+    EXPECT_EQ(Pixel(bitmap, 2, 5)[3], 255);
+    EXPECT_NEAR(Pixel(bitmap, 3, 5)[3], 128, 2); // the half pixel
+    EXPECT_EQ(Pixel(bitmap, 4, 5)[3], 0);
+    EXPECT_EQ(Pixel(bitmap, 9, 5)[3], 255);
+    EXPECT_EQ(Pixel(bitmap, 10, 5)[3], 0);
+}
+
+TEST(TextBitmapTest, FrameThickerThanItsRectangleFillsIt)
+{
+    TextBitmap bitmap({6.0F, 6.0F});
+    bitmap.frameRect({{1.0F, 1.0F}, {4.0F, 2.0F}}, kWhite, 1.5F);
+    EXPECT_EQ(InkedPixels(bitmap), 8);
+}
+
+TEST(TextBitmapTest, TextStandsOnThePointAndMovesByWholePixels)
+{
+    AttributedString const string = Text("H");
+    platform::Size const size = string.size();
+    TextBitmap tight(size);
+    tight.drawString(string, kWhite, {0.0F, 0.0F});
+    TextBitmap moved({size.width + 7.0F, size.height + 5.0F});
+    moved.drawString(string, kWhite, {4.0F, 2.0F});
+    for (int row = 0; row < tight.pixelsHigh(); ++row)
+    {
+        for (int x = 0; x < tight.pixelsWide(); ++x)
+        {
+            ASSERT_EQ(Pixel(tight, x, row), Pixel(moved, x + 4, row + 3)) << x << ", " << row;
+        }
+    }
+    EXPECT_EQ(InkedPixels(tight), InkedPixels(moved));
+}
+
+TEST(TextBitmapTest, TextTakesTheColourThatItIsDrawnIn)
+{
+    AttributedString const string = Text("H");
+    TextBitmap bitmap(string.size());
+    bitmap.drawString(string, {1.0F, 0.0F, 0.0F, 1.0F}, {0.0F, 0.0F});
+    auto const bytes = bitmap.rgba();
+    EXPECT_EQ(*std::max_element(bytes.begin(), bytes.end()), 255);
+    for (std::size_t at = 0; at < bytes.size(); at += 4)
+    {
+        ASSERT_EQ(bytes[at + 1], 0);
+        ASSERT_EQ(bytes[at + 2], 0);
+    }
+}

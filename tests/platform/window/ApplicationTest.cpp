@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// How the application starts and ends, with a view of the tests' own in the game's window.
+#include "platform/window/Application.h"
+
+#include "platform/base/Clock.h"
+#include "platform/base/UserFolders.h"
+#include "platform/settings/Preferences.h"
+#include "platform/window/ScriptedView.h"
+#include "platform/window/Window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <SDL.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace
+{
+
+using platform::Preferences;
+using platform::Timer;
+using testing::HasSubstr;
+
+std::filesystem::path SettingsFile()
+{
+    return platform::ConfigurationFolder() / "settings.toml";
+}
+
+std::string SettingsText()
+{
+    std::ostringstream text;
+    text << std::ifstream(SettingsFile()).rdbuf();
+    return text.str();
+}
+
+TEST_F(ApplicationTest, ClosedWindowIsAnOrderlyEnd)
+{
+    EXPECT_EQ(run({}), 0);
+}
+
+TEST_F(ApplicationTest, WindowHasTitleOfTheInterfaceFileWithTheVersionAndItsSize)
+{
+    std::string title;
+    platform::Size size;
+    run({[&](ScriptedView& view)
+         {
+             title = SDL_GetWindowTitle(SDL_GetWindowFromID(view.window()->identifier()));
+             size = view.frame().size;
+         }});
+    EXPECT_EQ(title, "Quarrow " QUARROW_VERSION);
+    EXPECT_EQ(size.width, 1024.0F);
+    EXPECT_EQ(size.height, 768.0F);
+}
+
+TEST_F(ApplicationTest, DesktopsWishToQuitIsAnOrderlyEnd)
+{
+    bool wentOn = false;
+    int const status = run({[](ScriptedView&)
+                            {
+                                SDL_Event event{};
+                                event.type = SDL_QUIT;
+                                SDL_PushEvent(&event);
+                            },
+                            [&](ScriptedView&) { wentOn = true; }});
+    EXPECT_EQ(status, 0);
+    EXPECT_FALSE(wentOn);
+}
+
+class EndingSignal : public ApplicationTest, public testing::WithParamInterface<int>
+{
+};
+
+TEST_P(EndingSignal, SavesThePreferencesAndEndsWithZero)
+{
+    bool wentOn = false;
+    int const status = run({[](ScriptedView&)
+                            {
+                                Preferences::standard().setValue("LastSignal", GetParam());
+                                std::raise(GetParam());
+                            },
+                            [&](ScriptedView&) { wentOn = true; }});
+    EXPECT_EQ(status, 0);
+    EXPECT_FALSE(wentOn);
+    EXPECT_THAT(SettingsText(), HasSubstr("LastSignal = " + std::to_string(GetParam()) + "\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, EndingSignal, testing::Values(SIGTERM, SIGINT, SIGHUP),
+                         [](auto const& number) { return "Signal" + std::to_string(number.param); });
+
+TEST_F(ApplicationTest, NobodyWhoReadsTheLogIsNoReasonToEnd)
+{
+    bool wentOn = false;
+    EXPECT_EQ(run({[](ScriptedView&) { std::raise(SIGPIPE); }, [&](ScriptedView&) { wentOn = true; }}), 0);
+    EXPECT_TRUE(wentOn);
+}
+
+TEST_F(ApplicationTest, ChangedPreferencesReachTheDiskWithinASecond)
+{
+    Preferences::standard().synchronize();
+    std::filesystem::remove(SettingsFile());
+    std::uint64_t const start = platform::UpTime();
+    auto const seconds = [start] { return platform::SecondsBetween(start, platform::UpTime()); };
+    double saved = 0.0;
+    auto const watch = Timer::scheduledTimer(0.0,
+                                             [&]
+                                             {
+                                                 saved = seconds();
+                                                 if (std::filesystem::exists(SettingsFile()) || saved > 10.0)
+                                                 {
+                                                     std::raise(SIGTERM);
+                                                 }
+                                             });
+    run({[](ScriptedView& view)
+         {
+             Preferences::standard().setValue("SavedMeanwhile", 1);
+             view.stay();
+         }});
+    watch->invalidate();
+    EXPECT_LT(saved, 1.0);
+}
+
+TEST_F(ApplicationTest, UnknownViewClassIsToldInOneLine)
+{
+    testing::internal::CaptureStderr();
+    int const status = platform::ApplicationMain({});
+    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(status, 1);
+    EXPECT_THAT(told, HasSubstr("Main.toml"));
+    EXPECT_THAT(told, HasSubstr("kGLView"));
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+}
+
+// A view that no driver can make.
+class ImpossibleView : public TestView
+{
+public:
+    bool initWithFrame(platform::Rect) override { return false; }
+};
+
+TEST_F(ApplicationTest, ViewThatCannotBeMadeEndsTheStart)
+{
+    EXPECT_EQ(platform::ApplicationMain({{"kGLView", [] { return std::make_unique<ImpossibleView>(); }}}), 1);
+}
+
+TEST_F(ApplicationTest, DriverThatShowsNothingIsNoDisplay)
+{
+    ASSERT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0U) << "the application closes the display that it opens";
+    for (char const* const driver : {"dummy", "offscreen"})
+    {
+        setenv("SDL_VIDEODRIVER", driver, 1);
+        testing::internal::CaptureStderr();
+        int const status = run({});
+        std::string const told = testing::internal::GetCapturedStderr();
+        unsetenv("SDL_VIDEODRIVER");
+        EXPECT_EQ(status, 1) << driver;
+        EXPECT_THAT(told, HasSubstr("display"));
+        EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    }
+}
+
+} // namespace

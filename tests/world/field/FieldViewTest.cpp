@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+#include "world/field/FieldView.h"
+
+#include "gfx/Roid.h"
+#include "math/Plane.h"
+#include "support/Stage.h"
+#include "support/TestSettings.h"
+#include "support/Worlds.h"
+#include "world/Camera.h"
+#include "world/field/FieldRows.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <random>
+#include <set>
+#include <vector>
+
+namespace
+{
+
+using Cell = std::array<int, 3>;
+
+class FieldViewTest : public Stage
+{
+protected:
+    FieldViewTest() { Roid::ReadSettings(); }
+
+    void Fill(unsigned oneIn, int sizeClass)
+    {
+        std::mt19937 dice(11);
+        for (int i = 0; i < 16 * 16 * 16 * 8; ++i)
+        {
+            if (dice() % oneIn == 0)
+            {
+                m_field.Add(i / 16 / 16 / 8, i / 16 / 8 % 16, i / 8 % 16, i % 8, sizeClass);
+                m_filled.insert(i);
+            }
+        }
+    }
+
+    bool IsFilled(int x, int y, int z) const
+    {
+        int const level = std::min(std::min({x, y, z}) / 16, 7);
+        return m_filled.count(((x % 16 * 16 + y % 16) * 16 + z % 16) * 8 + level) > 0;
+    }
+
+    // What the ship sees 20 units deep.
+    std::vector<FieldView::Rock> const& Look()
+    {
+        return m_view.Choose(m_field, ShipsView(), m_ship, 640, 480);
+    }
+
+    Frustum ShipsView() const
+    {
+        TQ3Vector3D facing;
+        m_ship.GetFacingNormal(&facing);
+        TQ3Vector3D apex;
+        Vector3D_Subtract(&m_ship.GetPosition(), &facing, &apex);
+        return {0.7853982F, 4.0F / 3.0F, &apex, &facing, &m_ship.GetUp(), 21.0F};
+    }
+
+    std::vector<Cell> CellsInView() const
+    {
+        Frustum const view = ShipsView();
+        std::vector<Cell> cells;
+        for (int x = 0; x < 80; ++x)
+        {
+            for (int y = 0; y < 80; ++y)
+            {
+                for (int z = 0; z < 80; ++z)
+                {
+                    TQ3Vector3D const place{static_cast<float>(x), static_cast<float>(y),
+                                            static_cast<float>(z)};
+                    if (IsFilled(x, y, z) && view.IsPointInside(place))
+                    {
+                        cells.push_back({x, y, z});
+                    }
+                }
+            }
+        }
+        return cells;
+    }
+
+    FieldRows m_field;
+    std::set<int> m_filled;
+    FieldView m_view;
+    Camera m_ship{nullptr};
+};
+
+Cell CellOf(FieldView::Rock const& rock)
+{
+    return {static_cast<int>(rock.place.x), static_cast<int>(rock.place.y), static_cast<int>(rock.place.z)};
+}
+
+std::vector<Cell> CellsOf(std::vector<FieldView::Rock> const& rocks)
+{
+    std::vector<Cell> cells;
+    std::transform(rocks.begin(), rocks.end(), std::back_inserter(cells), CellOf);
+    return cells;
+}
+
+std::set<int> LayersOf(std::vector<FieldView::Rock> const& rocks)
+{
+    std::set<int> layers;
+    for (FieldView::Rock const& rock : rocks)
+    {
+        layers.insert(CellOf(rock)[2]);
+    }
+    return layers;
+}
+
+TEST_F(FieldViewTest, ListsEveryAsteroidWhoseCentreIsInViewInTheOrderOfTheCells)
+{
+    Fill(5, 0);
+    for (int turn = 0; turn < 12; ++turn)
+    {
+        test::LayShip(m_ship, {40.3F, 38.6F, 45.1F});
+        m_ship.SetRotationRate({0.3F, 1.0F, 0.2F}, 0.0F);
+        m_ship.SetRotation(static_cast<float>(turn) * 0.55F);
+        m_ship.Tick(0.0);
+        std::vector<Cell> const expected = CellsInView();
+        ASSERT_GT(expected.size(), 100U);
+        EXPECT_EQ(CellsOf(Look()), expected) << "turn " << turn;
+    }
+}
+
+// The frustum's apex lies at z = 1.3 for a ship at 0.3 that faces -z; its box ends there, and the ceiled end,
+// 2, is excluded. A ship at 0 has its apex at 1: the ceiled end is 1 itself, and that layer is left out.
+TEST_F(FieldViewTest, UpperEndOfTheCellRangeIsExcluded)
+{
+    Fill(1, 0);
+    test::LayShip(m_ship, {20.0F, 20.0F, 0.3F});
+    EXPECT_THAT(LayersOf(Look()), testing::ElementsAre(0, 1));
+    test::LayShip(m_ship, {20.0F, 20.0F, 0.0F});
+    EXPECT_THAT(LayersOf(Look()), testing::ElementsAre(0));
+}
+
+TEST_F(FieldViewTest, LevelOfDetailFollowsTheDistanceFromTheApex)
+{
+    test::ScopedSetting const medium("LODDistMedium", 10.0F);
+    test::ScopedSetting const farthest("LODDistFar", 15.0F);
+    Roid::ReadSettings();
+    Fill(1, 0);
+    test::LayShip(m_ship, {40.5F, 40.5F, 40.0F}); // the apex is at z = 41
+    for (FieldView::Rock const& rock : Look())
+    {
+        float const x = rock.place.x - 40.5F;
+        float const y = rock.place.y - 40.5F;
+        float const z = rock.place.z - 41.0F;
+        float const distance = std::sqrt(x * x + y * y + z * z);
+        ASSERT_EQ(rock.levelOfDetail, distance >= 15.0F ? 2 : distance >= 10.0F ? 1 : 0);
+    }
+}
+
+// The ship looks along a row of the lattice, from between two of its cells: the nearest hides all the others.
+TEST_F(FieldViewTest, AsteroidsBehindNearerOnesAreNotShown)
+{
+    Fill(1, 3);
+    test::LayShip(m_ship, {40.0F, 40.0F, 39.0F});
+    std::vector<FieldView::Rock> const& rocks = Look();
+    auto const shownAt = [&rocks](int z)
+    {
+        return std::any_of(rocks.begin(), rocks.end(),
+                           [z](FieldView::Rock const& rock) {
+                               return rock.isShown && CellOf(rock) == Cell{40, 40, z};
+                           });
+    };
+    EXPECT_TRUE(shownAt(38));
+    EXPECT_FALSE(shownAt(36));
+    EXPECT_FALSE(shownAt(25));
+}
+
+TEST_F(FieldViewTest, InAThinFieldAllThatIsInThePictureIsShown)
+{
+    Fill(400, 0);
+    test::LayShip(m_ship, {40.3F, 40.4F, 60.2F});
+    std::vector<FieldView::Rock> const& rocks = Look();
+    ASSERT_GT(rocks.size(), 3U);
+    for (FieldView::Rock const& rock : rocks)
+    {
+        bool const isInPicture = std::fabs(rock.seen.up) < rock.seen.ahead * 0.414F &&
+                                 std::fabs(rock.seen.right) < rock.seen.ahead * 0.414F * 4.0F / 3.0F;
+        EXPECT_TRUE(rock.isShown || !isInPicture);
+    }
+}
+
+TEST_F(FieldViewTest, NegativeSpaceIsEmpty)
+{
+    Fill(1, 3);
+    test::LayShip(m_ship, {-60.0F, -60.0F, -20.0F});
+    EXPECT_TRUE(Look().empty());
+}
+
+} // namespace
