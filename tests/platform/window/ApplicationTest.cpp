@@ -72,13 +72,6 @@ TEST_F(ApplicationTest, DesktopsWishToQuitIsAnOrderlyEnd)
     EXPECT_FALSE(wentOn);
 }
 
-TEST_F(ApplicationTest, GameThatAsksForTheEndHasIt)
-{
-    bool wentOn = false;
-    EXPECT_EQ(run({[](ScriptedView&) { platform::Terminate(); }, [&](ScriptedView&) { wentOn = true; }}), 0);
-    EXPECT_FALSE(wentOn);
-}
-
 class EndingSignal : public ApplicationTest, public testing::WithParamInterface<int>
 {
 };
