@@ -20,7 +20,7 @@ std::unique_ptr<BenchWindow> BenchWindow::open()
         return nullptr;
     }
     bench->m_view = std::move(view);
-    bench->m_window = platform::Window::initWithContentRect(frame, platform::WindowStyle::Titled);
+    bench->m_window = platform::Window::initWithContentSize(frame.size);
     if (!bench->m_window)
     {
         return nullptr;

@@ -22,7 +22,7 @@ constexpr int kFrame = 735; // samples in a sixtieth of a second
 
 void PassRunLoop()
 {
-    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    platform::RunLoop::runTimersOnce();
 }
 
 class CBMovieTest : public Test

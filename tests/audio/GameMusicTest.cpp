@@ -162,7 +162,7 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     std::size_t at = 0;
     while (at < decoded.size())
     {
-        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+        platform::RunLoop::runTimersOnce();
         for (float const sample :
              loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
         {
@@ -197,7 +197,7 @@ TEST(GameSoundNSMovieTest, PlayLeavesAPlayingTrackAloneAndStopRewinds)
         std::vector<float> heard;
         for (int i = 0; i < frames; ++i)
         {
-            platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+            platform::RunLoop::runTimersOnce();
             auto const frame = loopback.render(kFrame);
             heard.insert(heard.end(), frame.begin(), frame.end());
         }

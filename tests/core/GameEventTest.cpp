@@ -29,7 +29,7 @@ std::vector<Event> EventsWithoutKeys()
     for (EventType const type : {EventType::MouseMoved, EventType::LeftMouseUp, EventType::RightMouseUp,
                                  EventType::LeftMouseDragged, EventType::ScrollWheel})
     {
-        Event event = KeyDown(u"d"); // with a character, and no key all the same
+        Event event = KeyDown(u"d"); // has a character, but is no key event
         event.type = type;
         all.push_back(event);
     }

@@ -55,7 +55,7 @@ protected:
     }
     void startRace() { click(0); }
 
-    // Ends the race that runs: the ship is put into the last marker.
+    // Ends the race by putting the ship into the last marker.
     void finishRace()
     {
         world().ActivateWaypoint(Universe::kWaypointCount - 1);

@@ -57,5 +57,5 @@ int main()
 {
     Flyer flyer;
     auto const timer = platform::Timer::scheduledTimer(kInterval, [&flyer] { flyer.Move(); });
-    return platform::ApplicationMain({{"kGLView", [] { return std::make_unique<kGLView>(); }}});
+    return platform::ApplicationMain(std::make_unique<kGLView>());
 }

@@ -52,5 +52,5 @@ int main()
 {
     Scribbler scribbler;
     auto const timer = platform::Timer::scheduledTimer(kInterval, [&scribbler] { scribbler.WriteNext(); });
-    return platform::ApplicationMain({{"kGLView", [] { return std::make_unique<kGLView>(); }}});
+    return platform::ApplicationMain(std::make_unique<kGLView>());
 }

@@ -41,7 +41,7 @@ protected:
     {
         Game::pGame->GetUniverse()->Tick(kStep);
         Game::pGame->Render(probe::kWidth, probe::kHeight);
-        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+        platform::RunLoop::runTimersOnce();
     }
 
     static void Fly(int frames)

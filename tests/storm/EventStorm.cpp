@@ -84,13 +84,19 @@ std::size_t WhereWeAre()
 class Run
 {
 public:
-    Run(unsigned seed, long limit, Tally& tally) : m_events(seed), m_limit(limit), m_tally(tally) {}
+    // view: its window gets the events.
+    Run(kGLView const& view, unsigned seed, long limit, Tally& tally)
+        : m_view(view),
+          m_events(seed),
+          m_limit(limit),
+          m_tally(tally)
+    {
+    }
 
     // Between two frames.
     void PushBatch()
     {
-        SDL_Window* const window =
-            SDL_GetWindowFromID(platform::Application::shared()->keyWindow()->identifier());
+        SDL_Window* const window = SDL_GetWindowFromID(m_view.window()->identifier());
         ++m_tally.frames;
         while (!m_events.OneIn(kEventsPerFrame) && m_tally.events < m_limit)
         {
@@ -100,7 +106,7 @@ public:
         }
         if (m_tally.events >= m_limit)
         {
-            platform::Application::shared()->terminate();
+            platform::Terminate();
         }
     }
 
@@ -119,6 +125,7 @@ private:
         }
     }
 
+    kGLView const& m_view;
     RandomEvents m_events;
     long m_limit;
     Tally& m_tally;
@@ -127,9 +134,10 @@ private:
 int Play(unsigned seed, long limit, Tally& tally)
 {
     alarm(kLongestRun);
-    Run run(seed, limit, tally);
+    auto view = std::make_unique<kGLView>();
+    Run run(*view, seed, limit, tally);
     auto const timer = platform::Timer::scheduledTimer(0.0, [&run] { run.PushBatch(); });
-    int const status = platform::ApplicationMain({{"kGLView", [] { return std::make_unique<kGLView>(); }}});
+    int const status = platform::ApplicationMain(std::move(view));
     timer->invalidate();
     return status;
 }

@@ -2,36 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "support/FakeApplication.h"
 
-#include "platform/window/WindowList.h"
+#include "platform/window/Application.h"
 
 namespace
 {
 
-FakeApplication* theFake = nullptr;
+int terminations = 0;
 
 } // namespace
 
-FakeApplication::FakeApplication()
+int Terminations()
 {
-    theFake = this;
-}
-
-FakeApplication::~FakeApplication()
-{
-    theFake = nullptr;
-}
-
-platform::Window* FakeApplication::keyWindow()
-{
-    return platform::WindowList::key();
+    return terminations;
 }
 
 namespace platform
 {
 
-Application* Application::shared()
+void Terminate()
 {
-    return theFake;
+    ++terminations;
 }
 
 } // namespace platform

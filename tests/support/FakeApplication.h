@@ -1,26 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Stands in for the application while the object lives: whoever asks for the shared one gets it. A program
-// that uses it has no other application.
+// Stands in for the application: a program that uses it has no other.
 #pragma once
 
-#include "platform/window/Application.h"
-
-class FakeApplication final : public platform::Application
-{
-public:
-    FakeApplication();
-    ~FakeApplication();
-    FakeApplication(FakeApplication const&) = delete;
-    FakeApplication& operator=(FakeApplication const&) = delete;
-
-    int run() override { return 0; }
-    void terminate() override { ++m_terminations; }
-    platform::Window* keyWindow() override;
-
-    int terminations() const { return m_terminations; }
-
-private:
-    int m_terminations = 0;
-};
+// How often the application was asked to end.
+int Terminations();

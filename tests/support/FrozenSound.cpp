@@ -28,7 +28,7 @@ void DecodeAll()
     {
         GameSound const sound(name);
     }
-    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    platform::RunLoop::runTimersOnce();
 }
 
 } // namespace

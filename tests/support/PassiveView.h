@@ -12,14 +12,7 @@ class PassiveView : public platform::OpenGLView
 public:
     bool initWithFrame(platform::Rect frame) override
     {
-        constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                            platform::kPixelFormatColorSize,
-                                            32,
-                                            platform::kPixelFormatDepthSize,
-                                            32,
-                                            0};
-        auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
-        return format && initWithPixelFormat(frame, *format);
+        return initWithPixelFormat(frame, {.colorSize = 32, .depthSize = 32});
     }
     void awakeFromNib() override {}
     void reshape() override {}

@@ -145,10 +145,10 @@ TEST_F(MenuMainTest, TheOtherItemsShowTheirScreens)
 
 TEST_F(MenuMainTest, QuitAsksTheApplicationToEndAndKeepsTheMenu)
 {
-    FakeApplication const application;
+    int const terminations = Terminations();
     Menu const* const before = &menu();
     Click(4);
-    EXPECT_EQ(application.terminations(), 1);
+    EXPECT_EQ(Terminations(), terminations + 1);
     EXPECT_EQ(Menu::GetCurrent(), before);
     EXPECT_EQ(Game::pGame->GetState(), kStateMenu);
     EXPECT_TRUE(frozen::Plays("Click.AIFF"));

@@ -31,7 +31,7 @@ protected:
     static std::unique_ptr<Sound> open(std::filesystem::path const& file)
     {
         auto sound = Sound::initWithContentsOfFile(file);
-        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+        platform::RunLoop::runTimersOnce();
         return sound;
     }
 
@@ -178,7 +178,7 @@ TEST_F(SoundTest, WhatIsPlayedBeforeItIsDecodedSoundsAfterTheNextPass)
     EXPECT_TRUE(sound->isPlaying());
     EXPECT_FALSE(sound->play()) << "it plays twice";
     EXPECT_EQ(hear(1)[0], 0) << "decoded at once";
-    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    platform::RunLoop::runTimersOnce();
     EXPECT_TRUE(sound->isPlaying());
     EXPECT_EQ(hear(1)[0], 1000);
 }
@@ -193,7 +193,7 @@ TEST_F(SoundTest, WhatIsStoppedOrGoneBeforeItIsDecodedStaysSilent)
     stopped->stop();
     EXPECT_FALSE(stopped->isPlaying());
     gone.reset();
-    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+    platform::RunLoop::runTimersOnce();
     EXPECT_EQ(hear(1)[0], 0);
 }
 
