@@ -10,6 +10,16 @@
 namespace test
 {
 
+std::unique_ptr<AsteroidField> SeededField(float edge, float centre, float minR, float maxR)
+{
+    ScopedSetting const settings[] = {{"_AsteroidsDensityEdge", edge},
+                                      {"_AsteroidsDensityCenter", centre},
+                                      {"_AsteroidsMinR", minR},
+                                      {"_AsteroidsMaxR", maxR}};
+    platform::SeedRandom(11);
+    return std::make_unique<AsteroidField>(nullptr);
+}
+
 std::unique_ptr<Universe> EmptyWorld()
 {
     ScopedSetting const edge("_AsteroidsDensityEdge", 0.0F);
