@@ -211,10 +211,17 @@ void Roid::Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail)
 bool Roid::ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                    TQ3Vector3D* hitPoint, float* hitDistance) const
 {
+    return ComputePathIntersectionAt(GetPosition(), start, end, radius, hitPoint, hitDistance);
+}
+
+bool Roid::ComputePathIntersectionAt(TQ3Vector3D const& place, TQ3Vector3D const& start,
+                                     TQ3Vector3D const& end, float radius, TQ3Vector3D* hitPoint,
+                                     float* hitDistance) const
+{
     float const reach = radius + GetRadius();
     TQ3Vector3D toCentre;
     TQ3Vector3D direction;
-    Vector3D_Subtract(&GetPosition(), &start, &toCentre);
+    Vector3D_Subtract(&place, &start, &toCentre);
     Vector3D_Subtract(&end, &start, &direction);
     Vector3D_Normalize(&direction, &direction);
 

@@ -67,6 +67,10 @@ public:
     bool ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                  TQ3Vector3D* hitPoint, float* hitDistance) const;
 
+    // The same for the asteroid in another repetition of its cell.
+    bool ComputePathIntersectionAt(TQ3Vector3D const& place, TQ3Vector3D const& start, TQ3Vector3D const& end,
+                                   float radius, TQ3Vector3D* hitPoint, float* hitDistance) const;
+
     int GetSizeClass() const { return m_sizeClass; }
 
     static unsigned long m_texture;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A seeded race gives the same state in every build: debug, release, with sanitizers, by either compiler.
+#include "math/util.h"
 #include "support/SimulatedRace.h"
 #include "support/Stage.h"
 #include "world/Camera.h"
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 
@@ -58,7 +60,7 @@ std::uint64_t StateOf(Universe const& world)
     hash.Add(world.GetWaypoint()->GetPosition());
     hash.Add(world.GetWaypoint()->GetRotation());
     hash.Add(world.GetCurrentWaypoint());
-    hash.Add(world.GetDistanceToWaypoint());
+    hash.Add(FloorToInt(std::sqrt(DistSquared(world.GetWaypoint()->GetPosition(), ship.GetPosition()))));
     hash.Add(world.GetRaceTime());
     return hash.Value();
 }

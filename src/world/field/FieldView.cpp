@@ -5,7 +5,7 @@
 #include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "math/util.h"
-#include "world/field/FieldRows.h"
+#include "world/field/AsteroidField.h"
 
 #include <algorithm>
 #include <array>
@@ -24,10 +24,10 @@ std::size_t BucketOf(FieldView::Rock const& rock)
 
 } // namespace
 
-std::vector<FieldView::Rock> const& FieldView::Choose(FieldRows const& field, Frustum const& frustum,
-                                                      Camera const& camera, int width, int height)
+std::vector<FieldView::Rock> const& FieldView::Choose(AsteroidField const& field, Frustum const& frustum,
+                                                      Eye const& eye, int width, int height)
 {
-    m_covered.Start(camera, width, height);
+    m_covered.Start(eye, width, height);
     Collect(field, frustum);
     SortNearestFirst();
     MarkShown();
@@ -36,7 +36,7 @@ std::vector<FieldView::Rock> const& FieldView::Choose(FieldRows const& field, Fr
 
 // Walks the frustum's box, whose upper ends are excluded, row by row along z. Most cells of the box lie
 // outside the view, which is a pyramid in it: those of a row are skipped at one go.
-void FieldView::Collect(FieldRows const& field, Frustum const& frustum)
+void FieldView::Collect(AsteroidField const& field, Frustum const& frustum)
 {
     float low[3];
     float high[3];

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // One frame of the scene, by the OpenGL calls that draw it.
-#include "core/Game.h"
 #include "gfx/Roid.h"
 #include "platform/base/OpenGL.h"
 #include "support/MenuProbe.h"
@@ -20,7 +19,6 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
 #include <vector>
 
 namespace
@@ -88,17 +86,17 @@ std::vector<double> MatrixLoadedBefore(std::vector<Call> const& calls, int index
     return matrix;
 }
 
-class UniverseSceneTest : public Stage
+class SceneTest : public Stage
 {
 protected:
-    UniverseSceneTest() { LayShip({-20.0F, -20.0F, -20.0F}); }
+    SceneTest() { LayShip({-20.0F, -20.0F, -20.0F}); }
 
     void LayShip(TQ3Vector3D const& position) { test::LayShip(*m_world->GetCamera(), position); }
 
     std::unique_ptr<Universe> m_world = test::EmptyWorld();
 };
 
-TEST_F(UniverseSceneTest, ClearsAndSetsTheViewBeforeAllElse)
+TEST_F(SceneTest, ClearsAndSetsTheViewBeforeAllElse)
 {
     std::vector<Call> calls = Drawing(*m_world, 1280, 720);
     calls.resize(13);
@@ -119,7 +117,7 @@ TEST_F(UniverseSceneTest, ClearsAndSetsTheViewBeforeAllElse)
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
 }
 
-TEST_F(UniverseSceneTest, StepsComeInTheirOrder)
+TEST_F(SceneTest, StepsComeInTheirOrder)
 {
     auto const full = test::FullWorld(0.2F);
     Camera& ship = *full->GetCamera();
@@ -143,7 +141,7 @@ TEST_F(UniverseSceneTest, StepsComeInTheirOrder)
 }
 
 // Texture coordinate and vertex by turns, 24 times, in one batch of quads.
-TEST_F(UniverseSceneTest, SkyIsACubeWithTheSamePictureOnEverySide)
+TEST_F(SceneTest, SkyIsACubeWithTheSamePictureOnEverySide)
 {
     recording::start();
     m_world->RenderEnvironmentBox();
@@ -180,7 +178,7 @@ TEST_F(UniverseSceneTest, SkyIsACubeWithTheSamePictureOnEverySide)
 
 // Facing +x after a quarter turn to the right: the inverse rotation takes x to -z, which is its matrix's
 // first row.
-TEST_F(UniverseSceneTest, SkyAndLightStandUnderTheInverseOfTheShipsRotationAlone)
+TEST_F(SceneTest, SkyAndLightStandUnderTheInverseOfTheShipsRotationAlone)
 {
     Camera& ship = *m_world->GetCamera();
     ship.Body::SetRotationRate({0.0F, 1.0F, 0.0F}, 0.0F);
@@ -200,7 +198,7 @@ TEST_F(UniverseSceneTest, SkyAndLightStandUnderTheInverseOfTheShipsRotationAlone
 }
 
 // Depth 1 is what the buffer was cleared to: the sky fills what the field left empty, and nothing else.
-TEST_F(UniverseSceneTest, SkyIsDrawnLastOfTheSceneAtTheFarEndOfTheDepthRange)
+TEST_F(SceneTest, SkyIsDrawnLastOfTheSceneAtTheFarEndOfTheDepthRange)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {8.3F, 8.3F, 30.0F});
@@ -216,7 +214,18 @@ TEST_F(UniverseSceneTest, SkyIsDrawnLastOfTheSceneAtTheFarEndOfTheDepthRange)
     EXPECT_LT(back, indexOf(calls, call("glTranslatef", {-0.1F, -0.35F, -1}))); // the cockpit
 }
 
-TEST_F(UniverseSceneTest, FogIsThinOutsideAndClosesInWithDepth)
+// Whatever was drawn before: another order of the depth test would leave the sky out.
+TEST_F(SceneTest, SkySetsTheDepthTestThatItNeeds)
+{
+    recording::setEnabled(GL_DEPTH_TEST, false);
+    std::vector<Call> const calls = Drawing(*m_world);
+    int const test = indexOf(calls, call("glDepthFunc", {GL_LEQUAL}));
+    ASSERT_GE(test, 0);
+    EXPECT_LT(test, indexOf(calls, "glVertex3fv"));
+    EXPECT_TRUE(recording::isEnabled(GL_DEPTH_TEST));
+}
+
+TEST_F(SceneTest, FogIsThinOutsideAndClosesInWithDepth)
 {
     EXPECT_EQ(m_world->PointToFrustumDepth({-1.0F, 60.0F, 60.0F}), 50.0F);
     EXPECT_EQ(m_world->PointToFrustumDepth({0.0F, 60.0F, 60.0F}), 50.0F);
@@ -226,7 +235,7 @@ TEST_F(UniverseSceneTest, FogIsThinOutsideAndClosesInWithDepth)
     EXPECT_EQ(m_world->PointToFrustumDepth({60.0F, 60.0F, 60.0F}), 20.0F);
 }
 
-TEST_F(UniverseSceneTest, FogHasItsColourAndReachesToTheDepthOfThePlace)
+TEST_F(SceneTest, FogHasItsColourAndReachesToTheDepthOfThePlace)
 {
     std::vector<Call> calls = Drawing(*m_world);
     EXPECT_THAT(calls, Contains(call("glFogfv", {GL_FOG_COLOR, 0.05F, 0.05F, 0.1F, 1})));
@@ -238,7 +247,7 @@ TEST_F(UniverseSceneTest, FogHasItsColourAndReachesToTheDepthOfThePlace)
     EXPECT_EQ(FogParameter(calls, GL_FOG_END), 20.0);
 }
 
-TEST_F(UniverseSceneTest, FogFollowsItsSettings)
+TEST_F(SceneTest, FogFollowsItsSettings)
 {
     test::ScopedSetting const start(setting::kFogStart, 5.0F);
     test::ScopedSetting const high(setting::kFogEndHigh, 80.0F);
@@ -249,7 +258,7 @@ TEST_F(UniverseSceneTest, FogFollowsItsSettings)
 }
 
 // From 10 to 50: halfway is 30.
-TEST_F(UniverseSceneTest, FogStartsHalfwayToItsEndForTheMarker)
+TEST_F(SceneTest, FogStartsHalfwayToItsEndForTheMarker)
 {
     TQ3Vector3D const marker = m_world->GetWaypointPosition(0);
     LayShip({marker.x, marker.y, marker.z + 10.0F});
@@ -260,21 +269,21 @@ TEST_F(UniverseSceneTest, FogStartsHalfwayToItsEndForTheMarker)
     EXPECT_LT(indexOf(calls, "glMultMatrixf"), indexOf(calls, call("glDisable", {GL_FOG})));
 }
 
-TEST_F(UniverseSceneTest, MarkerBehindTheShipIsNotDrawn)
+TEST_F(SceneTest, MarkerBehindTheShipIsNotDrawn)
 {
     TQ3Vector3D const marker = m_world->GetWaypointPosition(0);
     LayShip({marker.x, marker.y, marker.z - 10.0F});
     EXPECT_EQ(count(Drawing(*m_world), "glMultMatrixf"), 0);
 }
 
-TEST_F(UniverseSceneTest, ViewInNegativeSpaceDrawsNoAsteroids)
+TEST_F(SceneTest, ViewInNegativeSpaceDrawsNoAsteroids)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {-60.0F, -60.0F, -20.0F});
     EXPECT_TRUE(CellsIn(Drawing(*full)).empty());
 }
 
-TEST_F(UniverseSceneTest, AsteroidsOutsideTheFrustumAreNotDrawn)
+TEST_F(SceneTest, AsteroidsOutsideTheFrustumAreNotDrawn)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {100.0F, 100.0F, 100.0F});
@@ -285,7 +294,7 @@ TEST_F(UniverseSceneTest, AsteroidsOutsideTheFrustumAreNotDrawn)
     }
 }
 
-TEST_F(UniverseSceneTest, CellsAreWalkedWithZInnermost)
+TEST_F(SceneTest, CellsAreWalkedWithZInnermost)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {60.0F, 60.0F, 60.0F});
@@ -295,14 +304,14 @@ TEST_F(UniverseSceneTest, CellsAreWalkedWithZInnermost)
     EXPECT_EQ(std::adjacent_find(cells.begin(), cells.end()), cells.end());
 }
 
-TEST_F(UniverseSceneTest, AsteroidsOfDeepCellsAreDrawnWhereTheyStand)
+TEST_F(SceneTest, AsteroidsOfDeepCellsAreDrawnWhereTheyStand)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {200.0F, 200.0F, 200.0F});
     EXPECT_THAT(CellsIn(Drawing(*full)), Contains(Cell{200, 200, 199}));
 }
 
-TEST_F(UniverseSceneTest, HiddenCockpitIsNotDrawn)
+TEST_F(SceneTest, HiddenCockpitIsNotDrawn)
 {
     Call const instruments = call("glTranslatef", {-0.1F, -0.35F, -1});
     EXPECT_THAT(Drawing(*m_world), Contains(instruments));
@@ -312,19 +321,50 @@ TEST_F(UniverseSceneTest, HiddenCockpitIsNotDrawn)
     EXPECT_EQ(count(calls, "gluOrtho2D"), 0); // no line of text either
 }
 
-TEST_F(UniverseSceneTest, FrameRateIsShownOverTheSceneCockpitOrNot)
+TEST_F(SceneTest, FrameRateIsShownOnlyWhenTheSettingAsks)
+{
+    EXPECT_EQ(Scene().GetFrameRate(), nullptr);
+    test::ScopedSetting const shown(setting::kShowFps, 1);
+    Scene const scene;
+    ASSERT_NE(scene.GetFrameRate(), nullptr);
+    EXPECT_EQ(probe::FontOf(*scene.GetFrameRate()), "Helvetica");
+    EXPECT_EQ(probe::FontSizeOf(*scene.GetFrameRate()), 12.0F);
+    EXPECT_EQ(probe::BoxOf(*scene.GetFrameRate()), (probe::Box{30, 30, 0, 0}));
+}
+
+TEST_F(SceneTest, FrameRateIsWrittenWithSixDecimals)
+{
+    test::ScopedSetting const shown(setting::kShowFps, 1);
+    Scene scene;
+    scene.RenderFrameRate(4.0F, 800, 600);
+    EXPECT_EQ(probe::TextOf(*scene.GetFrameRate()), "4.000000");
+}
+
+TEST_F(SceneTest, FrameRateIsTheInverseOfTheFrameTime)
+{
+    test::ScopedSetting const shown(setting::kShowFps, 1);
+    auto const world = test::EmptyWorld();
+    Overlay const& text = *world->GetScene().GetFrameRate();
+    for (auto const& [frame, rate] : {std::pair{0.02, "50.000000"}, {0.25, "4.000000"}, {0.0, "inf"}})
+    {
+        world->Tick(frame);
+        world->Render(800, 600);
+        EXPECT_EQ(probe::TextOf(text), rate);
+        world->Pause(); // measured all the same
+    }
+}
+
+TEST_F(SceneTest, FrameRateIsDrawnOverTheSceneCockpitOrNot)
 {
     test::ScopedSetting const shown(setting::kShowFps, 1);
     auto const world = test::EmptyWorld();
     world->SetCockpitVisible(false);
-    world->Tick(0.25);
     std::vector<Call> const calls = Drawing(*world);
-    EXPECT_EQ(probe::TextOf(*world->GetFPSOverlay()), "4.000000");
     EXPECT_EQ(count(calls, "gluOrtho2D"), 1);
     EXPECT_GT(indexOf(calls, "gluOrtho2D"), indexOf(calls, call("glDisable", {GL_FOG})));
 }
 
-TEST_F(UniverseSceneTest, LightingIsOnAfterTheFrame)
+TEST_F(SceneTest, LightingIsOnAfterTheFrame)
 {
     recording::setEnabled(GL_LIGHTING, false);
     Drawing(*m_world);
@@ -333,51 +373,12 @@ TEST_F(UniverseSceneTest, LightingIsOnAfterTheFrame)
     EXPECT_FALSE(recording::isEnabled(GL_TEXTURE_2D));
 }
 
-TEST_F(UniverseSceneTest, EveryPushedMatrixIsPopped)
+TEST_F(SceneTest, EveryPushedMatrixIsPopped)
 {
     auto const full = test::FullWorld(0.2F);
     test::LayShip(*full->GetCamera(), {60.0F, 60.0F, 60.0F});
     std::vector<Call> const calls = Drawing(*full);
     EXPECT_EQ(count(calls, "glPushMatrix"), count(calls, "glPopMatrix"));
-}
-
-class WorldResourcesTest : public GameStage
-{
-};
-
-// A race's own textures are the asteroids', the sky and the lines of text drawn so far.
-TEST_F(WorldResourcesTest, NewRacesLeaveNoTexturesBehind)
-{
-    Game& game = *Game::pGame;
-    auto const race = [&game]
-    {
-        game.SwitchToState(kStatePlaying);
-        game.GetUniverse()->Tick(1.5);
-        game.Render(800, 600);
-        game.SwitchToState(kStateMenu);
-    };
-    race();
-    std::size_t const textures = recording::textures().size();
-    std::size_t const lists = recording::lists().size();
-    for (int i = 0; i < 20; ++i)
-    {
-        race();
-    }
-    EXPECT_EQ(recording::textures().size(), textures);
-    EXPECT_EQ(recording::lists().size(), lists);
-    EXPECT_EQ(lists, 12U);
-}
-
-TEST_F(WorldResourcesTest, WorldLeavesOnlyItsSkyBehind)
-{
-    std::set<unsigned> const before = recording::textures();
-    {
-        auto world = test::SeededWorld(3);
-        world->Render(800, 600);
-    }
-    // The asteroids' texture of the game's own world was replaced by the new one's, and went with it.
-    EXPECT_EQ(recording::textures().size(), before.size());
-    EXPECT_TRUE(recording::lists().empty());
 }
 
 } // namespace

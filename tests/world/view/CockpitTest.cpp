@@ -44,7 +44,7 @@ protected:
     std::vector<Call> Instruments()
     {
         recording::start();
-        m_world->Render(kWidth, kHeight);
+        m_world->RenderCockpit(kWidth, kHeight);
         std::vector<Call> calls = recording::stop();
         int const first = indexOf(calls, call("glTranslatef", {-0.1F, -0.35F, -1}));
         int const last = indexOf(calls, "glPopMatrix", first);
@@ -223,7 +223,7 @@ TEST_F(CockpitTest, IsDrawnWithoutDepthLightAndCulling)
 {
     recording::setEnabled(GL_DEPTH_TEST, true);
     recording::start();
-    m_world->Render(kWidth, kHeight);
+    m_world->RenderCockpit(kWidth, kHeight);
     std::vector<Call> const calls = recording::stop();
     int const matrix = indexOf(calls, call("glTranslatef", {-0.1F, -0.35F, -1}));
     std::vector<Call> const before(calls.begin() + matrix - 8, calls.begin() + matrix);
@@ -234,19 +234,35 @@ TEST_F(CockpitTest, IsDrawnWithoutDepthLightAndCulling)
                             call("glPushMatrix"), call("glLoadIdentity")));
 }
 
+TEST_F(CockpitTest, ReadOutsHaveTheirFontsAndColours)
+{
+    Cockpit const cockpit;
+    EXPECT_EQ(probe::FontOf(cockpit.GetClock()), "Courier");
+    EXPECT_EQ(probe::FontSizeOf(cockpit.GetClock()), 20.0F);
+    EXPECT_EQ(cockpit.GetClock().GetTexture().boxColor(), (platform::Color{0.3F, 0.3F, 0.3F, 0.2F}));
+    EXPECT_EQ(cockpit.GetClock().GetTexture().borderColor(), (platform::Color{0.8F, 0.8F, 1.0F, 1.0F}));
+    for (Overlay const* const text : {&cockpit.GetCounter(), &cockpit.GetDistance()})
+    {
+        EXPECT_EQ(probe::FontOf(*text), "Courier");
+        EXPECT_EQ(probe::FontSizeOf(*text), 12.0F);
+        EXPECT_EQ(text->GetTexture().boxColor(), (platform::Color{0.0F, 0.0F, 0.0F, 0.0F}));
+        EXPECT_EQ(text->GetTexture().borderColor(), (platform::Color{0.0F, 0.0F, 0.0F, 0.0F}));
+    }
+}
+
 TEST_F(CockpitTest, ReadOutsStandLeftOfTheClockByItsHeight)
 {
     m_world->Tick(1.0);
     Instruments();
-    probe::Box const clock = probe::BoxOf(*m_world->GetTimerOverlay());
+    probe::Box const clock = probe::BoxOf(m_world->GetCockpit().GetClock());
     EXPECT_EQ(clock.x, 711); // 1280 * 5 / 9
     EXPECT_EQ(clock.y, 648); // 720 * 9 / 10
     ASSERT_GT(clock.height, 0);
     int const line = 720 * clock.height / 550 + 648;
-    probe::Box const counter = probe::BoxOf(*m_world->GetWaypointOverlay());
+    probe::Box const counter = probe::BoxOf(m_world->GetCockpit().GetCounter());
     EXPECT_EQ(counter.x, 711 - 160);
     EXPECT_EQ(counter.y, line);
-    probe::Box const distance = probe::BoxOf(*m_world->GetDistanceOverlay());
+    probe::Box const distance = probe::BoxOf(m_world->GetCockpit().GetDistance());
     EXPECT_EQ(distance.x, 711 - 280);
     EXPECT_EQ(distance.y, line);
 }
@@ -255,11 +271,11 @@ TEST_F(CockpitTest, DividesViewSizesTowardsZero)
 {
     m_world->Tick(1.0);
     m_world->Render(641, 481);
-    probe::Box const clock = probe::BoxOf(*m_world->GetTimerOverlay());
+    probe::Box const clock = probe::BoxOf(m_world->GetCockpit().GetClock());
     EXPECT_EQ(clock.x, 356);
     EXPECT_EQ(clock.y, 432);
-    EXPECT_EQ(probe::BoxOf(*m_world->GetWaypointOverlay()).x, 356 - 80);
-    EXPECT_EQ(probe::BoxOf(*m_world->GetDistanceOverlay()).x, 356 - 140);
+    EXPECT_EQ(probe::BoxOf(m_world->GetCockpit().GetCounter()).x, 356 - 80);
+    EXPECT_EQ(probe::BoxOf(m_world->GetCockpit().GetDistance()).x, 356 - 140);
 }
 
 } // namespace
