@@ -51,12 +51,12 @@ std::vector<std::string> TextsOf(Menu const& menu)
 
 float FontSizeOf(Overlay const& overlay)
 {
-    return overlay.GetTexture().string().attributes().fontSize();
+    return overlay.GetTexture().string().attributes().fontSize;
 }
 
 std::string FontOf(Overlay const& overlay)
 {
-    return overlay.GetTexture().string().attributes().fontName();
+    return overlay.GetTexture().string().attributes().fontName;
 }
 
 Box BoxOf(Overlay const& overlay)

@@ -70,7 +70,7 @@ inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Frus
     if (frustum.IsPointInside(place))
     {
         int const levelOfDetail = Roid::LevelOfDetail(DistSquared(frustum.GetApex(), place));
-        m_rocks.push_back({place, m_covered.Seen(place, Roid::m_aradius[sizeClass]),
+        m_rocks.push_back({place, m_covered.Seen(place, Roid::MeshRadius(sizeClass)),
                            static_cast<std::uint8_t>(sizeClass), static_cast<std::uint8_t>(levelOfDetail),
                            false});
     }
@@ -101,7 +101,7 @@ void FieldView::MarkShown()
         if (rock.isShown)
         {
             CoveredView::Ball solid = rock.seen;
-            solid.radius *= Roid::m_asolidShare[rock.levelOfDetail];
+            solid.radius *= Roid::SolidShare(rock.levelOfDetail);
             m_covered.Cover(solid, rock.seen.radius);
         }
     }
