@@ -4,7 +4,7 @@
 // The nine effects of the game, each finished and ready to be written.
 #pragma once
 
-#include "sounds/Signal.h"
+#include "synth/Signal.h"
 
 namespace maker
 {

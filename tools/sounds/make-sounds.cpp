@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Writes the nine effects. tools/make-resources calls it with the folder to write them to.
-#include "sounds/Aiff.h"
 #include "sounds/Effects.h"
+#include "synth/SoundFile.h"
 
 #include <array>
 #include <cstdio>

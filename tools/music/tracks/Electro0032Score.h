@@ -4,11 +4,23 @@
 // The chords and melodies of "Electro0032", for its piece alone.
 #pragma once
 
+#include "music/Piece.h"
+
 #include <array>
 #include <string_view>
 
-namespace music::electro
+namespace maker::electro
 {
+
+// The bars in which the sections begin.
+inline constexpr int kIntro = 0;
+inline constexpr int kVerse = 8;
+inline constexpr int kBreak = 24;
+inline constexpr int kBuild = 32;
+inline constexpr int kHook = 36;
+inline constexpr int kReturn = 52;
+inline constexpr int kOutro = 60;
+inline constexpr int kBars = 64;
 
 struct BarHarmony
 {
@@ -59,4 +71,7 @@ inline constexpr std::array<int, 32> kAcid = {0,  kRest, 12, 0,  kRest, 0, 3,   
                                               12, kRest, 10, 0,  kRest, 7, 12,    10, 7,  5};
 inline constexpr std::string_view kAcidAccents = "X.x.X...X..x..x.X...X..X...x..XX";
 
-} // namespace music::electro
+// The untuned parts.
+void Drums(Piece& piece);
+
+} // namespace maker::electro

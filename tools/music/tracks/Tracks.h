@@ -6,7 +6,7 @@
 
 #include "synth/StereoLoop.h"
 
-namespace music
+namespace maker
 {
 
 StereoLoop Sable();
@@ -14,4 +14,4 @@ StereoLoop Electro0032();
 StereoLoop SerialK();
 StereoLoop AaiTookai();
 
-} // namespace music
+} // namespace maker
