@@ -98,7 +98,7 @@ inline double SmoothStep(double from, double to, double x)
     return t * t * (3.0 - 2.0 * t);
 }
 
-// The same with no bend at either end either, for t from 0 to 1.
+// A smoother S from 0 to 1, for t from 0 to 1: its bend is 0 at both ends, too.
 inline double Fade(double t)
 {
     return t * t * t * (t * (t * 6.0 - 15.0) + 10.0);

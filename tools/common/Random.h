@@ -29,7 +29,7 @@ class Random
 public:
     explicit Random(std::uint64_t seed) : m_state(Scramble(seed + kStart)) {}
 
-    // From a place on one endless sequence: from the next place come the same numbers, one ahead.
+    // All places lie on one sequence: place + 1 gives the same numbers without the first.
     static Random From(std::uint64_t place)
     {
         Random random(0);

@@ -45,7 +45,7 @@ double Spin(double time)
     return 0.08 + 0.74 * SmoothStep(0.12, 1.25, time) + 0.18 * SmoothStep(1.15, 1.75, time);
 }
 
-// Blades passing: a few harmonics that climb with the speed, with the beat of two rotors.
+// Harmonics that climb with the speed; two of them slightly out of tune beat like two rotors.
 Signal Turbine(double detune)
 {
     double phase = 0.0;
@@ -95,7 +95,7 @@ void AddDebris(Stereo& sound)
     }
 }
 
-// Rock along metal: it sticks and slips some seventy times a second, and brighter the firmer it grips.
+// Rock along metal: its grip changes some seventy times a second, and a firmer grip sounds brighter.
 Signal Scrape(double seconds)
 {
     Random random(91);
@@ -165,8 +165,7 @@ Stereo MakeStarter()
 
 Stereo MakeControls()
 {
-    // Heard twice a second in a hurry: a soft notch with most of its energy below 1 kHz, and nothing that
-    // rings.
+    // A player in a hurry hears it twice a second: it is short, and most of its energy lies below 1 kHz.
     constexpr std::array<Mode, 4> kLever = {
         {{204.0, 0.70, 0.030}, {412.0, 0.50, 0.022}, {905.0, 0.30, 0.012}, {1730.0, 0.16, 0.008}}};
     Stereo sound(0.10);

@@ -26,7 +26,7 @@ void AddChime(Stereo& sound, double pitch, double gain, double place, double sta
     sound.Add(Bell(pitch * 0.5, 1.0, 0.5, fall, 0.6 * fall), 0.35 * gain, 0.0, start);
 }
 
-// The tap of a finger: a few hundredths of a second of damped modes under a tick.
+// A few hundredths of a second of damped tones under a tick of noise, like the tap of a finger.
 Signal Tap(double pitch, double fall, std::uint64_t seed)
 {
     std::array<Mode, 3> const modes = {
@@ -46,7 +46,7 @@ Stereo MakeAttention()
     Stereo sound(1.35);
     AddChime(sound, kLowNote, 0.42, -0.25, 0.0, 0.34);
     AddChime(sound, kHighNote, 0.50, 0.25, 0.115, 0.70);
-    // An answer from far off.
+    // Two quiet echoes, at the far left and right.
     AddChime(sound, kHighNote, 0.10, -0.8, 0.345, 0.6);
     AddChime(sound, kHighNote, 0.05, 0.8, 0.575, 0.5);
     AddCabin(sound, {0.9, 0.7, 8000.0}, 0.08);

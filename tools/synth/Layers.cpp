@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-//
-// The layers, each worked out sample by sample.
 #include "synth/Layers.h"
 
 #include "common/Maths.h"
@@ -22,7 +20,7 @@ double Interval(double semitones)
     return Exp2(semitones / 12.0, 14);
 }
 
-// How strongly harmonic n sounds when the instrument is open by a share: the more, the slower they fall off.
+// The level of harmonic n; open (0 to 1) makes the instrument brighter.
 double BrassHarmonic(double n, double pitch, double open)
 {
     double const frequency = n * pitch;

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The layers that effects are built from. Times are in seconds, pitches in Hz, levels about 1.
+// The layers that effects are built from, one channel each. Times are in seconds, pitches in Hz, levels
+// about 1.
 #pragma once
 
 #include "synth/Signal.h"
@@ -12,10 +13,10 @@
 namespace maker
 {
 
-// Rises for a time and then falls by 60 dB in another.
+// Rises from 0 to 1 and then falls by 60 dB.
 double Struck(double time, double rise, double fall);
 
-// 1 from start to end of the length, with soft shoulders.
+// Rises to 1, stays there until the length is over, and falls to 0.
 double Held(double time, double length, double rise, double release);
 
 Signal WhiteNoise(double seconds, std::uint64_t seed);

@@ -131,7 +131,7 @@ std::vector<float> SlidingMinimum(std::vector<float> const& values, std::size_t 
     return current;
 }
 
-// Lets the gain come back slowly after each peak.
+// Lets the gain come back slowly after each peak, in two rounds because the loop has no first sample.
 void SlowRecovery(std::vector<float>& gains, double seconds)
 {
     auto const share = static_cast<float>(1.0 - Exp2(-3.3219 / (seconds * kSampleRate)));

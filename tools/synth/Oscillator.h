@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Saw, pulse, triangle and sine with softened edges, so that high notes do not fold back as false tones.
+// Saw, pulse, triangle and sine. Edges are softened to keep their harmonics below half the sample rate,
+// beyond which they would come back as false tones.
 #pragma once
 
 #include "synth/Units.h"

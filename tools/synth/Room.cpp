@@ -125,7 +125,7 @@ std::array<std::size_t, 8> Scaled(std::array<double, 8> const& lengths, double s
     return scaled;
 }
 
-// What one ear hears before the network: later, without the lows, and smeared.
+// What one channel passes before it enters the network: a delay, a low cut and the diffusers.
 class Entrance
 {
 public:

@@ -52,8 +52,8 @@ private:
 };
 
 // Runs a process with memory (an echo, a filter) over the loop so that its state at the end equals the one it
-// began with: it first listens to the last part of the loop, for as long as it remembers anything.
-// step(left, right) changes the two values of one frame in place.
+// began with: it is first fed the last part of the loop, as long as its memory, and the result of that is
+// dropped. step(left, right) changes the two values of one frame in place.
 template <class Step>
 void ProcessLoop(StereoLoop& loop, double memorySeconds, Step&& step)
 {

@@ -7,6 +7,8 @@
 #include "synth/Envelope.h"
 #include "synth/Filter.h"
 
+#include <functional>
+
 namespace maker
 {
 

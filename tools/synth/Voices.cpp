@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Renders single notes. Every note draws its random values from a seed made of its own place and pitch, so
+// Renders single notes. Every note draws its random values from a place made of its own beat and pitch, so
 // that adding a note to a piece leaves all others as they are.
 #include "synth/Voices.h"
 

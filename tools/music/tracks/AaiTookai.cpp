@@ -16,7 +16,7 @@ using namespace tookai;
 namespace
 {
 
-// The pitch of overtone 8 over a root; the roots are themselves pure intervals above D.
+// The pitch of overtone 8 over a root; the roots are pure intervals above D.
 double PitchOf(Root root)
 {
     switch (root)
@@ -47,7 +47,6 @@ Notes Theme(bool rising)
     return notes;
 }
 
-// A pair of hand drums: a deep one whose tone bends, and a high dry one.
 void ThumbPiano(Piece& piece)
 {
     FmPatch const tine = {

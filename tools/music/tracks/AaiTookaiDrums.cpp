@@ -11,6 +11,7 @@ namespace maker::tookai
 namespace
 {
 
+// A pair of hand drums: a deep one whose tone bends, and a high dry one.
 void HandDrums(Piece& piece)
 {
     DrumPatch const deep = {.toneHz = 92.0,

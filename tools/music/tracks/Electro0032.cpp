@@ -171,7 +171,7 @@ void Arpeggio(Piece& piece)
     piece.Add(part, {-24.5, -18.0, -12.0});
 }
 
-// Short calls before the hook is known, made of its first notes.
+// Short calls made of the first notes of the hook, before it is heard whole.
 void Calls(Piece& piece)
 {
     SynthPatch const call = {.wave = Wave::Pulse,

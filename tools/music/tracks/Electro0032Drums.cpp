@@ -88,6 +88,7 @@ void Hats(Piece& piece)
     piece.Add(crashes, {-24.0, -18.0});
 }
 
+// Small pitched clicks that answer the beat from the sides.
 void Blips(Piece& piece)
 {
     Part part(piece);

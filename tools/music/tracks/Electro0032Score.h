@@ -64,7 +64,8 @@ inline constexpr std::string_view kCall =
     "r:2 B4:.5 D5:.25 E5:.75 r:.5  r:2 C#5:.5 E5:.25 F#5:.75 r:.5  r:2 G5:.5 E5:.25 D5:.75 r:.5 "
     "r:1.5 F#5:.5! E5:.5 D5:.5 B4:1";
 
-// Semitones above the root for each sixteenth of two bars; rests and slides are marked by kRest and kSlide.
+// Semitones above the root for each sixteenth of two bars; kRest is a rest. Accents: X is louder, x slides up
+// to its pitch.
 inline constexpr int kRest = -99;
 inline constexpr std::array<int, 32> kAcid = {0,  kRest, 12, 0,  kRest, 0, 3,     0,  10, kRest, 0,
                                               12, kRest, 7,  10, 12,    0, kRest, 12, 0,  15,    kRest,

@@ -26,7 +26,6 @@ void Bass(Piece& piece)
     SynthPatch bass = {.unison = 2,
                        .detune = 0.12,
                        .width = 0.15,
-                       .sub = 0.0,
                        .amp = {0.002, 0.6, 0.7, 0.05},
                        .cutoff = 260.0,
                        .resonance = 0.35,

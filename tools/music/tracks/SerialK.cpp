@@ -16,7 +16,6 @@ using namespace serial;
 namespace
 {
 
-// Anvils, steam and chains: each in a cycle of its own that does not fit the bar.
 // The row itself, one tone a sixteenth, over a sine that holds the form's first tone.
 void Bass(Piece& piece)
 {

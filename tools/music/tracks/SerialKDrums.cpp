@@ -65,6 +65,7 @@ void Snare(Piece& piece)
     piece.Add(part, {-19.5, -15.0});
 }
 
+// Anvils and steam, each in a cycle of its own that does not fit the bar.
 void Machinery(Piece& piece)
 {
     Part part(piece);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The four pieces, finished but for their loudness. main.cpp masters and writes them.
+// The four pieces, mixed, but not yet at their loudness.
 #pragma once
 
 #include "synth/StereoLoop.h"
