@@ -1,13 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "support/SimulatedRace.h"
+#include "support/flight/SimulatedRace.h"
 
 #include "core/Game.h"
-#include "core/GameEvent.h"
-#include "core/GameEventNSEvent.h"
 #include "platform/base/Random.h"
-#include "platform/window/Event.h"
-#include "settings/GameSettings.h"
+#include "support/EventFactory.h"
 #include "world/Universe.h"
 
 #include <cmath>
@@ -15,22 +12,11 @@
 namespace
 {
 
-// As the game asks for it when it draws a frame.
+// What the game asks the ship for when it draws a frame, with the default sensitivity and dead centre.
 float TurnRequest(int mouse, int viewSize)
 {
-    double const sensitivity = GameSettings::GetFloatParam("MouseSensitivity");
-    float const deadCenter = GameSettings::GetFloatParam("MouseDeadCenterPct");
-    auto const turn = static_cast<float>((mouse + viewSize * -0.5) * (sensitivity + sensitivity) / viewSize);
-    return std::fabs(turn) > deadCenter ? turn : 0.0F;
-}
-
-void PressKey(Game& game, char const* binding)
-{
-    platform::Event event;
-    event.type = platform::EventType::KeyDown;
-    event.charactersIgnoringModifiers = static_cast<char16_t>(GameSettings::GetUniCharParam(binding));
-    GameEvent const press(new GameEventNSEvent(event));
-    game.HandleEvent(&press);
+    float const turn = 2.0F * static_cast<float>(mouse) / static_cast<float>(viewSize) - 1.0F;
+    return std::fabs(turn) > 0.05F ? turn : 0.0F;
 }
 
 } // namespace
@@ -49,7 +35,8 @@ void SimulatedRace::Step()
     PilotInput const input = m_pilot->NextInput();
     if (input.throttle != 0)
     {
-        PressKey(m_game, input.throttle > 0 ? "KeyDefaultThrustUp" : "KeyDefaultThrustDown");
+        GameEvent const press = events::Wrapped(events::KeyDown(input.throttle > 0 ? u"w" : u"s"));
+        m_game.HandleEvent(&press);
     }
     m_universe->Tick(1.0 / kStepsPerSecond);
     m_universe->PlayerWantsToTurn(TurnRequest(input.mouseX, kViewWidth),
