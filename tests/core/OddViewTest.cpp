@@ -3,9 +3,9 @@
 //
 // Views in which there is next to nothing to see.
 #include "core/Game.h"
-#include "support/EventFactory.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "support/Worlds.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

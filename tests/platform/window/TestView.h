@@ -4,7 +4,7 @@
 // A view that notes what it is told. The tests of windows and of the application show it.
 #pragma once
 
-#include "support/PassiveView.h"
+#include "support/window/PassiveView.h"
 
 #include <string>
 #include <vector>

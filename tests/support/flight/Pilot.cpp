@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/flight/Pilot.h"
 
-#include "support/Vectors.h"
+#include "support/flight/Vectors.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 

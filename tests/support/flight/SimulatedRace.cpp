@@ -4,7 +4,7 @@
 
 #include "core/Game.h"
 #include "platform/base/Random.h"
-#include "support/EventFactory.h"
+#include "support/window/EventFactory.h"
 #include "world/Universe.h"
 
 #include <cmath>

@@ -3,8 +3,8 @@
 //
 // How a world is built, what stands in which cell, and which paths hit it.
 #include "gfx/Roid.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/VectorMatchers.h"
