@@ -4,7 +4,7 @@
 
 #include "platform/base/OpenGL.h"
 #include "platform/window/Display.h"
-#include "tests/support/PassiveView.h"
+#include "tests/support/window/PassiveView.h"
 
 std::unique_ptr<BenchWindow> BenchWindow::open()
 {

@@ -3,7 +3,7 @@
 #include "core/GameEvent.h"
 
 #include "core/GameEventNSEvent.h"
-#include "support/EventFactory.h"
+#include "support/window/EventFactory.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 //
 // Views without an area, or of a single line of pixels.
 #include "core/Game.h"
-#include "support/EventFactory.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "support/Worlds.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

@@ -5,11 +5,11 @@
 // it.
 #include "core/Game.h"
 #include "platform/base/OpenGL.h"
-#include "support/EventFactory.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "ui/MenuGame.h"
 #include "world/Camera.h"
 #include "world/Universe.h"

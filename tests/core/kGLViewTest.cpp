@@ -8,10 +8,11 @@
 #include "platform/base/OpenGL.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
-#include "support/EventFactory.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
+#include "support/window/FakeApplication.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 

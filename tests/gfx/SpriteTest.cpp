@@ -4,7 +4,7 @@
 
 #include "gfx/QTImage.h"
 #include "platform/base/OpenGL.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/TestPicture.h"
 
 #include <gmock/gmock.h>

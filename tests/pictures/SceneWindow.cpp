@@ -3,7 +3,7 @@
 #include "pictures/SceneWindow.h"
 
 #include "platform/base/OpenGL.h"
-#include "support/PassiveView.h"
+#include "support/window/PassiveView.h"
 
 #include <stdexcept>
 

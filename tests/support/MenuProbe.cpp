@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/MenuProbe.h"
 
-#include "support/EventFactory.h"
+#include "support/window/EventFactory.h"
 #include "ui/Overlay.h"
 
 namespace

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 #include "core/Game.h"
-#include "support/FakeApplication.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/FakeApplication.h"
 #include "ui/MenuGame.h"
 #include "ui/Overlay.h"
 #include "world/Universe.h"

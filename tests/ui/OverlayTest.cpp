@@ -3,8 +3,8 @@
 #include "ui/Overlay.h"
 
 #include "platform/base/OpenGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -5,7 +5,7 @@
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/VectorMatchers.h"

@@ -6,7 +6,7 @@
 
 #include "core/Game.h"
 #include "platform/base/Random.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/VectorMatchers.h"

@@ -4,7 +4,7 @@
 // A view that records the messages it gets.
 #pragma once
 
-#include "support/PassiveView.h"
+#include "support/window/PassiveView.h"
 
 #include <string>
 #include <vector>

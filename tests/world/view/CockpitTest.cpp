@@ -3,10 +3,10 @@
 //
 // The instruments, by the OpenGL calls that draw them.
 #include "platform/base/OpenGL.h"
+#include "support/flight/Vectors.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
-#include "support/Vectors.h"
 #include "support/Worlds.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"

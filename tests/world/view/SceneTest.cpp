@@ -4,8 +4,8 @@
 // One frame of the scene, by the OpenGL calls that draw it.
 #include "gfx/Roid.h"
 #include "platform/base/OpenGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/Worlds.h"

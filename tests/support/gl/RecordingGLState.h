@@ -4,7 +4,7 @@
 // What the entry points of the recording OpenGL share.
 #pragma once
 
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 
 #include <map>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 
 #include "platform/base/OpenGL.h"
-#include "support/RecordingGLState.h"
+#include "support/gl/RecordingGLState.h"
 
 #include <algorithm>
 #include <ostream>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "support/EventFactory.h"
+#include "support/window/EventFactory.h"
 
 #include "core/GameEventNSEvent.h"
 

@@ -7,7 +7,7 @@
 #include "core/kGLView.h"
 #include "platform/base/RunLoop.h"
 #include "platform/window/Application.h"
-#include "support/Pilot.h"
+#include "support/flight/Pilot.h"
 #include "world/Universe.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "support/FakeApplication.h"
+#include "support/window/FakeApplication.h"
 
 #include "platform/window/Application.h"
 

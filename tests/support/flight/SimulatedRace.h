@@ -4,7 +4,7 @@
 // A race flown by the pilot without a picture, 60 steps to a simulated second.
 #pragma once
 
-#include "support/Pilot.h"
+#include "support/flight/Pilot.h"
 
 #include <memory>
 
@@ -26,7 +26,6 @@ public:
 
     bool IsOver() const; // the game is back in a menu
     Universe const& GetUniverse() const { return *m_universe; }
-    Pilot const& GetPilot() const { return *m_pilot; }
 
 private:
     Game& m_game;
