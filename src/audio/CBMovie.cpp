@@ -274,10 +274,7 @@ void CBMovie::gotoEnd(Sender)
 
 void CBMovie::gotoPosterFrame(Sender)
 {
-    if (m_movie)
-    {
-        gotoTime(m_movie->posterTime());
-    }
+    gotoTime(0);
 }
 
 void CBMovie::gotoPercentFinished(float percent)
@@ -289,25 +286,6 @@ void CBMovie::gotoPercentFinished(float percent)
 float CBMovie::percentFinished() const
 {
     return duration() > 0 ? static_cast<float>(time() * 100.0 / duration()) : 0.0F;
-}
-
-void CBMovie::stepForward(Sender)
-{
-    step(true);
-}
-
-void CBMovie::stepBack(Sender)
-{
-    step(false);
-}
-
-void CBMovie::step(bool forwards)
-{
-    platform::TimeValue const next = m_movie ? m_movie->nextInterestingTime(m_movie->time(), forwards) : -1;
-    if (next >= 0)
-    {
-        gotoTime(next);
-    }
 }
 
 void CBMovie::setVolume(float volume)
@@ -335,11 +313,6 @@ void CBMovie::setMuted(bool)
 bool CBMovie::isMuted() const
 {
     return m_movie && m_movie->volume() < 0;
-}
-
-platform::Rect CBMovie::movieRect() const
-{
-    return m_movie ? m_movie->box() : platform::Rect{};
 }
 
 void CBMovie::setSelection(platform::TimeRange selection)

@@ -15,7 +15,6 @@ from game_window import Display, Game, Scenario, wait_until
 # What a start and a race read. Without the interface file there is no start, which is tried by itself.
 FOLDERS = ("Images", "Sounds", "Music")
 ICON = "quarrow-64.png"
-MODULE = "quarrow_media.so"
 CATALOGUE = "Locale/de/LC_MESSAGES/quarrow.mo"
 MOST_MEMORY = 1 << 20  # KiB at the most, the software OpenGL's and all
 
@@ -69,7 +68,6 @@ class BrokenResourcesScenario(Scenario):
         self.installed.mkdir()
         shutil.copytree(self.program.parent / "resources", self.installed / "resources")
         shutil.copy2(self.program, self.installed / "quarrow")
-        shutil.copy2(self.program.parent / MODULE, self.installed)
 
     def files(self):
         for folder in FOLDERS:
@@ -141,14 +139,6 @@ class BrokenResourcesScenario(Scenario):
     def test_huge_pictures(self):
         picture = huge_picture()
         self.break_all(lambda path: path.write_bytes(picture))
-
-    def test_missing_module(self):
-        (self.installed / MODULE).unlink()
-        self.expect_one_line_each(self.play(), [self.installed / MODULE])
-
-    def test_module_of_noise(self):
-        noise(self.installed / MODULE)
-        self.expect_one_line_each(self.play(), [self.installed / MODULE])
 
 
 if __name__ == "__main__":

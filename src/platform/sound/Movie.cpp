@@ -7,8 +7,6 @@
 #include "platform/sound/Movie.h"
 
 #include "platform/base/Clock.h"
-#include "platform/sound/AudioTrack.h"
-#include "platform/sound/MediaFile.h"
 #include "platform/sound/MovieAudio.h"
 
 #include <algorithm>
@@ -37,22 +35,13 @@ constexpr int kMostArrivals = 64;
 
 std::unique_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
 {
-    auto media = MediaFile::open(file);
-    if (!media)
-    {
-        return nullptr;
-    }
-    std::unique_ptr<Movie> movie(new Movie(std::move(media)));
-    return movie->m_track || movie->m_file->video ? std::move(movie) : nullptr;
+    auto sound = SoundFile::open(file);
+    return std::unique_ptr<Movie>(sound ? new Movie(std::make_unique<MovieAudio>(std::move(*sound)))
+                                        : nullptr);
 }
 
-Movie::Movie(std::unique_ptr<MediaFile> file) : m_file(std::move(file))
+Movie::Movie(std::unique_ptr<MovieAudio> audio) : m_audio(std::move(audio))
 {
-    m_track = m_file->openAudio();
-    if (m_track)
-    {
-        m_audio = std::make_unique<MovieAudio>(*m_track, m_file->scale);
-    }
 }
 
 Movie::~Movie() = default;
@@ -132,12 +121,12 @@ void Movie::goToEnd()
 
 TimeValue Movie::duration() const
 {
-    return static_cast<TimeValue>(m_file->duration);
+    return static_cast<TimeValue>(m_audio->file().duration());
 }
 
 int Movie::timeScale() const
 {
-    return m_file->scale;
+    return m_audio->file().sampleRate();
 }
 
 TimeValue Movie::low() const
@@ -164,31 +153,6 @@ void Movie::setActiveSegment(TimeRange segment)
     m_time = std::clamp(m_time, static_cast<double>(low()), static_cast<double>(stopTime()));
 }
 
-Rect Movie::box() const
-{
-    if (!m_file->video)
-    {
-        return {};
-    }
-    return {{}, {static_cast<float>(m_file->video->width), static_cast<float>(m_file->video->height)}};
-}
-
-TimeValue Movie::nextInterestingTime(TimeValue time, bool forwards) const
-{
-    if (!m_file->video)
-    {
-        return -1;
-    }
-    auto const& times = m_file->video->times;
-    if (forwards)
-    {
-        auto const next = std::upper_bound(times.begin(), times.end(), time);
-        return static_cast<TimeValue>(next != times.end() ? *next : m_file->video->end);
-    }
-    auto const notBefore = std::lower_bound(times.begin(), times.end(), time);
-    return static_cast<TimeValue>(notBefore != times.begin() ? *(notBefore - 1) : times.front());
-}
-
 void Movie::moviesTask()
 {
     // A callback that jumps asks for a task, too; the one that serves it goes on by itself.
@@ -208,11 +172,11 @@ double Movie::takeDistance()
     double const seconds = SecondsBetween(m_lastTask, now);
     m_lastTask = now;
     double const owed = std::exchange(m_owed, 0.0);
-    if (auto const heard = m_audio ? m_audio->takeHeard() : std::nullopt)
+    if (auto const heard = m_audio->takeHeard())
     {
         return owed + static_cast<double>(*heard);
     }
-    return owed + seconds * m_file->scale * std::abs(static_cast<double>(m_rate)) / kNormalRate;
+    return owed + seconds * timeScale() * std::abs(static_cast<double>(m_rate)) / kNormalRate;
 }
 
 bool Movie::isAtEnd() const
@@ -242,7 +206,7 @@ void Movie::travel(double distance)
     {
         double const event = isAtEnd() ? 0.0 : distanceToNextEvent();
         double step = std::min(distance, event);
-        if (m_audio && m_audio->isPlaying() && m_audio->stretchLeft() > 0)
+        if (m_audio->isPlaying() && m_audio->stretchLeft() > 0)
         {
             step = std::min(step, static_cast<double>(m_audio->stretchLeft()));
             m_audio->consume(static_cast<std::int64_t>(step));
@@ -251,7 +215,7 @@ void Movie::travel(double distance)
         distance -= step;
         if (step >= event)
         {
-            bool const wasHeard = m_audio && m_audio->isPlaying();
+            bool const wasHeard = m_audio->isPlaying();
             arrive();
             ++arrivals;
             if (wasHeard && !m_audio->isPlaying())
@@ -276,7 +240,7 @@ void Movie::arrive()
     {
         m_rate = 0;
     }
-    bool const isOnCourse = m_rate != 0 && m_audio && m_audio->isPlaying() &&
+    bool const isOnCourse = m_rate != 0 && m_audio->isPlaying() &&
                             m_audio->expects(static_cast<std::int64_t>(m_time), direction());
     if (!isOnCourse)
     {
@@ -315,16 +279,13 @@ void Movie::catchUp()
     double const step = std::min(distance, most);
     m_owed = distance - step;
     m_time += step * direction();
-    if (m_audio)
-    {
-        m_audio->consume(static_cast<std::int64_t>(step));
-    }
+    m_audio->consume(static_cast<std::int64_t>(step));
 }
 
 bool Movie::isAudible() const
 {
     Fixed const speed = std::abs(m_rate);
-    return m_audio && m_isActive && speed >= kSlowestHeard && speed <= kFastestHeard;
+    return m_isActive && speed >= kSlowestHeard && speed <= kFastestHeard;
 }
 
 bool Movie::hasTrigger(MovieCallBack::Trigger trigger, TimeValue time) const
@@ -379,10 +340,7 @@ void Movie::keepSounding()
 void Movie::silence()
 {
     m_owed = 0.0;
-    if (m_audio)
-    {
-        m_audio->halt();
-    }
+    m_audio->halt();
 }
 
 } // namespace platform

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A movie, with sound, pictures or both, that plays at any rate in either direction. CBMovie is the caller.
-// Everything happens on the caller's thread inside moviesTask(): sound is fed, time is brought up to what is
-// heard, callbacks are served. Without sound, or without a device to hear it, time follows the clock.
+// A movie of sound that plays at any rate in either direction, read from its file as it plays. Time counts in
+// samples. Everything happens on the caller's thread inside moviesTask(): sound is fed, time is brought up to
+// what is heard, callbacks are served. Without a device, or at a rate that cannot be heard, time follows the
+// clock.
 #pragma once
 
-#include "platform/base/Geometry.h"
 #include "platform/sound/MovieCallBack.h"
 
 #include <cstdint>
@@ -26,14 +26,12 @@ struct TimeRange
 };
 
 class MovieAudio;
-class AudioTrack;
-struct MediaFile;
 struct MovieCourse;
 
 class Movie
 {
 public:
-    // Null when the file cannot be read or decoded.
+    // Null when the file cannot be decoded.
     static std::unique_ptr<Movie> openFile(std::filesystem::path const& file);
     ~Movie();
     Movie(Movie const&) = delete;
@@ -56,7 +54,6 @@ public:
     void goToEnd();
     TimeValue duration() const;
     int timeScale() const; // units per second
-    static TimeValue posterTime() { return 0; }
 
     // Where the time base stops when it runs forwards.
     TimeValue stopTime() const;
@@ -69,12 +66,6 @@ public:
     TimeRange selection() const { return m_selection; }
     void setSelection(TimeRange selection) { m_selection = selection; }
 
-    Rect box() const; // pixels; empty without video
-
-    // The start of the next video sample after the time, or of the one before it. The track's two ends count
-    // and are not passed; -1 without video.
-    TimeValue nextInterestingTime(TimeValue time, bool forwards) const;
-
     // Says that whoever waits for the end will send the movie back to its beginning, so that no gap is heard
     // there.
     void setLoopingHint(bool loops) { m_loopingHint = loops; }
@@ -83,7 +74,7 @@ public:
 
 private:
     friend class MovieCallBack;
-    explicit Movie(std::unique_ptr<MediaFile> file);
+    explicit Movie(std::unique_ptr<MovieAudio> audio);
 
     int direction() const { return m_rate < 0 ? -1 : 1; }
     TimeValue low() const;
@@ -100,9 +91,7 @@ private:
     void keepSounding();
     void silence();
 
-    std::unique_ptr<MediaFile> m_file;
-    std::unique_ptr<AudioTrack> m_track; // null without audio
-    std::unique_ptr<MovieAudio> m_audio; // null without audio
+    std::unique_ptr<MovieAudio> m_audio; // never null
     std::vector<MovieCallBack*> m_callBacks;
 
     double m_time = 0.0; // units; whole while sound is heard

@@ -26,10 +26,7 @@ constexpr std::int64_t kShortestAhead = 256; // samples
 
 } // namespace
 
-MovieAudio::MovieAudio(AudioTrack& track, int sampleRate)
-    : m_track(track),
-      m_sampleRate(sampleRate),
-      m_free(kBuffers)
+MovieAudio::MovieAudio(SoundFile file) : m_file(std::move(file)), m_free(kBuffers)
 {
     std::iota(m_free.begin(), m_free.end(), std::size_t{0});
 }
@@ -194,7 +191,7 @@ bool MovieAudio::feedBlock(MovieCourse const& course)
     }
     std::size_t const index = m_free.back();
     if (filled == 0 ||
-        !m_buffers[index].fill({m_block.data(), static_cast<std::size_t>(2 * filled)}, m_sampleRate))
+        !m_buffers[index].fill({m_block.data(), static_cast<std::size_t>(2 * filled)}, m_file.sampleRate()))
     {
         return false;
     }
@@ -226,7 +223,7 @@ std::int64_t MovieAudio::nextStretch(MovieCourse const& course, std::int64_t mos
 void MovieAudio::readStretch(std::int64_t length, std::int16_t* stereo)
 {
     std::int64_t const from = m_direction > 0 ? m_cursor : m_cursor - length;
-    m_track.read(from, {stereo, static_cast<std::size_t>(2 * length)});
+    m_file.read(from, {stereo, static_cast<std::size_t>(2 * length)});
     if (m_direction < 0)
     {
         // Reversed as numbers, then left and right put back in their order.

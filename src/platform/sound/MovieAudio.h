@@ -6,7 +6,7 @@
 #pragma once
 
 #include "platform/sound/AudioDevice.h"
-#include "platform/sound/AudioTrack.h"
+#include "platform/sound/SoundFile.h"
 
 #include <array>
 #include <cstdint>
@@ -38,7 +38,9 @@ struct MovieCourse
 class MovieAudio
 {
 public:
-    MovieAudio(AudioTrack& track, int sampleRate);
+    explicit MovieAudio(SoundFile file);
+
+    SoundFile const& file() const { return m_file; }
 
     // Takes the course up, or keeps it fed while it sounds. False when there is no device or no source to be
     // had.
@@ -82,8 +84,7 @@ private:
     void readStretch(std::int64_t length, std::int16_t* stereo);
     void addSpan(std::int64_t length);
 
-    AudioTrack& m_track;
-    int m_sampleRate;
+    SoundFile m_file;
     AudioSource m_source;
     std::array<AudioBuffer, kBuffers> m_buffers;
     std::vector<std::size_t> m_free; // indices into m_buffers

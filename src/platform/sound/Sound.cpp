@@ -8,7 +8,7 @@
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
 #include "platform/sound/AudioDevice.h"
-#include "platform/sound/MediaFile.h"
+#include "platform/sound/SoundFile.h"
 
 #include <algorithm>
 #include <map>
@@ -19,9 +19,6 @@ namespace platform
 {
 namespace
 {
-
-constexpr std::int64_t kLongest = 600;                              // seconds
-constexpr std::int64_t kMostSamples = (std::int64_t{64} << 20) / 4; // 64 MiB of stereo
 
 // A file's samples, and the device's copy of them, made when they are first played there.
 class Clip
@@ -46,17 +43,15 @@ private:
 void Clip::decode()
 {
     m_isDecoded = true;
-    auto const media = MediaFile::open(m_file);
-    bool const isShort = media && media->duration <= std::min(kMostSamples, kLongest * media->scale);
-    auto const track = isShort ? media->openAudio() : nullptr;
-    if (!track)
+    auto sound = SoundFile::open(m_file);
+    if (!sound)
     {
         LogFormat("cannot decode the sound %s", m_file.c_str());
         return;
     }
-    m_sampleRate = media->scale;
-    m_stereo.resize(2 * static_cast<std::size_t>(media->duration));
-    track->read(0, m_stereo);
+    m_sampleRate = sound->sampleRate();
+    m_stereo.resize(2 * static_cast<std::size_t>(sound->duration()));
+    sound->read(0, m_stereo);
 }
 
 bool Clip::startOn(AudioSource& source)

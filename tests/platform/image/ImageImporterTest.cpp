@@ -11,6 +11,11 @@
 #include <array>
 #include <cstring>
 
+extern "C"
+{
+#include <libavcodec/avcodec.h>
+}
+
 using namespace testing;
 using namespace testmedia;
 using platform::ImageImporter;
