@@ -193,15 +193,14 @@ void CBMovie::setLoopMode(int mode)
         return;
     }
     using Trigger = platform::MovieCallBack::Trigger;
-    platform::TimeValue const segmentStart = m_movie->activeSegment().start;
     disposeCallBacks();
     if (mode == kLoopPalindrome)
     {
-        armCallBack(1, Trigger::TimeBackward, segmentStart == -1 ? 0 : segmentStart);
+        armCallBack(1, Trigger::TimeBackward, 0);
     }
     if (mode == kLoopNormal || mode == kLoopPalindrome)
     {
-        armCallBack(0, Trigger::TimeForward, m_movie->stopTime());
+        armCallBack(0, Trigger::TimeForward, m_movie->duration());
     }
     m_movie->setLoopingHint(mode == kLoopNormal);
     m_loopmode = mode;
@@ -259,7 +258,7 @@ void CBMovie::gotoBeginning(Sender)
 {
     if (m_movie)
     {
-        m_movie->goToBeginning();
+        m_movie->setTimeValue(0);
         moviesTask();
     }
 }
@@ -268,7 +267,7 @@ void CBMovie::gotoEnd(Sender)
 {
     if (m_movie)
     {
-        m_movie->goToEnd();
+        m_movie->setTimeValue(m_movie->duration());
     }
 }
 
