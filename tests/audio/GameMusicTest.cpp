@@ -9,7 +9,7 @@
 #include "platform/base/Bundle.h"
 #include "platform/base/RunLoop.h"
 #include "platform/settings/Preferences.h"
-#include "platform/sound/MediaFile.h"
+#include "platform/sound/SoundFile.h"
 #include "platform/sound/TestMedia.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
@@ -145,10 +145,10 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
 {
     auto const path = platform::Bundle::pathForResource("SerialK.mp3", "Music");
     ASSERT_TRUE(path);
-    auto const file = platform::MediaFile::open(*path);
+    auto file = platform::SoundFile::open(*path);
     constexpr int kSeconds = 10;
     Samples decoded(2 * 44100 * kSeconds);
-    file->openAudio()->read(0, decoded);
+    file->read(0, decoded);
 
     Loopback loopback;
     GameSettings::Initialize();

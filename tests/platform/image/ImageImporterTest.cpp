@@ -12,6 +12,11 @@
 
 #include <array>
 
+extern "C"
+{
+#include <libavcodec/avcodec.h>
+}
+
 using namespace testing;
 using platform::ImageImporter;
 using platform::PixelBuffer;
