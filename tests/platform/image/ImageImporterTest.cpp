@@ -4,7 +4,7 @@
 // Pictures of every type, written here through libavcodec's encoders, and files that are none.
 #include "platform/image/ImageImporter.h"
 
-#include "TestMedia.h"
+#include "platform/sound/TestMedia.h"
 
 #include <gmock/gmock.h>
 
