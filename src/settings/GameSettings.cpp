@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/GameSettings.h"
 
-#include "platform/base/Unicode.h"
+#include "platform/base/Encoding.h"
 #include "platform/settings/Preferences.h"
 #include "settings/RaceTimes.h"
 #include "settings/SettingLimits.h"

@@ -39,7 +39,7 @@ protected:
     ~Application() = default;
 };
 
-// Starts the application from "Main.toml" in the resources' "Interface" folder and runs it to its end.
+// Starts the application from "Main.ini" in the resources' "Interface" folder and runs it to its end.
 // Returns the exit status: 0 after an orderly end; 1, with one log line, when there is no display, no OpenGL
 // or no readable interface file.
 int ApplicationMain(ViewClasses const& viewClasses);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window/KeyTranslation.h"
 
-#include "platform/base/Unicode.h"
+#include "platform/base/Encoding.h"
 #include "platform/window/KeyCodes.h"
 
 #include <algorithm>
@@ -114,7 +114,7 @@ std::u16string TypedCharacters(SDL_Keysym const& key, std::string_view typedText
         return {};
     }
     return IsDeadKeysAccent(typedText) ? std::u16string(1, static_cast<unsigned char>(typedText.front()))
-                                       : Utf16FromUtf8(typedText);
+                                       : Utf16FromUtf8(std::string(typedText));
 }
 
 std::u16string KeypadCharacters(SDL_Keysym const& key)
