@@ -114,12 +114,6 @@ class BrokenResourcesScenario(Scenario):
         # Without a catalogue there is no such language to choose, which is nothing to tell.
         self.expect_one_line_each(self.play(), [path for path in paths if path.suffix != ".mo" or path.exists()])
 
-        interface = self.installed / "resources" / "Interface" / "Main.toml"
-        how(interface)
-        with Game(self.display, self.home, program=str(self.installed / "quarrow"), expect_start=False) as game:
-            self.assertEqual(game.wait_exit(), 1, game.log())
-            self.expect_one_line_each(game.log().splitlines(), [interface])
-
     def test_missing_files(self):
         self.break_all(pathlib.Path.unlink)
 
