@@ -108,16 +108,18 @@ template <typename Result>
 Result Preferences::Storage::read(std::string const& key,
                                   Result (*get)(GKeyFile*, char const*, char const*, GError**))
 {
-    g_autoptr(GError) problem = nullptr;
-    Result result = get(values.get(), kGroup, key.c_str(), &problem);
-    if (problem == nullptr)
+    if (g_key_file_has_key(values.get(), kGroup, key.c_str(), nullptr) != 0)
     {
-        return result;
-    }
-    bool const isThere = g_key_file_has_key(values.get(), kGroup, key.c_str(), nullptr) != 0;
-    if (isThere && reported.insert(key).second)
-    {
-        Log("The setting " + key + " in " + file.string() + " has the wrong type; its default is used");
+        g_autoptr(GError) problem = nullptr;
+        Result result = get(values.get(), kGroup, key.c_str(), &problem);
+        if (problem == nullptr)
+        {
+            return result;
+        }
+        if (reported.insert(key).second)
+        {
+            Log("The setting " + key + " in " + file.string() + " has the wrong type; its default is used");
+        }
     }
     return get(defaults.get(), kGroup, key.c_str(), nullptr);
 }
