@@ -102,35 +102,36 @@ void PrintPoint(BenchWindow const& window, char const* name, double value, Size 
     std::fflush(stdout);
 }
 
-void PrintFloatCurve(BenchWindow const& window, char const* name, char const* key,
+void PrintFloatCurve(BenchWindow const& window, char const* name, FloatSetting const& setting,
                      std::vector<float> const& values)
 {
-    float const before = GameSettings::GetFloatParam(key);
+    float const before = GameSettings::GetFloatParam(setting);
     for (float const value : values)
     {
-        GameSettings::SetFloatParam(key, value);
+        GameSettings::SetFloatParam(setting, value);
         PrintPoint(window, name, static_cast<double>(value));
     }
-    GameSettings::SetFloatParam(key, before);
+    GameSettings::SetFloatParam(setting, before);
 }
 
 void PrintDetailCurve(BenchWindow const& window)
 {
-    int const before = GameSettings::GetIntParam("_AsteroidsSmoothness");
+    int const before = GameSettings::GetIntParam(setting::kAsteroidsSmoothness);
     for (int const slices : {5, 7, 9})
     {
-        GameSettings::SetIntParam("_AsteroidsSmoothness", slices);
+        GameSettings::SetIntParam(setting::kAsteroidsSmoothness, slices);
         PrintPoint(window, "detail (slices of a sphere)", slices);
     }
-    GameSettings::SetIntParam("_AsteroidsSmoothness", before);
+    GameSettings::SetIntParam(setting::kAsteroidsSmoothness, before);
 }
 
 void PrintCurves(BenchWindow const& window)
 {
-    PrintFloatCurve(window, "view distance (units, outside the field)", "FogEndHigh", {40.0F, 50.0F, 65.0F});
+    PrintFloatCurve(window, "view distance (units, outside the field)", setting::kFogEndHigh,
+                    {40.0F, 50.0F, 65.0F});
     PrintDetailCurve(window);
-    PrintFloatCurve(window, "density (share of filled cells at the deepest)", "_AsteroidsDensityCenter",
-                    {0.125F, 0.25F, 0.375F, 0.5F});
+    PrintFloatCurve(window, "density (share of filled cells at the deepest)",
+                    setting::kAsteroidsDensityCenter, {0.125F, 0.25F, 0.375F, 0.5F});
     for (Size const& size : {Size{320, 180}, Size{640, 360}, Size{960, 540}, kFull})
     {
         PrintPoint(window, "window (pixels across)", size.width, size);

@@ -151,8 +151,8 @@ Frustum ReferenceScene::ViewOf(int width, int height) const
 float ReferenceScene::FogEnd() const
 {
     TQ3Vector3D const& p = m_universe.GetCamera()->GetPosition();
-    float const low = GameSettings::GetFloatParam("FogEndLow");
-    float const high = GameSettings::GetFloatParam("FogEndHigh");
+    float const low = GameSettings::GetFloatParam(setting::kFogEndLow);
+    float const high = GameSettings::GetFloatParam(setting::kFogEndHigh);
     float const depth = std::min({p.x, p.y, p.z});
     if (depth <= 0.0F)
     {
@@ -220,14 +220,14 @@ void ReferenceScene::BeginFog() const
     constexpr GLfloat kColor[] = {0.05F, 0.05F, 0.1F, 1.0F};
     glFogi(GL_FOG_MODE, GL_LINEAR);
     glFogfv(GL_FOG_COLOR, kColor);
-    glFogf(GL_FOG_START, GameSettings::GetFloatParam("FogStart"));
+    glFogf(GL_FOG_START, GameSettings::GetFloatParam(setting::kFogStart));
     glFogf(GL_FOG_END, FogEnd());
     glEnable(GL_FOG);
 }
 
 void ReferenceScene::RenderMarker(Frustum const& frustum) const
 {
-    float const start = GameSettings::GetFloatParam("FogStart");
+    float const start = GameSettings::GetFloatParam(setting::kFogStart);
     glFogf(GL_FOG_START, start + (FogEnd() - start) * 0.5F);
     m_universe.GetWaypoint()->Render(frustum);
 }

@@ -163,11 +163,11 @@ void HourLongFrame(benchmark::State& state, TQ3Vector3D const& start, TQ3Vector3
 // In a field of a few asteroids, where nothing ends the search early.
 void HourLongFrameInAnAlmostEmptyField(benchmark::State& state)
 {
-    GameSettings::SetFloatParam("_AsteroidsDensityEdge", 0.0002F);
-    GameSettings::SetFloatParam("_AsteroidsDensityCenter", 0.0002F);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityEdge, 0.0002F);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, 0.0002F);
     HourLongFrame(state, {-10.0F, 3.5F, 2.5F}, {1.0F, 0.9F, 0.8F});
-    GameSettings::SetFloatParam("_AsteroidsDensityEdge", 0.01F);
-    GameSettings::SetFloatParam("_AsteroidsDensityCenter", 0.5F);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityEdge, 0.01F);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, 0.5F);
 }
 BENCHMARK(HourLongFrameInAnAlmostEmptyField)
     ->Name("world/hour-long frame, in an almost empty field")

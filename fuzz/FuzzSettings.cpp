@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as the settings file: its document is written and read back whole; keys are read in every way and
-// held to their limits, then some are changed and saved, and what was saved is read back.
+// Any bytes as the settings file: its document is written and read back whole; keys are read in every way,
+// then some are changed and saved, and what was saved is read back.
 #include "platform/settings/Preferences.h"
 #include "platform/settings/SettingsFile.h"
 #include "platform/settings/TomlText.h"
-#include "settings/SettingLimits.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -68,16 +67,11 @@ void ReadAll(platform::Preferences const& preferences)
 {
     for (char const* const key : kKeys)
     {
-        SettingLimits::Hold(key, preferences.integerForKey(key));
-        SettingLimits::Hold(key, preferences.floatForKey(key));
+        preferences.integerForKey(key);
+        preferences.floatForKey(key);
         preferences.stringForKey(key);
         preferences.integerArrayForKey(key);
     }
-    float const speed = SettingLimits::Hold("_PlayerMaxSpeed", preferences.floatForKey("_PlayerMaxSpeed"));
-    Require(speed >= 0.0F && speed <= 1000.0F);
-    int const detail =
-        SettingLimits::Hold("_AsteroidsSmoothness", preferences.integerForKey("_AsteroidsSmoothness"));
-    Require(detail >= 3 && detail <= 12);
 }
 
 // A file that cannot be parsed is set aside and counts as empty.

@@ -8,8 +8,6 @@
 namespace
 {
 
-constexpr char const* kLastTrackIndex = "MusicLastTrackIndex";
-
 struct PlaylistEntry
 {
     char const* fileName;
@@ -45,7 +43,7 @@ void GameMusic::InitTracks()
     {
         apMusic[i] = new GameMusic(kPlaylist[i].fileName);
     }
-    itrackCurrent = GameSettings::GetIntParam(kLastTrackIndex);
+    itrackCurrent = GameSettings::GetIntParam(setting::kMusicLastTrackIndex);
     fInited = true;
 }
 
@@ -54,7 +52,7 @@ void GameMusic::StartTrack()
 {
     InitTracks();
     itrackCurrent = static_cast<int>((static_cast<long long>(itrackCurrent) + 1) % kTrackCount);
-    GameSettings::SetIntParam(kLastTrackIndex, itrackCurrent);
+    GameSettings::SetIntParam(setting::kMusicLastTrackIndex, itrackCurrent);
     if (HasCurrentTrack() && fltVolume > 0.0F)
     {
         SetTrackVolume(fltVolume);

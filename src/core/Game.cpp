@@ -156,7 +156,7 @@ void Game::StartRace()
 {
     ReplaceUniverse();
     ReadControlSettings();
-    GameMusic::SetTrackVolume(GameSettings::GetFloatParam("MusicVolume"));
+    GameMusic::SetTrackVolume(GameSettings::GetFloatParam(setting::kMusicVolume));
     GameMusic::StartTrack();
 }
 
@@ -171,11 +171,11 @@ void Game::ReplaceUniverse()
 
 void Game::ReadControlSettings()
 {
-    m_mouseSensitivity = GameSettings::GetFloatParam("MouseSensitivity");
-    m_mouseDeadCenter = GameSettings::GetFloatParam("MouseDeadCenterPct");
-    m_keyThrustUp = GameSettings::GetUniCharParam("KeyDefaultThrustUp");
-    m_keyThrustDown = GameSettings::GetUniCharParam("KeyDefaultThrustDown");
-    m_keyPause = GameSettings::GetUniCharParam("KeyDefaultPause");
+    m_mouseSensitivity = GameSettings::GetFloatParam(setting::kMouseSensitivity);
+    m_mouseDeadCenter = GameSettings::GetFloatParam(setting::kMouseDeadCenterPct);
+    m_keyThrustUp = GameSettings::GetUniCharParam(setting::kKeyThrustUp);
+    m_keyThrustDown = GameSettings::GetUniCharParam(setting::kKeyThrustDown);
+    m_keyPause = GameSettings::GetUniCharParam(setting::kKeyPause);
 }
 
 void Game::EndRace()

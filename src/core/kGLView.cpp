@@ -93,7 +93,7 @@ void kGLView::drawFrame()
 void kGLView::FirstFrame()
 {
     GameSettings::Initialize();
-    FullScreenOn = GameSettings::GetIntParam("Fullscreen") != 0;
+    FullScreenOn = GameSettings::GetIntParam(setting::kFullscreen) != 0;
     if (FullScreenOn)
     {
         setFullScreen(true);
@@ -185,9 +185,9 @@ void kGLView::LeaveFullScreen()
 void kGLView::toggleFullScreen()
 {
     Log("-toggle fullscreen");
-    bool const fullScreen = GameSettings::GetIntParam("Fullscreen") == 0;
+    bool const fullScreen = GameSettings::GetIntParam(setting::kFullscreen) == 0;
     setFullScreen(fullScreen);
-    GameSettings::SetIntParam("Fullscreen", fullScreen ? 1 : 0);
+    GameSettings::SetIntParam(setting::kFullscreen, fullScreen ? 1 : 0);
 }
 
 bool kGLView::acceptsFirstResponder()

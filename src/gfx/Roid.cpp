@@ -76,7 +76,8 @@ float SolidShare(int subdivisions)
 
 Roid::Sizes Roid::SizesFromSettings()
 {
-    return {GameSettings::GetFloatParam("_AsteroidsMinR"), GameSettings::GetFloatParam("_AsteroidsMaxR")};
+    return {GameSettings::GetFloatParam(setting::kAsteroidsMinR),
+            GameSettings::GetFloatParam(setting::kAsteroidsMaxR)};
 }
 
 Roid::Roid(Universe const* universe, Sizes const& sizes) : Body(universe)
@@ -109,12 +110,12 @@ void Roid::ReadSettings()
         ReleaseShared();
     }
     m_fGotSettings = true;
-    float const medium = GameSettings::GetFloatParam("LODDistMedium");
-    float const farthest = GameSettings::GetFloatParam("LODDistFar");
+    float const medium = GameSettings::GetFloatParam(setting::kLodDistMedium);
+    float const farthest = GameSettings::GetFloatParam(setting::kLodDistFar);
     m_lodDistMedium = medium * medium;
     m_lodDistFar = farthest * farthest;
     QTLoadAsTexture(&m_texture, kPicture);
-    CreatePrerender(GameSettings::GetIntParam("_AsteroidsSmoothness"), m_ahroid);
+    CreatePrerender(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), m_ahroid);
 }
 
 // Names that are gone already are 0 and cost nothing: only the first asteroid of a field to go has work to

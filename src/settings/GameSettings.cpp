@@ -3,12 +3,13 @@
 #include "settings/GameSettings.h"
 
 #include "platform/base/Encoding.h"
+#include "platform/base/Log.h"
 #include "platform/settings/Preferences.h"
 #include "settings/RaceTimes.h"
-#include "settings/SettingLimits.h"
 
 #include <algorithm>
 #include <cstring>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,58 +23,44 @@ Preferences& Store()
     return Preferences::standard();
 }
 
-Preferences::Defaults const& DefaultsTable()
+template <typename Number>
+Preferences::Value DefaultOf(NumberSetting<Number> const& setting)
 {
-    static Preferences::Defaults const table = {
-        // Display
-        {"Fullscreen", 1},
-        {"_ShowFPS", 0},
-        {"_FPSFontSize", 12},
-        {"_FPSFontName", "Helvetica"},
+    return setting.standard;
+}
 
-        // View distance and level of detail, in world units
-        {"FogStart", 10.0F},
-        {"FogEndLow", 20.0F},
-        {"FogEndHigh", 50.0F},
-        {"LODDistMedium", 30.0F},
-        {"LODDistFar", 55.0F},
+Preferences::Value DefaultOf(TextSetting const& setting)
+{
+    return std::string(setting.standard);
+}
 
-        // The field: fill probabilities, subdivisions of a sphere, radii in world units
-        {"_AsteroidsDensityEdge", 0.01F},
-        {"_AsteroidsDensityCenter", 0.5F},
-        {"_AsteroidsSmoothness", 7},
-        {"_AsteroidsMinR", 0.1F},
-        {"_AsteroidsMaxR", 0.6F},
+Preferences::Value DefaultOf(ListSetting const&)
+{
+    return std::vector<int>{};
+}
 
-        // The ship: turns per second, units per second (squared), units
-        {"_PlayerRotationsPerSecond", 0.1F},
-        {"_PlayerMaxSpeed", 4.0F},
-        {"_PlayerMinSpeed", 0.0F},
-        {"_PlayerMaxAccel", 0.3F},
-        {"_PlayerSize", 0.2F},
+void LogOnce(char const* key, double value, double held)
+{
+    static std::set<std::string> logged;
+    if (logged.insert(key).second)
+    {
+        platform::LogFormat("The setting %s is %g, which the game cannot play with; it takes %g", key, value,
+                            held);
+    }
+}
 
-        // The cockpit
-        {"_CockpitArrowX", 7},
-        {"_CockpitArrowY", 7},
-        {"_CockpitTimerFontSize", 20},
-        {"_CockpitTimerFontName", "Courier"},
-        {"_CockpitWayptFontSize", 12},
-
-        // Controls
-        {"MouseSensitivity", 1.0F},
-        {"MouseDeadCenterPct", 0.05F},
-        {"KeyDefaultThrustUp", "w"},
-        {"KeyDefaultThrustDown", "s"},
-        {"KeyDefaultPause", "\x1B"}, // Escape
-        {"MouseInvert", 0},
-
-        // Sound, music and the five best times
-        {"SoundVolume", 1.0F},
-        {"MusicVolume", 0.5F},
-        {"MusicLastTrackIndex", -1},
-        {"RaceTimes", std::vector<int>{}},
-    };
-    return table;
+// A NaN is held to the upper end.
+template <typename Number>
+Number Hold(NumberSetting<Number> const& setting, Number value)
+{
+    bool const anyWillDo = setting.least == setting.most;
+    if (anyWillDo || (value >= setting.least && value <= setting.most))
+    {
+        return value;
+    }
+    Number const held = value < setting.least ? setting.least : setting.most;
+    LogOnce(setting.key, value, held);
+    return held;
 }
 
 // The longest prefix of at most maxBytes that does not end inside a UTF-8 sequence.
@@ -91,57 +78,67 @@ std::size_t WholeCharacters(std::string const& text, std::size_t maxBytes)
 
 void GameSettings::Initialize()
 {
-    Store().registerDefaults(DefaultsTable());
-    Store().registerMerge("RaceTimes", MergedRaceTimes);
+    Preferences::Defaults defaults;
+    for (auto const& row : setting::kTable)
+    {
+        std::visit([&](auto const& setting) { defaults[setting.key] = DefaultOf(setting); }, row);
+    }
+    Store().registerDefaults(defaults);
+    Store().registerMerge(setting::kRaceTimes.key, MergedRaceTimes);
 }
 
-int GameSettings::GetIntParam(char const* key)
+int GameSettings::GetIntParam(IntSetting const& setting)
 {
-    return SettingLimits::Hold(key, Store().integerForKey(key));
+    return Hold(setting, Store().integerForKey(setting.key));
 }
 
-void GameSettings::SetIntParam(char const* key, int value)
+void GameSettings::SetIntParam(IntSetting const& setting, int value)
 {
-    Store().setValue(key, value);
+    Store().setValue(setting.key, value);
 }
 
-float GameSettings::GetFloatParam(char const* key)
+float GameSettings::GetFloatParam(FloatSetting const& setting)
 {
-    return SettingLimits::Hold(key, Store().floatForKey(key));
+    return Hold(setting, Store().floatForKey(setting.key));
 }
 
-void GameSettings::SetFloatParam(char const* key, float value)
+float GameSettings::GetFloatParam(IntSetting const& setting)
 {
-    Store().setValue(key, value);
+    return Store().floatForKey(setting.key);
 }
 
-void GameSettings::GetStringParam(char const* key, char* buffer, std::size_t size)
+void GameSettings::SetFloatParam(FloatSetting const& setting, float value)
 {
-    std::string const text = Store().stringForKey(key);
+    Store().setValue(setting.key, value);
+}
+
+void GameSettings::GetStringParam(TextSetting const& setting, char* buffer, std::size_t size)
+{
+    std::string const text = Store().stringForKey(setting.key);
     std::size_t const length = WholeCharacters(text, size - 1);
     std::memcpy(buffer, text.data(), length);
     buffer[length] = '\0';
 }
 
-void GameSettings::SetStringParam(char const* key, char const* value)
+void GameSettings::SetStringParam(TextSetting const& setting, char const* value)
 {
-    Store().setValue(key, std::string(value));
+    Store().setValue(setting.key, std::string(value));
 }
 
-unsigned short GameSettings::GetUniCharParam(char const* key)
+unsigned short GameSettings::GetUniCharParam(TextSetting const& setting)
 {
-    std::u16string const units = platform::Utf16FromUtf8(Store().stringForKey(key));
+    std::u16string const units = platform::Utf16FromUtf8(Store().stringForKey(setting.key));
     return units.empty() ? 0 : units.front();
 }
 
-void GameSettings::SetUniCharParam(char const* key, unsigned short ch)
+void GameSettings::SetUniCharParam(TextSetting const& setting, unsigned short ch)
 {
-    Store().setValue(key, platform::Utf8FromUtf16(std::u16string(1, static_cast<char16_t>(ch))));
+    Store().setValue(setting.key, platform::Utf8FromUtf16(std::u16string(1, static_cast<char16_t>(ch))));
 }
 
-void GameSettings::GetIntArrayParam(char const* key, int* values, int count)
+void GameSettings::GetIntArrayParam(ListSetting const& setting, int* values, int count)
 {
-    std::vector<int> const stored = Store().integerArrayForKey(key);
+    std::vector<int> const stored = Store().integerArrayForKey(setting.key);
     for (int i = 0; i < count; ++i)
     {
         auto const index = static_cast<std::size_t>(i);
@@ -149,7 +146,7 @@ void GameSettings::GetIntArrayParam(char const* key, int* values, int count)
     }
 }
 
-void GameSettings::SetIntArrayParam(char const* key, int const* values, int count)
+void GameSettings::SetIntArrayParam(ListSetting const& setting, int const* values, int count)
 {
-    Store().setValue(key, std::vector<int>(values, values + count));
+    Store().setValue(setting.key, std::vector<int>(values, values + count));
 }

@@ -24,7 +24,6 @@ constexpr char const* kFontName = "Helvetica";
 constexpr int kFontSize = 20;
 
 constexpr int kTimeCount = 5; // best times kept; 0 is an empty slot
-constexpr char const* kRaceTimes = "RaceTimes";
 
 enum Caption
 {
@@ -37,13 +36,13 @@ enum Caption
 std::array<int, kTimeCount> StoredTimes()
 {
     std::array<int, kTimeCount> times{};
-    GameSettings::GetIntArrayParam(kRaceTimes, times.data(), kTimeCount);
+    GameSettings::GetIntArrayParam(setting::kRaceTimes, times.data(), kTimeCount);
     return times;
 }
 
 void StoreTimes(std::array<int, kTimeCount> const& times)
 {
-    GameSettings::SetIntArrayParam(kRaceTimes, times.data(), kTimeCount);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, times.data(), kTimeCount);
 }
 
 std::string RankWord(std::ptrdiff_t rank)

@@ -25,7 +25,7 @@ enum Item
     kBack,
 };
 
-constexpr char const* kKeySettings[] = {"KeyDefaultThrustUp", "KeyDefaultThrustDown", "KeyDefaultPause"};
+constexpr TextSetting kKeySettings[] = {setting::kKeyThrustUp, setting::kKeyThrustDown, setting::kKeyPause};
 
 struct NamedKey
 {
@@ -111,7 +111,8 @@ bool MenuKeyboard::MouseUp(int item)
         m_capture = item;
         break;
     case kInvert:
-        GameSettings::SetIntParam("MouseInvert", GameSettings::GetIntParam("MouseInvert") == 0 ? 1 : 0);
+        GameSettings::SetIntParam(setting::kMouseInvert,
+                                  GameSettings::GetIntParam(setting::kMouseInvert) == 0 ? 1 : 0);
         break;
     case kBack:
         SetCurrent(new MenuOptions);
@@ -152,7 +153,7 @@ void MenuKeyboard::SetStringForItem(int item)
         break;
     case kInvert:
     {
-        bool const inverted = GameSettings::GetIntParam("MouseInvert") != 0;
+        bool const inverted = GameSettings::GetIntParam(setting::kMouseInvert) != 0;
         // Translators: a label before YES or NO; keep the two blanks at its end.
         label = localizedString("Invert Mouse Up/Down:  ") +
                 localizedString(inverted ? MarkForCatalogue("YES") : MarkForCatalogue("NO"));

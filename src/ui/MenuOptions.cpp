@@ -83,16 +83,16 @@ char const* DensityWord(float density)
 // A thinner field lets the player see farther inside it, so the fog's nearest end goes with the density.
 void SwitchDensity()
 {
-    bool const isHalf = GameSettings::GetFloatParam("_AsteroidsDensityCenter") < 0.5F;
-    GameSettings::SetFloatParam("_AsteroidsDensityCenter", isHalf ? 0.5F : 0.25F);
-    GameSettings::SetFloatParam("FogEndLow", isHalf ? 20.0F : 30.0F);
+    bool const isHalf = GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter) < 0.5F;
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, isHalf ? 0.5F : 0.25F);
+    GameSettings::SetFloatParam(setting::kFogEndLow, isHalf ? 20.0F : 30.0F);
 }
 
 void SwitchEffects()
 {
-    bool const turnOn = GameSettings::GetFloatParam("SoundVolume") == 0.0F;
+    bool const turnOn = GameSettings::GetFloatParam(setting::kSoundVolume) == 0.0F;
     GameSound::SetVolume(turnOn);
-    GameSettings::SetFloatParam("SoundVolume", turnOn ? 1.0F : 0.0F);
+    GameSettings::SetFloatParam(setting::kSoundVolume, turnOn ? 1.0F : 0.0F);
 }
 
 char const* EffectsWord(float volume)
@@ -180,17 +180,17 @@ void MenuGraphics::SetStringForItem(int item)
     case kViewDistance:
         // Translators: a label before LOW, NORMAL or HIGH; keep the two blanks at its end.
         SetLabelAndWord(*this, item, localizedString("View Distance:  "),
-                        ViewDistanceWord(GameSettings::GetFloatParam("FogEndHigh")));
+                        ViewDistanceWord(GameSettings::GetFloatParam(setting::kFogEndHigh)));
         break;
     case kDetail:
         // Translators: how finely the asteroids are shaped; a label before LOW, NORMAL or HIGH.
         SetLabelAndWord(*this, item, localizedString("Asteroid Detail:  "),
-                        DetailWord(GameSettings::GetIntParam("_AsteroidsSmoothness")));
+                        DetailWord(GameSettings::GetIntParam(setting::kAsteroidsSmoothness)));
         break;
     case kDensity:
         // Translators: how many asteroids there are; a label before HALF or NORMAL.
         SetLabelAndWord(*this, item, localizedString("Asteroid Density:  "),
-                        DensityWord(GameSettings::GetFloatParam("_AsteroidsDensityCenter")));
+                        DensityWord(GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter)));
         break;
     default:
         break;
@@ -202,12 +202,12 @@ bool MenuGraphics::MouseUp(int item)
     switch (item)
     {
     case kViewDistance:
-        GameSettings::SetFloatParam("FogEndHigh",
-                                    NextViewDistance(GameSettings::GetFloatParam("FogEndHigh")));
+        GameSettings::SetFloatParam(setting::kFogEndHigh,
+                                    NextViewDistance(GameSettings::GetFloatParam(setting::kFogEndHigh)));
         break;
     case kDetail:
-        GameSettings::SetIntParam("_AsteroidsSmoothness",
-                                  NextDetail(GameSettings::GetIntParam("_AsteroidsSmoothness")));
+        GameSettings::SetIntParam(setting::kAsteroidsSmoothness,
+                                  NextDetail(GameSettings::GetIntParam(setting::kAsteroidsSmoothness)));
         break;
     case kDensity:
         SwitchDensity();
@@ -236,11 +236,11 @@ void MenuSound::SetStringForItem(int item)
     case kEffects:
         // Translators: the sound effects; a label before OFF or ON.
         SetLabelAndWord(*this, item, localizedString("Sound Volume:  "),
-                        EffectsWord(GameSettings::GetFloatParam("SoundVolume")));
+                        EffectsWord(GameSettings::GetFloatParam(setting::kSoundVolume)));
         break;
     case kMusic:
         SetLabelAndWord(*this, item, localizedString("Music Volume:  "),
-                        MusicWord(GameSettings::GetFloatParam("MusicVolume")));
+                        MusicWord(GameSettings::GetFloatParam(setting::kMusicVolume)));
         break;
     default:
         break;
@@ -255,8 +255,8 @@ bool MenuSound::MouseUp(int item)
         SwitchEffects();
         break;
     case kMusic:
-        GameSettings::SetFloatParam("MusicVolume",
-                                    NextMusicVolume(GameSettings::GetFloatParam("MusicVolume")));
+        GameSettings::SetFloatParam(setting::kMusicVolume,
+                                    NextMusicVolume(GameSettings::GetFloatParam(setting::kMusicVolume)));
         break;
     case kSoundBack:
         SetCurrent(new MenuOptions);

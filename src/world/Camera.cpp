@@ -19,7 +19,7 @@ Camera::Camera(Universe* universe) : Body(universe)
 
 void Camera::SetDefaults()
 {
-    SetSize(GameSettings::GetFloatParam("_PlayerSize"));
+    SetSize(GameSettings::GetFloatParam(setting::kPlayerSize));
     SetPos(0.0F, 0.0F, 40.0F);
     m_lookAt = {0.0F, 0.0F, 0.0F};
     m_up = kUnrotatedUp;

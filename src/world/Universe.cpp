@@ -21,11 +21,11 @@ namespace
 
 constexpr std::size_t kFontNameSize = 256;
 
-std::unique_ptr<Overlay> CockpitOverlay(char const* sizeKey)
+std::unique_ptr<Overlay> CockpitOverlay(IntSetting const& size)
 {
     char fontName[kFontNameSize];
-    GameSettings::GetStringParam("_CockpitTimerFontName", fontName);
-    return std::make_unique<Overlay>(0, 0, GameSettings::GetIntParam(sizeKey), fontName);
+    GameSettings::GetStringParam(setting::kCockpitTimerFontName, fontName);
+    return std::make_unique<Overlay>(0, 0, GameSettings::GetIntParam(size), fontName);
 }
 
 // How far the view may reach into a field of that density without holding more asteroids than every computer
@@ -42,7 +42,7 @@ float FarthestView(float density)
 Universe::Universe()
 {
     InitShip();
-    m_mouseInvert = GameSettings::GetIntParam("MouseInvert") != 0;
+    m_mouseInvert = GameSettings::GetIntParam(setting::kMouseInvert) != 0;
     Roid::ReadSettings();
     GenerateField();
     m_pathSearch = std::make_unique<PathSearch>(*this);
@@ -62,18 +62,18 @@ void Universe::InitShip()
     m_camera = std::make_unique<Camera>(this);
     m_camera->MoveTo(-10.0F, -10.0F, -10.0F);
     m_camera->TurnToFace(0.0F, 0.0F, 0.0F);
-    m_camera->SetMinMaxVelocity(GameSettings::GetFloatParam("_PlayerMinSpeed"),
-                                GameSettings::GetFloatParam("_PlayerMaxSpeed"));
-    m_camera->SetMaxAcceleration(GameSettings::GetFloatParam("_PlayerMaxAccel"));
-    m_camera->SetMaxRotation(GameSettings::GetFloatParam("_PlayerRotationsPerSecond"));
-    m_searchMargin = GameSettings::GetFloatParam("_AsteroidsMaxR") - m_camera->GetRadius();
+    m_camera->SetMinMaxVelocity(GameSettings::GetFloatParam(setting::kPlayerMinSpeed),
+                                GameSettings::GetFloatParam(setting::kPlayerMaxSpeed));
+    m_camera->SetMaxAcceleration(GameSettings::GetFloatParam(setting::kPlayerMaxAccel));
+    m_camera->SetMaxRotation(GameSettings::GetFloatParam(setting::kPlayerRotationsPerSecond));
+    m_searchMargin = GameSettings::GetFloatParam(setting::kAsteroidsMaxR) - m_camera->GetRadius();
 }
 
 // Level outermost, z innermost, one draw for each cell: a seed always gives the same field.
 void Universe::GenerateField()
 {
-    float const edge = GameSettings::GetFloatParam("_AsteroidsDensityEdge");
-    float const centre = GameSettings::GetFloatParam("_AsteroidsDensityCenter");
+    float const edge = GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge);
+    float const centre = GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter);
 
     Roid::Sizes const sizes = Roid::SizesFromSettings();
 
@@ -102,26 +102,27 @@ void Universe::GenerateField()
 
 void Universe::ReadSceneSettings()
 {
-    m_fogStart = GameSettings::GetFloatParam("FogStart");
-    float const farthest = FarthestView(GameSettings::GetFloatParam("_AsteroidsDensityEdge"));
-    m_fogEndLow = std::min(GameSettings::GetFloatParam("FogEndLow"), farthest);
-    m_fogEndHigh = std::min(GameSettings::GetFloatParam("FogEndHigh"), farthest);
-    m_arrowX = static_cast<float>(GameSettings::GetIntParam("_CockpitArrowX"));
-    m_arrowY = static_cast<float>(GameSettings::GetIntParam("_CockpitArrowY"));
+    m_fogStart = GameSettings::GetFloatParam(setting::kFogStart);
+    float const farthest = FarthestView(GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge));
+    m_fogEndLow = std::min(GameSettings::GetFloatParam(setting::kFogEndLow), farthest);
+    m_fogEndHigh = std::min(GameSettings::GetFloatParam(setting::kFogEndHigh), farthest);
+    m_arrowX = static_cast<float>(GameSettings::GetIntParam(setting::kCockpitArrowX));
+    m_arrowY = static_cast<float>(GameSettings::GetIntParam(setting::kCockpitArrowY));
 }
 
 void Universe::CreateOverlays()
 {
-    if (GameSettings::GetFloatParam("_ShowFPS") != 0.0F)
+    if (GameSettings::GetFloatParam(setting::kShowFps) != 0.0F)
     {
         char fontName[kFontNameSize];
-        GameSettings::GetStringParam("_FPSFontName", fontName);
-        m_fpsOverlay = std::make_unique<Overlay>(30, 30, GameSettings::GetIntParam("_FPSFontSize"), fontName);
+        GameSettings::GetStringParam(setting::kFpsFontName, fontName);
+        m_fpsOverlay =
+            std::make_unique<Overlay>(30, 30, GameSettings::GetIntParam(setting::kFpsFontSize), fontName);
     }
-    m_timerOverlay = CockpitOverlay("_CockpitTimerFontSize");
+    m_timerOverlay = CockpitOverlay(setting::kCockpitTimerFontSize);
     m_timerOverlay->SetBgColor(0.3F, 0.3F, 0.3F, 0.2F);
-    m_waypointOverlay = CockpitOverlay("_CockpitWayptFontSize");
-    m_distanceOverlay = CockpitOverlay("_CockpitWayptFontSize");
+    m_waypointOverlay = CockpitOverlay(setting::kCockpitWayptFontSize);
+    m_distanceOverlay = CockpitOverlay(setting::kCockpitWayptFontSize);
     for (Overlay* overlay : {m_waypointOverlay.get(), m_distanceOverlay.get()})
     {
         overlay->SetBgColor(0.0F, 0.0F, 0.0F, 0.0F);

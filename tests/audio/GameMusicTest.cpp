@@ -106,7 +106,7 @@ TEST_F(GameMusicTest, StoredIndexTwoGoesOnWithTheFourthTrack)
     EXPECT_EXIT(
         {
             GameSettings::Initialize();
-            GameSettings::SetIntParam("MusicLastTrackIndex", 2);
+            GameSettings::SetIntParam(setting::kMusicLastTrackIndex, 2);
             PlayRaces(1, 0.5F);
         },
         ExitedWithCode(3), "");
@@ -117,7 +117,7 @@ TEST_F(GameMusicTest, AbsurdStoredIndexIsReduced)
     EXPECT_EXIT(
         {
             GameSettings::Initialize();
-            GameSettings::SetIntParam("MusicLastTrackIndex", 2147483647);
+            GameSettings::SetIntParam(setting::kMusicLastTrackIndex, 2147483647);
             GameMusic::InitTracks();
             GameMusic::SetTrackVolume(0.25F);
             GameMusic::StopTrack();
@@ -152,7 +152,7 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
 
     Loopback loopback;
     GameSettings::Initialize();
-    GameSettings::SetIntParam("MusicLastTrackIndex", 1);
+    GameSettings::SetIntParam(setting::kMusicLastTrackIndex, 1);
     GameMusic::InitTracks();
     GameMusic::SetTrackVolume(0.5F);
     GameMusic::StartTrack();

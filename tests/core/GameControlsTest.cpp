@@ -128,9 +128,9 @@ TEST_F(GameControls, ABindingMatchesItsCaseOnly)
 
 TEST_F(GameControls, BindingsAreReadWhenARaceStarts)
 {
-    GameSettings::SetUniCharParam("KeyDefaultThrustUp", 0xF700);
-    GameSettings::SetUniCharParam("KeyDefaultThrustDown", 0xF701);
-    GameSettings::SetUniCharParam("KeyDefaultPause", u'p');
+    GameSettings::SetUniCharParam(setting::kKeyThrustUp, 0xF700);
+    GameSettings::SetUniCharParam(setting::kKeyThrustDown, 0xF701);
+    GameSettings::SetUniCharParam(setting::kKeyPause, u'p');
     startRace();
     press(u"w");
     EXPECT_EQ(throttle(), 0.0F);
@@ -146,7 +146,7 @@ TEST_F(GameControls, ABindingChangedDuringAPauseWaitsForTheNextRace)
 {
     startRace();
     press(u"\x1B");
-    GameSettings::SetUniCharParam("KeyDefaultThrustUp", u'u');
+    GameSettings::SetUniCharParam(setting::kKeyThrustUp, u'u');
     press(u"\x1B");
     press(u"u");
     EXPECT_EQ(throttle(), 0.0F);
@@ -161,8 +161,8 @@ TEST_F(GameControls, ABindingChangedDuringAPauseWaitsForTheNextRace)
 
 TEST_F(GameControls, ThePauseKeyWinsOverTheThrottle)
 {
-    GameSettings::SetUniCharParam("KeyDefaultPause", u'w');
-    GameSettings::SetUniCharParam("KeyDefaultThrustDown", u'w');
+    GameSettings::SetUniCharParam(setting::kKeyPause, u'w');
+    GameSettings::SetUniCharParam(setting::kKeyThrustDown, u'w');
     startRace();
     press(u"w");
     EXPECT_EQ(game().GetState(), kStatePaused);
@@ -171,7 +171,7 @@ TEST_F(GameControls, ThePauseKeyWinsOverTheThrottle)
 
 TEST_F(GameControls, MoreWinsOverLess)
 {
-    GameSettings::SetUniCharParam("KeyDefaultThrustDown", u'w');
+    GameSettings::SetUniCharParam(setting::kKeyThrustDown, u'w');
     startRace();
     press(u"w");
     EXPECT_NEAR(throttle(), 0.2F, kNear);
@@ -223,7 +223,7 @@ TEST_F(GameControls, TheDebugLetterIsNotNotedInMenus)
 
 TEST_F(GameControls, APauseKeyThatIsTheDebugLetterOnlyPauses)
 {
-    GameSettings::SetUniCharParam("KeyDefaultPause", u'd');
+    GameSettings::SetUniCharParam(setting::kKeyPause, u'd');
     startRace();
     press(u"d");
     EXPECT_EQ(game().GetState(), kStatePaused);
@@ -268,14 +268,14 @@ TEST_F(GameControls, TheTurnAtTheEdgeIsTheSensitivity)
     EXPECT_NEAR(turnAt(0, 300), 1.0F, 1e-5F);
     EXPECT_NEAR(turnAt(400, 600), 1.0F, 1e-5F);
     EXPECT_NEAR(turnAt(600, 300), 0.5F, 1e-5F);
-    GameSettings::SetFloatParam("MouseSensitivity", 2.5F);
+    GameSettings::SetFloatParam(setting::kMouseSensitivity, 2.5F);
     startRace();
     EXPECT_NEAR(turnAt(800, 300), 2.5F, 1e-5F);
 }
 
 TEST_F(GameControls, TheDeadZoneShrinksAsSensitivityGrows)
 {
-    GameSettings::SetFloatParam("MouseSensitivity", 2.0F);
+    GameSettings::SetFloatParam(setting::kMouseSensitivity, 2.0F);
     startRace();
     EXPECT_FALSE(turnsAt(410, 300));
     EXPECT_TRUE(turnsAt(411, 300));
@@ -284,8 +284,8 @@ TEST_F(GameControls, TheDeadZoneShrinksAsSensitivityGrows)
 TEST_F(GameControls, MouseSettingsAreReadWhenARaceStarts)
 {
     startRace();
-    GameSettings::SetFloatParam("MouseSensitivity", 2.0F);
-    GameSettings::SetFloatParam("MouseDeadCenterPct", 0.9F);
+    GameSettings::SetFloatParam(setting::kMouseSensitivity, 2.0F);
+    GameSettings::SetFloatParam(setting::kMouseDeadCenterPct, 0.9F);
     EXPECT_NEAR(turnAt(800, 300), 1.0F, 1e-5F);
     EXPECT_TRUE(turnsAt(600, 300));
     startRace();

@@ -225,10 +225,11 @@ TEST_F(GameTest, StartRaceFromTheMainMenuBringsANewWorld)
 
 TEST_F(GameTest, ARaceStartsTheNextTrack)
 {
-    int const before = GameSettings::GetIntParam("MusicLastTrackIndex");
+    int const before = GameSettings::GetIntParam(setting::kMusicLastTrackIndex);
     startRace();
     EXPECT_TRUE(musicPlays());
-    EXPECT_EQ(GameSettings::GetIntParam("MusicLastTrackIndex"), (before + 1) % GameMusic::kTrackCount);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kMusicLastTrackIndex),
+              (before + 1) % GameMusic::kTrackCount);
 }
 
 TEST_F(GameTest, ThePauseKeyFreezesTheRace)

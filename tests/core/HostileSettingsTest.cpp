@@ -31,38 +31,6 @@ namespace
 
 using platform::Preferences;
 
-constexpr char const* kNumberKeys[] = {
-    "_ShowFPS",
-    "_FPSFontSize",
-    "FogStart",
-    "FogEndLow",
-    "FogEndHigh",
-    "LODDistMedium",
-    "LODDistFar",
-    "_AsteroidsDensityEdge",
-    "_AsteroidsDensityCenter",
-    "_AsteroidsSmoothness",
-    "_AsteroidsMinR",
-    "_AsteroidsMaxR",
-    "_PlayerRotationsPerSecond",
-    "_PlayerMaxSpeed",
-    "_PlayerMinSpeed",
-    "_PlayerMaxAccel",
-    "_PlayerSize",
-    "_CockpitArrowX",
-    "_CockpitArrowY",
-    "_CockpitTimerFontSize",
-    "_CockpitWayptFontSize",
-    "MouseSensitivity",
-    "MouseDeadCenterPct",
-    "MouseInvert",
-    "SoundVolume",
-    "MusicVolume",
-    "MusicLastTrackIndex",
-};
-constexpr char const* kTextKeys[] = {"_FPSFontName", "_CockpitTimerFontName", "KeyDefaultThrustUp",
-                                     "KeyDefaultThrustDown", "KeyDefaultPause"};
-
 std::vector<Preferences::Value> HostileNumbers()
 {
     constexpr float kInfinity = std::numeric_limits<float>::infinity();
@@ -90,19 +58,15 @@ std::vector<Preferences::Value> HostileTexts()
             std::string("../../../etc/passwd")};
 }
 
-// Every key of the two lists at a value of a list, drawn from a seed; as they were, in the end.
+// Every setting but the display and the best times at a value drawn from a seed; as they were, in the end.
 class DrawnSettings
 {
 public:
     explicit DrawnSettings(unsigned seed) : m_random(seed)
     {
-        for (char const* const key : kNumberKeys)
+        for (auto const& row : setting::kTable)
         {
-            Set(key, Preferences::standard().floatForKey(key), HostileNumbers());
-        }
-        for (char const* const key : kTextKeys)
-        {
-            Set(key, Preferences::standard().stringForKey(key), HostileTexts());
+            std::visit([this](auto const& setting) { Draw(setting); }, row);
         }
     }
     ~DrawnSettings()
@@ -116,6 +80,20 @@ public:
     DrawnSettings& operator=(DrawnSettings const&) = delete;
 
 private:
+    template <typename Number>
+    void Draw(NumberSetting<Number> const& setting)
+    {
+        if (setting.key != std::string(setting::kFullscreen.key))
+        {
+            Set(setting.key, Preferences::standard().floatForKey(setting.key), HostileNumbers());
+        }
+    }
+    void Draw(TextSetting const& setting)
+    {
+        Set(setting.key, Preferences::standard().stringForKey(setting.key), HostileTexts());
+    }
+    void Draw(ListSetting const&) {}
+
     void Set(char const* key, Preferences::Value const& before, std::vector<Preferences::Value> const& values)
     {
         m_before[key] = before;
@@ -171,8 +149,8 @@ TEST_F(HostileSettings, EveryWorldCanBeFlownAndDrawn)
 // The longest view there is ends at 80 units.
 TEST_F(HostileSettings, NothingIsDrawnBeyondTheLongestView)
 {
-    test::ScopedSetting const far("FogEndHigh", 1e9F);
-    test::ScopedSetting const density("_AsteroidsDensityEdge", 0.02F);
+    test::ScopedSetting const far(setting::kFogEndHigh, 1e9F);
+    test::ScopedSetting const density(setting::kAsteroidsDensityEdge, 0.02F);
     Game::pGame->SwitchToState(kStateMenu);
     Game::pGame->SwitchToState(kStatePlaying);
     recording::start();
@@ -194,9 +172,9 @@ TEST_F(HostileSettings, NothingIsDrawnBeyondTheLongestView)
 // However dense the field, a view holds no more asteroids than can be drawn.
 TEST_F(HostileSettings, DenseFieldsEndTheViewEarlier)
 {
-    test::ScopedSetting const far("FogEndHigh", 80.0F);
-    test::ScopedSetting const density("_AsteroidsDensityEdge", 1.0F);
-    test::ScopedSetting const centre("_AsteroidsDensityCenter", 1.0F);
+    test::ScopedSetting const far(setting::kFogEndHigh, 80.0F);
+    test::ScopedSetting const density(setting::kAsteroidsDensityEdge, 1.0F);
+    test::ScopedSetting const centre(setting::kAsteroidsDensityCenter, 1.0F);
     Game::pGame->SwitchToState(kStateMenu);
     Game::pGame->SwitchToState(kStatePlaying);
     recording::start();

@@ -200,21 +200,21 @@ TEST_F(ViewInWindow, LeavingFullScreenBringsTheStartingWindowBack)
 
 TEST_F(ViewInWindow, TogglingTwiceRestoresModeAndSetting)
 {
-    GameSettings::SetIntParam("Fullscreen", 0);
+    GameSettings::SetIntParam(setting::kFullscreen, 0);
     CapturedLog log;
     m_view->toggleFullScreen();
     EXPECT_TRUE(m_view->isFullScreen());
-    EXPECT_EQ(GameSettings::GetIntParam("Fullscreen"), 1);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kFullscreen), 1);
     m_view->toggleFullScreen();
     EXPECT_FALSE(m_view->isFullScreen());
-    EXPECT_EQ(GameSettings::GetIntParam("Fullscreen"), 0);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kFullscreen), 0);
     EXPECT_THAT(log.lines(), ElementsAre("-toggle fullscreen", "Window was created", "-toggle fullscreen"));
 }
 
 // The one first frame that a process has.
 TEST_F(ViewInWindow, AWindowedStartPassesThroughFullScreenOnce)
 {
-    GameSettings::SetIntParam("Fullscreen", 0);
+    GameSettings::SetIntParam(setting::kFullscreen, 0);
     CapturedLog log;
     m_view->drawFrame();
     std::vector<std::string> const lines = log.lines();

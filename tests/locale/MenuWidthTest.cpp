@@ -84,7 +84,7 @@ TEST_P(MenuWidth, EndOfRaceAtEveryRank)
     {
         std::array<int, 5> times{};
         std::fill_n(times.begin(), rank, 1);
-        GameSettings::SetIntArrayParam("RaceTimes", times.data(), 5);
+        GameSettings::SetIntArrayParam(setting::kRaceTimes, times.data(), 5);
         MenuEndGame menu(INT_MAX);
         ASSERT_NE(probe::TextOf(menu, 1), "");
         ExpectFits(menu);
@@ -96,7 +96,7 @@ TEST_P(MenuWidth, BestTimes)
     MenuFastestTimes empty;
     ExpectFits(empty);
     constexpr std::array kTimes{INT_MAX, INT_MAX, INT_MAX, INT_MAX, INT_MAX};
-    GameSettings::SetIntArrayParam("RaceTimes", kTimes.data(), 5);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, kTimes.data(), 5);
     MenuFastestTimes full;
     ExpectFits(full);
 }
@@ -105,10 +105,10 @@ TEST_P(MenuWidth, GraphicsAtEveryValue)
 {
     for (int step = 0; step < 3; ++step)
     {
-        GameSettings::SetFloatParam("FogEndHigh",
+        GameSettings::SetFloatParam(setting::kFogEndHigh,
                                     std::array{40.0F, 50.0F, 65.0F}[static_cast<std::size_t>(step)]);
-        GameSettings::SetIntParam("_AsteroidsSmoothness", 5 + 2 * step);
-        GameSettings::SetFloatParam("_AsteroidsDensityCenter", step == 0 ? 0.25F : 0.5F);
+        GameSettings::SetIntParam(setting::kAsteroidsSmoothness, 5 + 2 * step);
+        GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, step == 0 ? 0.25F : 0.5F);
         MenuGraphics menu;
         ExpectFits(menu);
     }
@@ -118,8 +118,8 @@ TEST_P(MenuWidth, SoundAtEveryValue)
 {
     for (float const volume : {0.0F, 0.2F, 0.5F, 1.0F})
     {
-        GameSettings::SetFloatParam("SoundVolume", volume);
-        GameSettings::SetFloatParam("MusicVolume", volume);
+        GameSettings::SetFloatParam(setting::kSoundVolume, volume);
+        GameSettings::SetFloatParam(setting::kMusicVolume, volume);
         MenuSound menu;
         ExpectFits(menu);
     }
@@ -135,11 +135,12 @@ TEST_P(MenuWidth, KeyboardWithEveryKey)
     }
     for (unsigned short const key : keys)
     {
-        for (char const* const setting : {"KeyDefaultThrustUp", "KeyDefaultThrustDown", "KeyDefaultPause"})
+        for (TextSetting const& binding :
+             {setting::kKeyThrustUp, setting::kKeyThrustDown, setting::kKeyPause})
         {
-            GameSettings::SetUniCharParam(setting, key);
+            GameSettings::SetUniCharParam(binding, key);
         }
-        GameSettings::SetIntParam("MouseInvert", key % 2);
+        GameSettings::SetIntParam(setting::kMouseInvert, key % 2);
         MenuKeyboard menu;
         ExpectFits(menu);
     }

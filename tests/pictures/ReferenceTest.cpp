@@ -43,10 +43,10 @@ void UseSettings(int number)
     constexpr float kViewDistances[] = {40.0F, 50.0F, 65.0F};
     constexpr int kDetails[] = {5, 7, 9};
     bool const isHalf = number / 9 == 1;
-    GameSettings::SetFloatParam("FogEndHigh", kViewDistances[number % 3]);
-    GameSettings::SetIntParam("_AsteroidsSmoothness", kDetails[number / 3 % 3]);
-    GameSettings::SetFloatParam("_AsteroidsDensityCenter", isHalf ? 0.25F : 0.5F);
-    GameSettings::SetFloatParam("FogEndLow", isHalf ? 30.0F : 20.0F);
+    GameSettings::SetFloatParam(setting::kFogEndHigh, kViewDistances[number % 3]);
+    GameSettings::SetIntParam(setting::kAsteroidsSmoothness, kDetails[number / 3 % 3]);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, isHalf ? 0.25F : 0.5F);
+    GameSettings::SetFloatParam(setting::kFogEndLow, isHalf ? 30.0F : 20.0F);
 }
 
 void UseDefaults()

@@ -91,7 +91,7 @@ TEST_F(ScenePictures, PauseMenuStandsOverTheCockpit)
 TEST_F(ScenePictures, EndOfRaceMenuShowsTimeAndRank)
 {
     int const none[5] = {};
-    GameSettings::SetIntArrayParam("RaceTimes", none, 5);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, none, 5);
     m_scene.universe().SetCockpitVisible(false);
     Menu::SetCurrent(new MenuEndGame(95));
     EXPECT_TRUE(LooksLike(DrawScene(), "end-menu"));
@@ -100,7 +100,7 @@ TEST_F(ScenePictures, EndOfRaceMenuShowsTimeAndRank)
 TEST_F(ScenePictures, FastestTimesShowFiveRanks)
 {
     int const times[5] = {83, 95, 600, 601, 3599};
-    GameSettings::SetIntArrayParam("RaceTimes", times, 5);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, times, 5);
     Menu::SetCurrent(new MenuFastestTimes);
     EXPECT_TRUE(LooksLike(DrawMenu(), "fastest-times"));
 }
@@ -108,7 +108,7 @@ TEST_F(ScenePictures, FastestTimesShowFiveRanks)
 TEST_F(ScenePictures, FastestTimesTellOfNone)
 {
     int const none[5] = {};
-    GameSettings::SetIntArrayParam("RaceTimes", none, 5);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, none, 5);
     Menu::SetCurrent(new MenuFastestTimes);
     EXPECT_TRUE(LooksLike(DrawMenu(), "fastest-times-none"));
 }

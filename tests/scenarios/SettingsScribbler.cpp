@@ -31,13 +31,13 @@ public:
         {
             return;
         }
-        int const generation = GameSettings::GetIntParam("_FPSFontSize") + 1;
+        int const generation = GameSettings::GetIntParam(setting::kFpsFontSize) + 1;
         std::array<int, kTimeCount> times{};
         times.fill(generation);
-        GameSettings::SetIntParam("_FPSFontSize", generation);
-        GameSettings::SetFloatParam("LODDistFar", static_cast<float>(generation));
-        GameSettings::SetStringParam("_FPSFontName", std::to_string(generation).c_str());
-        GameSettings::SetIntArrayParam("RaceTimes", times.data(), kTimeCount);
+        GameSettings::SetIntParam(setting::kFpsFontSize, generation);
+        GameSettings::SetFloatParam(setting::kLodDistFar, static_cast<float>(generation));
+        GameSettings::SetStringParam(setting::kFpsFontName, std::to_string(generation).c_str());
+        GameSettings::SetIntArrayParam(setting::kRaceTimes, times.data(), kTimeCount);
         if (platform::Preferences::standard().synchronize())
         {
             std::printf("on the disk: %d\n", generation);

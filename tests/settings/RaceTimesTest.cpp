@@ -61,7 +61,7 @@ TEST(MergedRaceTimes, ClearedTableKeepsOnlyWhatTheOtherGameAdded)
 
 TEST_F(Stage, TimesOfTwoRunningGamesBothRank)
 {
-    GameSettings::SetIntArrayParam("RaceTimes", nullptr, 0);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, nullptr, 0);
     ASSERT_TRUE(platform::Preferences::standard().synchronize());
     std::array<pid_t, 2> games{};
     for (std::size_t i = 0; i < games.size(); ++i)
@@ -81,7 +81,7 @@ TEST_F(Stage, TimesOfTwoRunningGamesBothRank)
     Menu::SetCurrent(new MenuEndGame(120));
     ASSERT_TRUE(platform::Preferences::standard().synchronize());
     std::array<int, 5> times{};
-    GameSettings::GetIntArrayParam("RaceTimes", times.data(), 5);
+    GameSettings::GetIntArrayParam(setting::kRaceTimes, times.data(), 5);
     EXPECT_THAT(times, ElementsAre(83, 95, 120, 0, 0));
 }
 

@@ -18,13 +18,13 @@ namespace
 // As the game asks for it when it draws a frame.
 float TurnRequest(int mouse, int viewSize)
 {
-    double const sensitivity = GameSettings::GetFloatParam("MouseSensitivity");
-    float const deadCenter = GameSettings::GetFloatParam("MouseDeadCenterPct");
+    double const sensitivity = GameSettings::GetFloatParam(setting::kMouseSensitivity);
+    float const deadCenter = GameSettings::GetFloatParam(setting::kMouseDeadCenterPct);
     auto const turn = static_cast<float>((mouse + viewSize * -0.5) * (sensitivity + sensitivity) / viewSize);
     return std::fabs(turn) > deadCenter ? turn : 0.0F;
 }
 
-void PressKey(Game& game, char const* binding)
+void PressKey(Game& game, TextSetting const& binding)
 {
     platform::Event event;
     event.type = platform::EventType::KeyDown;
@@ -49,7 +49,7 @@ void SimulatedRace::Step()
     PilotInput const input = m_pilot->NextInput();
     if (input.throttle != 0)
     {
-        PressKey(m_game, input.throttle > 0 ? "KeyDefaultThrustUp" : "KeyDefaultThrustDown");
+        PressKey(m_game, input.throttle > 0 ? setting::kKeyThrustUp : setting::kKeyThrustDown);
     }
     m_universe->Tick(1.0 / kStepsPerSecond);
     m_universe->PlayerWantsToTurn(TurnRequest(input.mouseX, kViewWidth),

@@ -17,20 +17,20 @@ namespace
 void RestoreSettings()
 {
     GameSettings::Initialize();
-    GameSettings::SetIntParam("Fullscreen", 1);
-    GameSettings::SetFloatParam("FogEndLow", 20.0F);
-    GameSettings::SetFloatParam("FogEndHigh", 50.0F);
-    GameSettings::SetFloatParam("_AsteroidsDensityCenter", 0.5F);
-    GameSettings::SetIntParam("_AsteroidsSmoothness", 7);
-    GameSettings::SetFloatParam("MouseSensitivity", 1.0F);
-    GameSettings::SetFloatParam("MouseDeadCenterPct", 0.05F);
-    GameSettings::SetUniCharParam("KeyDefaultThrustUp", u'w');
-    GameSettings::SetUniCharParam("KeyDefaultThrustDown", u's');
-    GameSettings::SetUniCharParam("KeyDefaultPause", 0x1B);
-    GameSettings::SetIntParam("MouseInvert", 0);
-    GameSettings::SetFloatParam("SoundVolume", 1.0F);
-    GameSettings::SetFloatParam("MusicVolume", 0.5F);
-    GameSettings::SetIntArrayParam("RaceTimes", nullptr, 0);
+    GameSettings::SetIntParam(setting::kFullscreen, 1);
+    GameSettings::SetFloatParam(setting::kFogEndLow, 20.0F);
+    GameSettings::SetFloatParam(setting::kFogEndHigh, 50.0F);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, 0.5F);
+    GameSettings::SetIntParam(setting::kAsteroidsSmoothness, 7);
+    GameSettings::SetFloatParam(setting::kMouseSensitivity, 1.0F);
+    GameSettings::SetFloatParam(setting::kMouseDeadCenterPct, 0.05F);
+    GameSettings::SetUniCharParam(setting::kKeyThrustUp, u'w');
+    GameSettings::SetUniCharParam(setting::kKeyThrustDown, u's');
+    GameSettings::SetUniCharParam(setting::kKeyPause, 0x1B);
+    GameSettings::SetIntParam(setting::kMouseInvert, 0);
+    GameSettings::SetFloatParam(setting::kSoundVolume, 1.0F);
+    GameSettings::SetFloatParam(setting::kMusicVolume, 0.5F);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, nullptr, 0);
 }
 
 } // namespace

@@ -7,25 +7,11 @@ using platform::Preferences;
 namespace test
 {
 
-ScopedSetting::ScopedSetting(std::string key, int value) : m_key(std::move(key))
-{
-    GameSettings::Initialize();
-    m_before = Preferences::standard().integerForKey(m_key);
-    Preferences::standard().setValue(m_key, value);
-}
-
-ScopedSetting::ScopedSetting(std::string key, float value) : m_key(std::move(key))
+ScopedSetting::ScopedSetting(char const* key, Preferences::Value const& value) : m_key(key)
 {
     GameSettings::Initialize();
     m_before = Preferences::standard().floatForKey(m_key);
     Preferences::standard().setValue(m_key, value);
-}
-
-ScopedSetting::ScopedSetting(std::string key, char const* value) : m_key(std::move(key))
-{
-    GameSettings::Initialize();
-    m_before = Preferences::standard().stringForKey(m_key);
-    Preferences::standard().setValue(m_key, std::string(value));
 }
 
 ScopedSetting::~ScopedSetting()

@@ -13,18 +13,22 @@
 namespace test
 {
 
-// Sets a key, and puts back what it was when the object goes.
+// Stores a value of any kind, and puts back what it was when the object goes.
 class ScopedSetting
 {
 public:
-    ScopedSetting(std::string key, int value);
-    ScopedSetting(std::string key, float value);
-    ScopedSetting(std::string key, char const* value);
+    template <typename Number>
+    ScopedSetting(NumberSetting<Number> const& setting, platform::Preferences::Value const& value)
+        : ScopedSetting(setting.key, value)
+    {
+    }
     ~ScopedSetting();
     ScopedSetting(ScopedSetting const&) = delete;
     ScopedSetting& operator=(ScopedSetting const&) = delete;
 
 private:
+    ScopedSetting(char const* key, platform::Preferences::Value const& value);
+
     std::string m_key;
     platform::Preferences::Value m_before;
 };

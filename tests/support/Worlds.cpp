@@ -12,18 +12,18 @@ namespace test
 
 std::unique_ptr<Universe> EmptyWorld()
 {
-    ScopedSetting const edge("_AsteroidsDensityEdge", 0.0F);
-    ScopedSetting const centre("_AsteroidsDensityCenter", 0.0F);
+    ScopedSetting const edge(setting::kAsteroidsDensityEdge, 0.0F);
+    ScopedSetting const centre(setting::kAsteroidsDensityCenter, 0.0F);
     platform::SeedRandom(1); // a draw of exactly 0 would fill a cell; this sequence has none
     return std::make_unique<Universe>();
 }
 
 std::unique_ptr<Universe> FullWorld(float asteroidRadius)
 {
-    ScopedSetting const edge("_AsteroidsDensityEdge", 1.0F);
-    ScopedSetting const centre("_AsteroidsDensityCenter", 1.0F);
-    ScopedSetting const minR("_AsteroidsMinR", asteroidRadius);
-    ScopedSetting const maxR("_AsteroidsMaxR", asteroidRadius);
+    ScopedSetting const edge(setting::kAsteroidsDensityEdge, 1.0F);
+    ScopedSetting const centre(setting::kAsteroidsDensityCenter, 1.0F);
+    ScopedSetting const minR(setting::kAsteroidsMinR, asteroidRadius);
+    ScopedSetting const maxR(setting::kAsteroidsMaxR, asteroidRadius);
     return std::make_unique<Universe>();
 }
 

@@ -22,9 +22,9 @@ using probe::TextsOf;
 using probe::Type;
 using testing::ElementsAre;
 
-constexpr char const* kUp = "KeyDefaultThrustUp";
-constexpr char const* kDown = "KeyDefaultThrustDown";
-constexpr char const* kPause = "KeyDefaultPause";
+constexpr TextSetting kUp = setting::kKeyThrustUp;
+constexpr TextSetting kDown = setting::kKeyThrustDown;
+constexpr TextSetting kPause = setting::kKeyPause;
 
 class MenuKeyboardTest : public Stage
 {
@@ -168,10 +168,10 @@ TEST_F(MenuKeyboardTest, LeavingDiscardsTheCapture)
 TEST_F(MenuKeyboardTest, InversionToggles)
 {
     Click(3);
-    EXPECT_EQ(GameSettings::GetIntParam("MouseInvert"), 1);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kMouseInvert), 1);
     EXPECT_EQ(TextOf(menu(), 3), "Invert Mouse Up/Down:  YES");
     Click(3);
-    EXPECT_EQ(GameSettings::GetIntParam("MouseInvert"), 0);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kMouseInvert), 0);
     EXPECT_EQ(TextOf(menu(), 3), "Invert Mouse Up/Down:  NO");
 }
 
@@ -179,11 +179,11 @@ TEST_F(MenuKeyboardTest, AnyInversionButZeroIsYesAndBecomesZero)
 {
     for (int const stored : {-1, 2, 1000000})
     {
-        GameSettings::SetIntParam("MouseInvert", stored);
+        GameSettings::SetIntParam(setting::kMouseInvert, stored);
         MenuKeyboard fresh;
         EXPECT_EQ(TextOf(fresh, 3), "Invert Mouse Up/Down:  YES");
         EXPECT_TRUE(fresh.MouseUp(3));
-        EXPECT_EQ(GameSettings::GetIntParam("MouseInvert"), 0);
+        EXPECT_EQ(GameSettings::GetIntParam(setting::kMouseInvert), 0);
     }
 }
 

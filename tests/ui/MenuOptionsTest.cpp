@@ -138,14 +138,14 @@ TEST_F(OptionsTest, ViewDistanceGoesRound)
     for (auto const& [value, text] : steps)
     {
         Click(0);
-        EXPECT_EQ(GameSettings::GetFloatParam("FogEndHigh"), value);
+        EXPECT_EQ(GameSettings::GetFloatParam(setting::kFogEndHigh), value);
         EXPECT_EQ(TextOf(menu, 0), text);
     }
 }
 
 TEST_F(OptionsTest, DetailGoesRound)
 {
-    GameSettings::SetIntParam("_AsteroidsSmoothness", 5);
+    GameSettings::SetIntParam(setting::kAsteroidsSmoothness, 5);
     Menu const& menu = show<MenuGraphics>();
     EXPECT_EQ(TextOf(menu, 1), "Asteroid Detail:  LOW");
     struct
@@ -157,7 +157,7 @@ TEST_F(OptionsTest, DetailGoesRound)
     for (auto const& [value, text] : steps)
     {
         Click(1);
-        EXPECT_EQ(GameSettings::GetIntParam("_AsteroidsSmoothness"), value);
+        EXPECT_EQ(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), value);
         EXPECT_EQ(TextOf(menu, 1), text);
     }
 }
@@ -166,12 +166,12 @@ TEST_F(OptionsTest, AThinnerFieldTakesTheFogAlong)
 {
     Menu const& menu = show<MenuGraphics>();
     Click(2);
-    EXPECT_EQ(GameSettings::GetFloatParam("_AsteroidsDensityCenter"), 0.25F);
-    EXPECT_EQ(GameSettings::GetFloatParam("FogEndLow"), 30.0F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter), 0.25F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kFogEndLow), 30.0F);
     EXPECT_EQ(TextOf(menu, 2), "Asteroid Density:  HALF");
     Click(2);
-    EXPECT_EQ(GameSettings::GetFloatParam("_AsteroidsDensityCenter"), 0.5F);
-    EXPECT_EQ(GameSettings::GetFloatParam("FogEndLow"), 20.0F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter), 0.5F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kFogEndLow), 20.0F);
     EXPECT_EQ(TextOf(menu, 2), "Asteroid Density:  NORMAL");
 }
 
@@ -179,9 +179,9 @@ TEST_F(OptionsTest, EachClickChangesItsOwnSettingOnly)
 {
     show<MenuGraphics>();
     Click(0);
-    EXPECT_EQ(GameSettings::GetIntParam("_AsteroidsSmoothness"), 7);
-    EXPECT_EQ(GameSettings::GetFloatParam("_AsteroidsDensityCenter"), 0.5F);
-    EXPECT_EQ(GameSettings::GetFloatParam("FogEndLow"), 20.0F);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), 7);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter), 0.5F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kFogEndLow), 20.0F);
 }
 
 struct FloatCase
@@ -202,11 +202,11 @@ class ViewDistance : public Stage, public testing::WithParamInterface<FloatCase>
 
 TEST_P(ViewDistance, AHandSetValueShowsItsRangeAndJoinsTheCycle)
 {
-    GameSettings::SetFloatParam("FogEndHigh", GetParam().stored);
+    GameSettings::SetFloatParam(setting::kFogEndHigh, GetParam().stored);
     MenuGraphics menu;
     EXPECT_EQ(TextOf(menu, 0), std::string("View Distance:  ") + GetParam().word);
     EXPECT_TRUE(menu.MouseUp(0));
-    EXPECT_EQ(GameSettings::GetFloatParam("FogEndHigh"), GetParam().next);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kFogEndHigh), GetParam().next);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, ViewDistance,
@@ -223,13 +223,13 @@ class Density : public Stage, public testing::WithParamInterface<FloatCase>
 
 TEST_P(Density, AHandSetValueShowsItsRangeAndJoinsTheCycle)
 {
-    GameSettings::SetFloatParam("_AsteroidsDensityCenter", GetParam().stored);
-    GameSettings::SetFloatParam("FogEndLow", 1.0F);
+    GameSettings::SetFloatParam(setting::kAsteroidsDensityCenter, GetParam().stored);
+    GameSettings::SetFloatParam(setting::kFogEndLow, 1.0F);
     MenuGraphics menu;
     EXPECT_EQ(TextOf(menu, 2), std::string("Asteroid Density:  ") + GetParam().word);
     EXPECT_TRUE(menu.MouseUp(2));
-    EXPECT_EQ(GameSettings::GetFloatParam("_AsteroidsDensityCenter"), GetParam().next);
-    EXPECT_EQ(GameSettings::GetFloatParam("FogEndLow"), GetParam().next == 0.5F ? 20.0F : 30.0F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter), GetParam().next);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kFogEndLow), GetParam().next == 0.5F ? 20.0F : 30.0F);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Density,
@@ -244,11 +244,11 @@ class MusicVolume : public Stage, public testing::WithParamInterface<FloatCase>
 
 TEST_P(MusicVolume, AHandSetValueShowsItsRangeAndJoinsTheCycle)
 {
-    GameSettings::SetFloatParam("MusicVolume", GetParam().stored);
+    GameSettings::SetFloatParam(setting::kMusicVolume, GetParam().stored);
     MenuSound menu;
     EXPECT_EQ(TextOf(menu, 1), std::string("Music Volume:  ") + GetParam().word);
     EXPECT_TRUE(menu.MouseUp(1));
-    EXPECT_EQ(GameSettings::GetFloatParam("MusicVolume"), GetParam().next);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kMusicVolume), GetParam().next);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, MusicVolume,
@@ -263,11 +263,12 @@ TEST_F(OptionsTest, AMusicVolumeOutsideAllRangesJoinsTheCycle)
 {
     for (float const stored : {-1.0F, -kInfinity, kNan})
     {
-        GameSettings::SetFloatParam("MusicVolume", stored);
+        GameSettings::SetFloatParam(setting::kMusicVolume, stored);
         MenuSound menu;
         EXPECT_THAT(TextOf(menu, 1), testing::StartsWith("Music Volume:  "));
         menu.MouseUp(1);
-        EXPECT_THAT(GameSettings::GetFloatParam("MusicVolume"), testing::AnyOf(0.0F, 0.2F, 0.5F, 1.0F));
+        EXPECT_THAT(GameSettings::GetFloatParam(setting::kMusicVolume),
+                    testing::AnyOf(0.0F, 0.2F, 0.5F, 1.0F));
     }
 }
 
@@ -289,11 +290,11 @@ class Detail : public Stage, public testing::WithParamInterface<IntCase>
 
 TEST_P(Detail, AHandSetValueShowsItsRangeAndJoinsTheCycle)
 {
-    GameSettings::SetIntParam("_AsteroidsSmoothness", GetParam().stored);
+    GameSettings::SetIntParam(setting::kAsteroidsSmoothness, GetParam().stored);
     MenuGraphics menu;
     EXPECT_EQ(TextOf(menu, 1), std::string("Asteroid Detail:  ") + GetParam().word);
     EXPECT_TRUE(menu.MouseUp(1));
-    EXPECT_EQ(GameSettings::GetIntParam("_AsteroidsSmoothness"), GetParam().next);
+    EXPECT_EQ(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), GetParam().next);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Detail,
@@ -306,12 +307,12 @@ TEST_F(OptionsTest, EffectsAreSwitchedAtOnce)
     Menu const& menu = show<MenuSound>();
     Click(0);
     EXPECT_FALSE(GameSound::IsOn());
-    EXPECT_EQ(GameSettings::GetFloatParam("SoundVolume"), 0.0F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kSoundVolume), 0.0F);
     EXPECT_EQ(TextOf(menu, 0), "Sound Volume:  OFF");
     EXPECT_FALSE(frozen::Plays("Click.AIFF")) << "the click that switches off is not heard";
     Click(0);
     EXPECT_TRUE(GameSound::IsOn());
-    EXPECT_EQ(GameSettings::GetFloatParam("SoundVolume"), 1.0F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kSoundVolume), 1.0F);
     EXPECT_EQ(TextOf(menu, 0), "Sound Volume:  ON");
     EXPECT_TRUE(frozen::Plays("Click.AIFF")) << "the click that switches on is";
 }
@@ -320,24 +321,24 @@ TEST_F(OptionsTest, AnyEffectsVolumeButZeroIsOn)
 {
     for (float const stored : {0.3F, -1.0F, 50.0F, kNan})
     {
-        GameSettings::SetFloatParam("SoundVolume", stored);
+        GameSettings::SetFloatParam(setting::kSoundVolume, stored);
         MenuSound menu;
         EXPECT_EQ(TextOf(menu, 0), "Sound Volume:  ON");
         menu.MouseUp(0);
-        EXPECT_EQ(GameSettings::GetFloatParam("SoundVolume"), 0.0F);
+        EXPECT_EQ(GameSettings::GetFloatParam(setting::kSoundVolume), 0.0F);
         EXPECT_FALSE(GameSound::IsOn());
     }
 }
 
 TEST_F(OptionsTest, EffectsSoundAfterAStartWhateverWasStored)
 {
-    GameSettings::SetFloatParam("SoundVolume", 0.0F);
+    GameSettings::SetFloatParam(setting::kSoundVolume, 0.0F);
     MenuSound menu;
     EXPECT_EQ(TextOf(menu, 0), "Sound Volume:  OFF");
     EXPECT_TRUE(GameSound::IsOn());
     menu.MouseUp(0);
     EXPECT_TRUE(GameSound::IsOn());
-    EXPECT_EQ(GameSettings::GetFloatParam("SoundVolume"), 1.0F);
+    EXPECT_EQ(GameSettings::GetFloatParam(setting::kSoundVolume), 1.0F);
 }
 
 TEST_F(OptionsTest, MusicGoesRound)
@@ -354,7 +355,7 @@ TEST_F(OptionsTest, MusicGoesRound)
     for (auto const& [value, text] : steps)
     {
         Click(1);
-        EXPECT_EQ(GameSettings::GetFloatParam("MusicVolume"), value);
+        EXPECT_EQ(GameSettings::GetFloatParam(setting::kMusicVolume), value);
         EXPECT_EQ(TextOf(menu, 1), text);
     }
 }

@@ -32,13 +32,13 @@ using Times = std::array<int, 5>;
 
 void Store(Times const& times)
 {
-    GameSettings::SetIntArrayParam("RaceTimes", times.data(), 5);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, times.data(), 5);
 }
 
 Times Stored()
 {
     Times times{-1, -1, -1, -1, -1};
-    GameSettings::GetIntArrayParam("RaceTimes", times.data(), 5);
+    GameSettings::GetIntArrayParam(setting::kRaceTimes, times.data(), 5);
     return times;
 }
 
@@ -186,11 +186,11 @@ TEST_F(MenuEndGameTest, ARaceOfNoTimeIsStoredAndReadsAsAnEmptySlot)
 TEST_F(MenuEndGameTest, AListOfAnotherLengthIsReadAsFive)
 {
     std::array<int, 7> const tooMany{10, 20, 30, 40, 50, 60, 70};
-    GameSettings::SetIntArrayParam("RaceTimes", tooMany.data(), 7);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, tooMany.data(), 7);
     MenuEndGame const first(45);
     EXPECT_EQ(TextOf(first, 1), "Your time is ranked: FIFTH");
     EXPECT_THAT(Stored(), ElementsAre(10, 20, 30, 40, 45));
-    GameSettings::SetIntArrayParam("RaceTimes", tooMany.data(), 1);
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, tooMany.data(), 1);
     MenuEndGame const second(45);
     EXPECT_EQ(TextOf(second, 1), "Your time is ranked: SECOND");
     EXPECT_THAT(Stored(), ElementsAre(10, 45, 0, 0, 0));

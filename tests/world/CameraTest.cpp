@@ -47,7 +47,7 @@ TEST_F(CameraTest, StartsOnTheZAxisLookingAtTheOrigin)
 
 TEST_F(CameraTest, SettingDecidesTheDiameterButNotTheRadius)
 {
-    test::ScopedSetting const size("_PlayerSize", 0.7F);
+    test::ScopedSetting const size(setting::kPlayerSize, 0.7F);
     Camera const camera(m_world.get());
     EXPECT_EQ(camera.GetRadius(), 0.1F);
     EXPECT_EQ(camera.GetDiameter(), 1.4F);

@@ -82,8 +82,8 @@ TEST_F(RoidTest, SizeClassIsTheNextDrawModuloFour)
 
 TEST_F(RoidTest, EqualRadiiMakeAllTheSmallestWithoutADraw)
 {
-    ScopedSetting const minR("_AsteroidsMinR", 0.4F);
-    ScopedSetting const maxR("_AsteroidsMaxR", 0.4F);
+    ScopedSetting const minR(setting::kAsteroidsMinR, 0.4F);
+    ScopedSetting const maxR(setting::kAsteroidsMaxR, 0.4F);
     std::srand(8);
     int const next = std::rand();
     platform::SeedRandom(8);
@@ -98,8 +98,8 @@ TEST_F(RoidTest, EqualRadiiMakeAllTheSmallestWithoutADraw)
 
 TEST_F(RoidTest, EqualRadiiGiveFourEqualRowsOfLists)
 {
-    ScopedSetting const minR("_AsteroidsMinR", 0.4F);
-    ScopedSetting const maxR("_AsteroidsMaxR", 0.4F);
+    ScopedSetting const minR(setting::kAsteroidsMinR, 0.4F);
+    ScopedSetting const maxR(setting::kAsteroidsMaxR, 0.4F);
     for (std::vector<double> const& sphere : CompiledSpheres())
     {
         EXPECT_EQ(sphere[0], 0.4F);
@@ -153,7 +153,7 @@ TEST_F(RoidTest, EachLevelKnowsTheBallThatItsMeshContains)
 {
     for (int const smoothness : {3, 5, 7, 9, 12})
     {
-        ScopedSetting const setting("_AsteroidsSmoothness", smoothness);
+        ScopedSetting const setting(setting::kAsteroidsSmoothness, smoothness);
         Roid::ReadSettings();
         EXPECT_NEAR(Roid::m_asolidShare[0], NearestFace(smoothness), 1e-6);
         EXPECT_NEAR(Roid::m_asolidShare[1], NearestFace((smoothness + 4) / 2), 1e-6);
@@ -172,7 +172,7 @@ TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)
 {
     for (auto const& [smoothness, middle] : {std::pair{8, 6}, std::pair{5, 4}})
     {
-        ScopedSetting const setting("_AsteroidsSmoothness", smoothness);
+        ScopedSetting const setting(setting::kAsteroidsSmoothness, smoothness);
         std::vector<std::vector<double>> const spheres = CompiledSpheres();
         EXPECT_EQ(spheres[0][1], smoothness);
         EXPECT_EQ(spheres[1][1], middle);

@@ -240,8 +240,8 @@ TEST_F(UniverseSceneTest, FogHasItsColourAndReachesToTheDepthOfThePlace)
 
 TEST_F(UniverseSceneTest, FogFollowsItsSettings)
 {
-    test::ScopedSetting const start("FogStart", 5.0F);
-    test::ScopedSetting const high("FogEndHigh", 80.0F);
+    test::ScopedSetting const start(setting::kFogStart, 5.0F);
+    test::ScopedSetting const high(setting::kFogEndHigh, 80.0F);
     auto const world = test::EmptyWorld();
     std::vector<Call> const calls = Drawing(*world);
     EXPECT_EQ(FogParameter(calls, GL_FOG_START), 5.0);
@@ -314,7 +314,7 @@ TEST_F(UniverseSceneTest, HiddenCockpitIsNotDrawn)
 
 TEST_F(UniverseSceneTest, FrameRateIsShownOverTheSceneCockpitOrNot)
 {
-    test::ScopedSetting const shown("_ShowFPS", 1);
+    test::ScopedSetting const shown(setting::kShowFps, 1);
     auto const world = test::EmptyWorld();
     world->SetCockpitVisible(false);
     world->Tick(0.25);

@@ -142,8 +142,8 @@ TEST_F(FieldViewTest, UpperEndOfTheCellRangeIsExcluded)
 
 TEST_F(FieldViewTest, LevelOfDetailFollowsTheDistanceFromTheApex)
 {
-    test::ScopedSetting const medium("LODDistMedium", 10.0F);
-    test::ScopedSetting const farthest("LODDistFar", 15.0F);
+    test::ScopedSetting const medium(setting::kLodDistMedium, 10.0F);
+    test::ScopedSetting const farthest(setting::kLodDistFar, 15.0F);
     Roid::ReadSettings();
     Fill(1, 0);
     test::LayShip(m_ship, {40.5F, 40.5F, 40.0F}); // the apex is at z = 41

@@ -242,10 +242,10 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongSmallAsteroids)
 // Every radius is above the margin here: the smallest wins over the greatest.
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongAsteroidsLargerThanTheMargin)
 {
-    ScopedSetting const edge("_AsteroidsDensityEdge", 0.02F);
-    ScopedSetting const centre("_AsteroidsDensityCenter", 0.1F);
-    ScopedSetting const minR("_AsteroidsMinR", 0.9F);
-    ScopedSetting const maxR("_AsteroidsMaxR", 0.3F);
+    ScopedSetting const edge(setting::kAsteroidsDensityEdge, 0.02F);
+    ScopedSetting const centre(setting::kAsteroidsDensityCenter, 0.1F);
+    ScopedSetting const minR(setting::kAsteroidsMinR, 0.9F);
+    ScopedSetting const maxR(setting::kAsteroidsMaxR, 0.3F);
     ExpectPlainAnswers(*test::SeededWorld(12), 0.3F - kShipRadius, Rounds(20000));
 }
 
@@ -253,10 +253,10 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongAsteroidsLargerThanTheMar
 // the walk comes to the one that counts last.
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongAsteroidsEquallyNear)
 {
-    ScopedSetting const edge("_AsteroidsDensityEdge", 0.15F);
-    ScopedSetting const centre("_AsteroidsDensityCenter", 0.15F);
-    ScopedSetting const minR("_AsteroidsMinR", 0.9F);
-    ScopedSetting const maxR("_AsteroidsMaxR", 0.9F);
+    ScopedSetting const edge(setting::kAsteroidsDensityEdge, 0.15F);
+    ScopedSetting const centre(setting::kAsteroidsDensityCenter, 0.15F);
+    ScopedSetting const minR(setting::kAsteroidsMinR, 0.9F);
+    ScopedSetting const maxR(setting::kAsteroidsMaxR, 0.9F);
     auto const world = test::SeededWorld(16);
     Path const diagonals[] = {{{99.0F, 0.0F, 80.0F}, {79.0F, 20.0F, 60.0F}},
                               {{127.0F, 4.0F, 123.0F}, {107.0F, -16.0F, 103.0F}}};
@@ -268,8 +268,8 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellAmongAsteroidsEquallyNear)
 
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellOnLongPaths)
 {
-    ScopedSetting const edge("_AsteroidsDensityEdge", 0.0005F);
-    ScopedSetting const centre("_AsteroidsDensityCenter", 0.002F);
+    ScopedSetting const edge(setting::kAsteroidsDensityEdge, 0.0005F);
+    ScopedSetting const centre(setting::kAsteroidsDensityCenter, 0.002F);
     ExpectPlainAnswersFarOut(*test::SeededWorld(13), 0.6F - kShipRadius, Rounds(2000));
 }
 
@@ -280,8 +280,8 @@ TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellOnLongPathsThroughTheUsualFiel
 
 TEST_F(PathSearchTest, AnswersLikeATestOfEveryCellWhereCoordinatesAreCoarse)
 {
-    ScopedSetting const edge("_AsteroidsDensityEdge", 0.002F);
-    ScopedSetting const centre("_AsteroidsDensityCenter", 0.002F);
+    ScopedSetting const edge(setting::kAsteroidsDensityEdge, 0.002F);
+    ScopedSetting const centre(setting::kAsteroidsDensityCenter, 0.002F);
     auto const world = test::SeededWorld(15);
     PathSource paths;
     for (int i = 0; i < Rounds(2000); ++i)

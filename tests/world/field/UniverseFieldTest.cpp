@@ -199,10 +199,10 @@ TEST_F(UniverseFieldTest, ShipStartsOutsideFacingTheOrigin)
 
 TEST_F(UniverseFieldTest, ShipIsBuiltAsTheSettingsSay)
 {
-    ScopedSetting const minimum("_PlayerMinSpeed", 0.5F);
-    ScopedSetting const maximum("_PlayerMaxSpeed", 7.0F);
-    ScopedSetting const acceleration("_PlayerMaxAccel", 2.0F);
-    ScopedSetting const turn("_PlayerRotationsPerSecond", 0.75F);
+    ScopedSetting const minimum(setting::kPlayerMinSpeed, 0.5F);
+    ScopedSetting const maximum(setting::kPlayerMaxSpeed, 7.0F);
+    ScopedSetting const acceleration(setting::kPlayerMaxAccel, 2.0F);
+    ScopedSetting const turn(setting::kPlayerRotationsPerSecond, 0.75F);
     auto const world = test::EmptyWorld();
     Camera const& ship = *world->GetCamera();
     EXPECT_EQ(ship.GetMinVelocity(), 0.5F);
@@ -231,7 +231,7 @@ TEST_F(UniverseFieldTest, ReadOutsHaveTheirFontsAndColours)
 TEST_F(UniverseFieldTest, FrameRateIsShownOnlyWhenTheSettingAsks)
 {
     EXPECT_EQ(test::EmptyWorld()->GetFPSOverlay(), nullptr);
-    ScopedSetting const shown("_ShowFPS", 1);
+    ScopedSetting const shown(setting::kShowFps, 1);
     auto const world = test::EmptyWorld();
     ASSERT_NE(world->GetFPSOverlay(), nullptr);
     EXPECT_EQ(probe::FontOf(*world->GetFPSOverlay()), "Helvetica");
