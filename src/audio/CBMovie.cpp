@@ -4,7 +4,7 @@
 // Callbacks fire once, so that every end of play arms them afresh.
 #include "audio/CBMovie.h"
 
-#include "platform/base/FileURL.h"
+#include "platform/base/Encoding.h"
 #include "platform/base/RunLoop.h"
 #include "platform/sound/Pasteboard.h"
 

@@ -4,7 +4,7 @@
 
 #include "audio/CBMovie.h"
 #include "platform/base/Bundle.h"
-#include "platform/base/FileURL.h"
+#include "platform/base/Encoding.h"
 #include "platform/base/Log.h"
 
 GameSoundNSMovie::GameSoundNSMovie(char const* fileName)

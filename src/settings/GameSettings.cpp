@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/GameSettings.h"
 
+#include "platform/base/Encoding.h"
 #include "platform/base/Log.h"
-#include "platform/base/Unicode.h"
 #include "platform/settings/Preferences.h"
 #include "settings/RaceTimes.h"
 

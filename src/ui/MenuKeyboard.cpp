@@ -3,7 +3,7 @@
 #include "ui/MenuKeyboard.h"
 
 #include "platform/base/Bundle.h"
-#include "platform/base/Unicode.h"
+#include "platform/base/Encoding.h"
 #include "platform/window/KeyCodes.h"
 #include "settings/GameSettings.h"
 #include "ui/MenuGame.h"

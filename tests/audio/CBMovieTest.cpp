@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "audio/CBMovie.h"
 
-#include "platform/base/FileURL.h"
+#include "platform/base/Encoding.h"
 #include "platform/base/RunLoop.h"
 #include "platform/sound/Pasteboard.h"
 #include "platform/sound/TestMedia.h"

@@ -5,6 +5,8 @@
 Everything waits for what it expects, with a limit, and never just sleeps.
 """
 
+import configparser
+import json
 import os
 import pathlib
 import shutil
@@ -13,7 +15,6 @@ import struct
 import subprocess
 import tempfile
 import time
-import tomllib
 import unittest
 
 from x11 import Connection
@@ -31,6 +32,23 @@ def wait_until(condition, what, limit=WAIT_LIMIT):
             return value
         time.sleep(0.02)
     raise AssertionError("waited in vain for " + (what() if callable(what) else what))
+
+
+SETTINGS_GROUP = "[Settings]\n"
+
+
+def read_settings(file):
+    """The keys of a settings file and their values: numbers, lists of numbers, or else texts. Empty without the file."""
+    def value_of(text):
+        try:
+            return [int(number) for number in text.split(";")[:-1]] if ";" in text else json.loads(text)
+        except ValueError:
+            return text
+
+    parser = configparser.RawConfigParser(delimiters="=", comment_prefixes="#", strict=False)
+    parser.optionxform = str  # which else makes keys small
+    parser.read(file)
+    return {key: value_of(text) for key, text in parser["Settings"].items()} if "Settings" in parser else {}
 
 
 class Display:
@@ -120,7 +138,7 @@ class Game:
     def __init__(self, display, home, environment=None, expect_start=True, program=None):
         self.display = display
         self.home = pathlib.Path(home)
-        self.config = self.home / ".config" / "quarrow" / "settings.toml"
+        self.config = self.home / ".config" / "quarrow" / "settings.ini"
         self._log_path = self.home / f"log-{time.monotonic_ns()}.txt"
         env = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "SDL_", "LC_")) and
                k not in ("WAYLAND_DISPLAY", "LANGUAGE")}
@@ -149,10 +167,10 @@ class Game:
         return pathlib.Path(f"/proc/{self.process.pid}/maps").read_text()
 
     def settings(self):
-        return tomllib.loads(self.config.read_text()) if self.config.exists() else {}
+        return read_settings(self.config)
 
     def wait_for_setting(self, key, value):
-        wait_until(lambda: self.settings().get(key) == value, f"{key} = {value} in settings.toml")
+        wait_until(lambda: self.settings().get(key) == value, f"{key} = {value} in settings.ini")
 
     def window(self):
         """The visible window's (x, y, width, height)."""
@@ -281,6 +299,7 @@ class Scenario(unittest.TestCase):
         return display
 
     def write_settings(self, text):
-        folder = self.home / ".config" / "quarrow"
-        folder.mkdir(parents=True, exist_ok=True)
-        (folder / "settings.toml").write_text(text)
+        """text: a line for each key."""
+        file = self.home / ".config" / "quarrow" / "settings.ini"
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(SETTINGS_GROUP + text)

@@ -29,7 +29,7 @@ class BadInputScenario(Scenario):
     def settings_file(self):
         folder = self.home / ".config" / "quarrow"
         folder.mkdir(parents=True, exist_ok=True)
-        return folder / "settings.toml"
+        return folder / "settings.ini"
 
     def expect_refusal(self, display, word, **environment):
         with Game(display, self.home, environment=environment, expect_start=False) as game:
@@ -52,12 +52,12 @@ class BadInputScenario(Scenario):
         self.expect_refusal(self.open_display(), "display", SDL_VIDEODRIVER="dummy")
 
     def test_missing_interface_file_is_told_and_ends(self):
-        (self.installed_copy() / "Interface" / "Main.toml").unlink()
-        self.expect_refusal(self.open_display(), "Main.toml")
+        (self.installed_copy() / "Interface" / "Main.ini").unlink()
+        self.expect_refusal(self.open_display(), "Main.ini")
 
     def test_broken_interface_file_is_told_and_ends(self):
-        (self.installed_copy() / "Interface" / "Main.toml").write_text("[window\n")
-        self.expect_refusal(self.open_display(), "Main.toml")
+        (self.installed_copy() / "Interface" / "Main.ini").write_text("[Window\n")
+        self.expect_refusal(self.open_display(), "Main.ini")
 
     def test_missing_pictures_and_sounds_do_not_stop_play(self):
         resources = self.installed_copy()
@@ -71,30 +71,30 @@ class BadInputScenario(Scenario):
 
     def test_broken_settings_are_set_aside_and_play_goes_on(self):
         display = self.open_display()
-        for broken in (b"Fullscreen = ", b"\x00\xff\xfe\x80" * 100, b"[[[["):
+        for broken in (b"Fullscreen", b"\xff\xfe\x80\x00" * 100, b"[[[["):
             with self.subTest(broken=broken):
                 self.settings_file().write_bytes(broken)
-                self.expect_play(display, "settings.toml")
-                aside = list(self.settings_file().parent.glob("settings.toml.broken-*"))
+                self.expect_play(display, "settings.ini")
+                aside = list(self.settings_file().parent.glob("settings.ini.broken-*"))
                 self.assertIn(broken, [path.read_bytes() for path in aside])
 
     def test_wrong_type_costs_that_key_alone(self):
-        self.settings_file().write_text('FogEndHigh = "far"\nMusicVolume = 1.0\n')
+        self.write_settings("FogEndHigh=far\nMusicVolume=1.0\n")
         self.expect_play(self.open_display(), "FogEndHigh")
-        self.assertIn("MusicVolume = 1.0", self.settings_file().read_text())
+        self.assertIn("MusicVolume=1.0", self.settings_file().read_text())
 
     def test_hostile_values_show_on_every_screen_and_join_their_cycles(self):
-        self.settings_file().write_text("""
+        self.write_settings("""\
 FogEndHigh = inf
 _AsteroidsSmoothness = 2147483647
 _AsteroidsDensityCenter = nan
 SoundVolume = nan
 MusicVolume = -5.0
-KeyDefaultThrustUp = ""
-KeyDefaultThrustDown = "throttle"
+KeyDefaultThrustUp =
+KeyDefaultThrustDown = throttle
 KeyDefaultPause = 27
 MouseInvert = -2147483648
-RaceTimes = [-5, "soon", 1.5, nan, 83, 84, 85]
+RaceTimes = -5;soon;1.5;nan;83;84;85
 """)
         with Game(self.open_display(), self.home) as game:
             game.wait_for_items(present=range(5))

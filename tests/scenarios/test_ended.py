@@ -7,7 +7,7 @@ import signal
 import time
 import unittest
 
-from game_window import Display, Game, Scenario, wait_until
+from game_window import SETTINGS_GROUP, Display, Game, Scenario, wait_until
 
 # Sanitizers make a frame several times as long.
 LIMIT = 1.0 if "asan" not in os.environ["QUARROW_PROGRAM"] else 5.0  # seconds
@@ -67,7 +67,7 @@ class EndedScenario(Scenario):
                 self.check_time(lambda how=how: self.prepared_and_ended(prepare, settings, how))
 
     def prepared_and_ended(self, prepare, settings, how):
-        (self.folder / "settings.toml").write_text(settings)
+        self.write_settings(settings)
         display = Display()
         try:
             with Game(display, self.home) as game:
@@ -77,7 +77,7 @@ class EndedScenario(Scenario):
                 self.assertEqual(game.settings().get(key), value)
         finally:
             display.close()
-        self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.toml"])
+        self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.ini"])
         return seconds
 
     def to_full_screen(self, game):
@@ -133,7 +133,7 @@ class EndedScenario(Scenario):
                 self.check_time(lambda how=how: self.ended_while_it_loads(how))
 
     def ended_while_it_loads(self, how):
-        (self.folder / "settings.toml").write_text("FogStart = 12.0\n")
+        self.write_settings("FogStart=12.0\n")
         display = Display()
         try:
             with Game(display, self.home, expect_start=False) as game:
@@ -141,7 +141,7 @@ class EndedScenario(Scenario):
                 seconds = self.end(game, how)
         finally:
             display.close()
-        self.assertEqual((self.folder / "settings.toml").read_text(), "FogStart = 12.0\n")
+        self.assertEqual((self.folder / "settings.ini").read_text(), SETTINGS_GROUP + "FogStart=12.0\n")
         return seconds
 
 

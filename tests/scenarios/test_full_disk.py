@@ -7,7 +7,7 @@ import unittest
 
 from game_window import Game, Scenario, wait_until
 
-OLD = "Fullscreen = 0\nRaceTimes = [ 83, 95 ]\n"
+OLD = "[Settings]\nFullscreen=0\nRaceTimes=83;95;\n"
 
 
 class FullDiskScenario(Scenario):
@@ -17,7 +17,7 @@ class FullDiskScenario(Scenario):
         self.folder.mkdir(parents=True)
         subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", self.folder], check=True)
         self.addCleanup(subprocess.run, ["umount", "-l", self.folder], check=True)
-        self.file = self.folder / "settings.toml"
+        self.file = self.folder / "settings.ini"
         self.file.write_text(OLD)
         self.display = self.open_display()
 
@@ -51,7 +51,7 @@ class FullDiskScenario(Scenario):
             game.wait_for_setting("Fullscreen", 1)
             self.assertEqual(game.settings()["RaceTimes"], [83, 95])
             self.assertEqual(len(self.complaints(game)), 1, game.log())
-            self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.toml"])
+            self.assertEqual([path.name for path in self.folder.iterdir()], ["settings.ini"])
             self.assertEqual(game.end(), 0)
 
     def test_game_that_is_ended_on_a_full_disk_leaves_the_old_file(self):

@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 import unittest
 
-from game_window import Display, Game
+from game_window import SETTINGS_GROUP, Display, Game
 
 BUILD = pathlib.Path(os.environ["QUARROW_PROGRAM"]).parent
 
@@ -20,9 +20,9 @@ class InstalledScenario(unittest.TestCase):
         self.addCleanup(self._folder.cleanup)
         self.folder = pathlib.Path(self._folder.name)
         self.home = self.folder / "home"
-        configuration = self.home / ".config" / "quarrow"
-        configuration.mkdir(parents=True)
-        (configuration / "settings.toml").write_text("Fullscreen = 0\n")
+        settings = self.home / ".config" / "quarrow" / "settings.ini"
+        settings.parent.mkdir(parents=True)
+        settings.write_text(SETTINGS_GROUP + "Fullscreen=0\n")
         self.display = Display()
         self.addCleanup(self.display.close)
 

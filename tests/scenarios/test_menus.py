@@ -210,7 +210,7 @@ class MenuScenario(Scenario):
         game.wait_for_setting("KeyDefaultThrustUp", "^")
 
     def test_best_times_are_shown_and_cleared(self):
-        self.write_settings("RaceTimes = [83, 95]\n")
+        self.write_settings("RaceTimes=83;95;\n")
         game = self.start()
         game.wait_for_items(present=range(5))
         game.click_item(1)

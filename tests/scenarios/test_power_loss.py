@@ -6,10 +6,9 @@ import os
 import random
 import re
 import time
-import tomllib
 import unittest
 
-from game_window import Display, Game, Scenario, wait_until
+from game_window import Display, Game, Scenario, read_settings, wait_until
 
 KILLS = int(os.environ.get("QUARROW_KILLS", "500"))
 
@@ -18,8 +17,7 @@ class PowerLossScenario(Scenario):
     def setUp(self):
         super().setUp()
         self.folder = self.home / ".config" / "quarrow"
-        self.folder.mkdir(parents=True)
-        (self.folder / "settings.toml").write_text("_FPSFontSize = 1000\n")
+        self.write_settings("_FPSFontSize=1000\n")
         self.display = Display(64, 64)
         self.addCleanup(self.display.close)
 
@@ -40,11 +38,11 @@ class PowerLossScenario(Scenario):
         moments = random.Random(20260101)
         for _ in range(KILLS):
             last = self.kill_while_it_writes(moments.uniform(0.0, 0.1))
-            settings = tomllib.loads((self.folder / "settings.toml").read_text())
+            settings = read_settings(self.folder / "settings.ini")
             generation = settings["_FPSFontSize"]
             self.assertIn(generation, (last, last + 1))
             self.assertEqual(settings["LODDistFar"], generation)
-            self.assertEqual(settings["_FPSFontName"], str(generation))
+            self.assertEqual(settings["_FPSFontName"], generation)
             self.assertEqual(settings["RaceTimes"], [generation] * 5)
         print(f"{KILLS} kills; generation {generation} is on the disk")
 

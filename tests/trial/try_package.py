@@ -49,7 +49,7 @@ def main():
                       not name.startswith(BOOKKEEPING + LIBRARY_CACHES) and not name.startswith("/home/player/log-"))
         print("left behind:", *left)
         assert left == ["/home/player/.config", "/home/player/.config/quarrow",
-                        "/home/player/.config/quarrow/settings.toml"], left
+                        "/home/player/.config/quarrow/settings.ini"], left
     finally:
         display.close()
         root.close()

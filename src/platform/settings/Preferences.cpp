@@ -3,13 +3,11 @@
 #include "platform/settings/Preferences.h"
 
 #include "platform/base/Log.h"
-#include "platform/base/UserFolders.h"
-#include "platform/settings/AtomicFile.h"
 #include "platform/settings/SettingsFile.h"
 
-#include <toml++/toml.h>
-
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -20,35 +18,7 @@ namespace platform
 namespace
 {
 
-enum class Kind
-{
-    Number,
-    String,
-    Array,
-    Other,
-};
-
-Kind KindOf(toml::node const& node)
-{
-    if (node.is_number())
-    {
-        return Kind::Number;
-    }
-    if (node.is_string())
-    {
-        return Kind::String;
-    }
-    return node.is_array() ? Kind::Array : Kind::Other;
-}
-
-Kind KindOf(Preferences::Value const& value)
-{
-    if (std::holds_alternative<std::string>(value))
-    {
-        return Kind::String;
-    }
-    return std::holds_alternative<std::vector<int>>(value) ? Kind::Array : Kind::Number;
-}
+constexpr char const* kGroup = "Settings";
 
 int IntegerWithin(double value)
 {
@@ -57,110 +27,114 @@ int IntegerWithin(double value)
     return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, kLeast, kMost));
 }
 
-// Numbers are read by way of double, which holds every int and every float.
-double NumberOf(toml::node const& node)
-{
-    if (auto const* const integer = node.as_integer())
-    {
-        return static_cast<double>(integer->get());
-    }
-    auto const* const real = node.as_floating_point();
-    return real != nullptr ? real->get() : 0.0;
-}
-
-double NumberOf(Preferences::Value const& value)
-{
-    if (auto const* const integer = std::get_if<int>(&value))
-    {
-        return *integer;
-    }
-    auto const* const real = std::get_if<float>(&value);
-    return real != nullptr ? static_cast<double>(*real) : 0.0;
-}
-
 float FloatWithin(double value)
 {
     constexpr double kMost = std::numeric_limits<float>::max();
-    return std::isfinite(value) ? static_cast<float>(std::clamp(value, -kMost, kMost))
-                                : static_cast<float>(value);
+    return static_cast<float>(std::isfinite(value) ? std::clamp(value, -kMost, kMost) : value);
 }
 
-std::vector<int> IntegersOf(toml::node const& node)
+std::string ReadString(GKeyFile* file, char const* group, char const* key, GError** problem)
 {
-    std::vector<int> values;
-    if (auto const* const array = node.as_array())
-    {
-        for (toml::node const& element : *array)
-        {
-            values.push_back(IntegerWithin(NumberOf(element)));
-        }
-    }
+    g_autofree char* text = g_key_file_get_string(file, group, key, problem);
+    return text != nullptr ? text : "";
+}
+
+std::vector<int> ReadIntegers(GKeyFile* file, char const* group, char const* key, GError** problem)
+{
+    gsize count = 0;
+    g_auto(GStrv) texts = g_key_file_get_string_list(file, group, key, &count, problem);
+    std::vector<int> values(count);
+    std::transform(texts, texts + count, values.begin(),
+                   [](char const* text) { return IntegerWithin(g_ascii_strtod(text, nullptr)); });
     return values;
 }
+
+// Stores a value of any type under the key.
+struct Store
+{
+    GKeyFile* file;
+    std::string const& key;
+
+    void operator()(int value) const { g_key_file_set_integer(file, kGroup, key.c_str(), value); }
+
+    // The shortest decimal that reads back as the same float.
+    void operator()(float value) const
+    {
+        std::array<char, 64> text{};
+        std::to_chars(text.data(), text.data() + text.size() - 1, value);
+        g_key_file_set_value(file, kGroup, key.c_str(), text.data());
+    }
+
+    void operator()(std::string const& value) const
+    {
+        g_autofree char* text = g_utf8_make_valid(value.c_str(), -1);
+        g_key_file_set_string(file, kGroup, key.c_str(), text);
+    }
+
+    void operator()(std::vector<int> const& values) const
+    {
+        std::string text;
+        for (int const value : values)
+        {
+            text += std::to_string(value) + ";";
+        }
+        g_key_file_set_value(file, kGroup, key.c_str(), text.c_str());
+    }
+};
 
 } // namespace
 
 struct Preferences::Storage
 {
     std::filesystem::path file;
-    toml::table values; // the user's, changes included
-    Defaults defaults;
+    KeyFile values; // the user's, changes included
+    KeyFile defaults{g_key_file_new()};
     std::map<std::string, Merge> merges;
     std::map<std::string, std::vector<int>> before; // of a changed key with a merge, as it was read
     std::set<std::string> changed;                  // keys not yet written
-    std::set<std::string> reported;                 // keys whose kind was complained about
-    bool refusalReported = false;
+    std::set<std::string> reported;                 // keys whose value was complained about
+    bool isRefused = false; // the last try to read or write the file, which was reported
 
-    toml::node const* userValue(std::string const& key);
-    Value const* defaultValue(std::string const& key) const;
-    std::vector<int> integers(std::string const& key);
-    void mergeWith(toml::table const& table);
+    template <typename Result>
+    Result read(std::string const& key, Result (*get)(GKeyFile*, char const*, char const*, GError**));
+    double number(std::string const& key) { return read(key, g_key_file_get_double); }
+    std::vector<int> integers(std::string const& key) { return read(key, ReadIntegers); }
+    void mergeWith(GKeyFile* latest);
     bool save();
 };
 
-// A value of another kind than its default counts as absent.
-toml::node const* Preferences::Storage::userValue(std::string const& key)
+// The user's value or the default; 0 or empty without either.
+template <typename Result>
+Result Preferences::Storage::read(std::string const& key,
+                                  Result (*get)(GKeyFile*, char const*, char const*, GError**))
 {
-    toml::node const* const node = values.get(key);
-    Value const* const standard = defaultValue(key);
-    if (node == nullptr || standard == nullptr || KindOf(*node) == KindOf(*standard))
+    if (g_key_file_has_key(values.get(), kGroup, key.c_str(), nullptr) != 0)
     {
-        return node;
+        g_autoptr(GError) problem = nullptr;
+        Result result = get(values.get(), kGroup, key.c_str(), &problem);
+        if (problem == nullptr)
+        {
+            return result;
+        }
+        if (reported.insert(key).second)
+        {
+            Log("The setting " + key + " in " + file.string() + " has the wrong type; its default is used");
+        }
     }
-    if (reported.insert(key).second)
-    {
-        Log("The setting " + key + " in " + file.string() + " has the wrong type; its default is used");
-    }
-    return nullptr;
-}
-
-Preferences::Value const* Preferences::Storage::defaultValue(std::string const& key) const
-{
-    auto const found = defaults.find(key);
-    return found != defaults.end() ? &found->second : nullptr;
-}
-
-std::vector<int> Preferences::Storage::integers(std::string const& key)
-{
-    if (toml::node const* const node = userValue(key))
-    {
-        return IntegersOf(*node);
-    }
-    Value const* const value = defaultValue(key);
-    auto const* const array = value != nullptr ? std::get_if<std::vector<int>>(value) : nullptr;
-    return array != nullptr ? *array : std::vector<int>();
+    return get(defaults.get(), kGroup, key.c_str(), nullptr);
 }
 
 // What is merged counts as read: should the save fail, the next try adds nothing twice.
-void Preferences::Storage::mergeWith(toml::table const& table)
+void Preferences::Storage::mergeWith(GKeyFile* latest)
 {
     for (auto& [key, read] : before)
     {
-        toml::node const* const node = table.get(key);
-        std::vector<int> theirs = node != nullptr ? IntegersOf(*node) : std::vector<int>();
-        if (node != nullptr && theirs != read)
+        bool const isThere = g_key_file_has_key(latest, kGroup, key.c_str(), nullptr) != 0;
+        std::vector<int> theirs = ReadIntegers(latest, kGroup, key.c_str(), nullptr);
+        if (isThere && theirs != read)
         {
-            StoreValue(values, key, merges.at(key)(read, integers(key), theirs));
+            Value const merged = merges.at(key)(read, integers(key), theirs);
+            std::visit(Store{values.get(), key}, merged);
             read = std::move(theirs);
         }
     }
@@ -170,48 +144,42 @@ void Preferences::Storage::mergeWith(toml::table const& table)
 bool Preferences::Storage::save()
 {
     FolderLock const lock(file.parent_path());
-    auto table = LoadSettings(file, !refusalReported);
-    if (!table)
+    KeyFile latest = LoadSettings(file, !isRefused);
+    if (latest != nullptr)
     {
-        refusalReported = true;
-        return false;
+        mergeWith(latest.get());
+        for (std::string const& key : changed)
+        {
+            g_autofree char* value = g_key_file_get_value(values.get(), kGroup, key.c_str(), nullptr);
+            g_key_file_set_value(latest.get(), kGroup, key.c_str(), value);
+        }
     }
-    mergeWith(*table);
-    for (std::string const& key : changed)
+    isRefused = latest == nullptr || !SaveSettings(file, latest.get(), !isRefused);
+    if (!isRefused)
     {
-        table->insert_or_assign(key, *values.get(key));
+        values = std::move(latest);
+        changed.clear();
+        before.clear();
     }
-    std::string const problem = SaveSettings(file, *table);
-    if (!problem.empty() && !refusalReported)
-    {
-        Log("The settings cannot be saved to " + file.string() + ": " + problem);
-    }
-    refusalReported = !problem.empty();
-    if (!problem.empty())
-    {
-        return false;
-    }
-    for (auto const& [key, node] : *table)
-    {
-        values.insert_or_assign(key, node);
-    }
-    changed.clear();
-    before.clear();
-    return true;
+    return !isRefused;
 }
 
 Preferences& Preferences::standard()
 {
-    static Preferences preferences(ConfigurationFolder() / "settings.toml");
+    static Preferences preferences(std::filesystem::path(g_get_user_config_dir()) / "quarrow" /
+                                   "settings.ini");
     return preferences;
 }
 
 Preferences::Preferences(std::filesystem::path file) : m_storage(std::make_unique<Storage>())
 {
     m_storage->file = std::move(file);
-    auto table = LoadSettings(m_storage->file, true);
-    m_storage->refusalReported = !table;
-    m_storage->values = std::move(table).value_or(toml::table{});
+    m_storage->values = LoadSettings(m_storage->file, true);
+    m_storage->isRefused = m_storage->values == nullptr;
+    if (m_storage->isRefused)
+    {
+        m_storage->values.reset(g_key_file_new());
+    }
 }
 
 Preferences::~Preferences()
@@ -223,7 +191,7 @@ void Preferences::registerDefaults(Defaults const& defaults)
 {
     for (auto const& [key, value] : defaults)
     {
-        m_storage->defaults.insert_or_assign(key, value);
+        std::visit(Store{m_storage->defaults.get(), key}, value);
     }
 }
 
@@ -234,34 +202,17 @@ void Preferences::registerMerge(std::string const& key, Merge merge)
 
 int Preferences::integerForKey(std::string const& key) const
 {
-    if (toml::node const* const node = m_storage->userValue(key))
-    {
-        return IntegerWithin(NumberOf(*node));
-    }
-    Value const* const value = m_storage->defaultValue(key);
-    return value != nullptr ? IntegerWithin(NumberOf(*value)) : 0;
+    return IntegerWithin(m_storage->number(key));
 }
 
 float Preferences::floatForKey(std::string const& key) const
 {
-    if (toml::node const* const node = m_storage->userValue(key))
-    {
-        return FloatWithin(NumberOf(*node));
-    }
-    Value const* const value = m_storage->defaultValue(key);
-    return value != nullptr ? FloatWithin(NumberOf(*value)) : 0.0F;
+    return FloatWithin(m_storage->number(key));
 }
 
 std::string Preferences::stringForKey(std::string const& key) const
 {
-    if (toml::node const* const node = m_storage->userValue(key))
-    {
-        auto const* const text = node->as_string();
-        return text != nullptr ? text->get() : std::string();
-    }
-    Value const* const value = m_storage->defaultValue(key);
-    auto const* const text = value != nullptr ? std::get_if<std::string>(value) : nullptr;
-    return text != nullptr ? *text : std::string();
+    return m_storage->read(key, ReadString);
 }
 
 std::vector<int> Preferences::integerArrayForKey(std::string const& key) const
@@ -275,18 +226,13 @@ void Preferences::setValue(std::string const& key, Value const& value)
     {
         m_storage->before[key] = m_storage->integers(key);
     }
-    StoreValue(m_storage->values, key, value);
+    std::visit(Store{m_storage->values.get(), key}, value);
     m_storage->changed.insert(key);
 }
 
 bool Preferences::synchronize()
 {
     return m_storage->changed.empty() || m_storage->save();
-}
-
-bool Preferences::hasUnsavedChanges() const
-{
-    return !m_storage->changed.empty();
 }
 
 } // namespace platform

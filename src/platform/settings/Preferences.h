@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The per-user preferences: a TOML file in the platform's configuration folder, over a layer of registered
-// defaults that is never written to it. GameSettings is the only caller in the game.
+// The per-user preferences: the group [Settings] of a key file in the user's configuration folder, over a
+// layer of registered defaults that is never written to it.
 //
-// Every read asks the user's values first, then the defaults. A user's value whose kind (number, string,
-// array) is not that of the registered default counts as absent; it is reported once and stays in the file.
-// A float reads as an int towards zero and within its range (NaN as 0), an int as a float; any other mismatch
-// reads as 0, empty or zeros.
+// Every read asks the user's values first, then the defaults. A user's value that cannot be read as what is
+// asked for counts as absent; it is reported once and stays in the file. A number reads as an int towards
+// zero and within its range (NaN as 0). What is in neither layer, or a default of another type, reads as 0 or
+// empty.
 #pragma once
 
 #include <filesystem>
@@ -36,7 +36,7 @@ public:
     static Preferences& standard();
 
     // Preferences kept in the given file. It need not exist. One that cannot be read or parsed is renamed to
-    // "<name>.broken-<date>" with one log line; a folder that cannot be written is reported once.
+    // "<name>.broken-<date>" with one log line.
     explicit Preferences(std::filesystem::path file);
     ~Preferences(); // saves what was changed
     Preferences(Preferences const&) = delete;
@@ -49,18 +49,14 @@ public:
 
     int integerForKey(std::string const& key) const;
     float floatForKey(std::string const& key) const;
-    std::string stringForKey(std::string const& key) const; // UTF-8
-    std::vector<int>
-    integerArrayForKey(std::string const& key) const; // an element that is no number reads as 0
+    std::string stringForKey(std::string const& key) const;            // UTF-8
+    std::vector<int> integerArrayForKey(std::string const& key) const; // what is no number in it reads as 0
     void setValue(std::string const& key, Value const& value);
 
-    // Writes the changed keys now, over what the file holds by then: a new file, synced, renamed over the old
-    // one. Other keys that the file holds are read with it. False, and everything kept for the next try, when
-    // the disk refuses. Nothing to write is true.
+    // Writes the changed keys now, over what the file holds by then, and takes the other keys from there.
+    // False, one log line, and everything kept for the next try, when the disk refuses. Nothing to write is
+    // true.
     bool synchronize();
-
-    // True while a change waits to be written; the application calls synchronize() within a second.
-    bool hasUnsavedChanges() const;
 
 private:
     struct Storage;

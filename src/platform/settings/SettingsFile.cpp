@@ -2,18 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/settings/SettingsFile.h"
 
-#include "platform/base/File.h"
 #include "platform/base/Log.h"
-#include "platform/base/Unicode.h"
-#include "platform/settings/AtomicFile.h"
-#include "platform/settings/TomlText.h"
 
-#include <array>
-#include <charconv>
-#include <chrono>
-#include <cmath>
-#include <ctime>
-#include <string_view>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <string>
+#include <system_error>
 
 namespace platform
 {
@@ -23,146 +20,116 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestFile = std::size_t{1} << 20U;
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 20U; // bytes
 
-// toml++ goes down nested tables by recursion: tens of thousands overflow the stack.
-constexpr int kDeepestNesting = 1024;
-
-std::string DateSuffix()
+// An empty file, or null when the broken one cannot be moved.
+KeyFile SetAside(fs::path const& file, std::string const& reason, bool tellIfStuck)
 {
-    std::time_t const now = std::time(nullptr);
-    std::array<char, 32> text{};
-    std::strftime(text.data(), text.size(), "%Y-%m-%d-%H%M%S", std::localtime(&now));
-    return text.data();
-}
-
-fs::path FreeNameBeside(fs::path const& file)
-{
-    std::string const base = file.string() + ".broken-" + DateSuffix();
-    fs::path name = base;
-    std::error_code error;
-    for (int i = 2; fs::exists(name, error) && i < 1000; ++i)
-    {
-        name = base + "-" + std::to_string(i);
-    }
-    return name;
-}
-
-// Each dot of a dotted key nests a table. The first of a line is let pass, most often a number's: lines nest
-// only by way of arrays and inline tables, which toml++ limits.
-bool MayNestTooDeeply(std::string_view text)
-{
-    int dots = 0;
-    bool isFirst = true;
-    for (char const c : text)
-    {
-        if (c == '\n')
-        {
-            isFirst = true;
-        }
-        else if (c == '.')
-        {
-            dots += isFirst ? 0 : 1;
-            isFirst = false;
-        }
-    }
-    return dots > kDeepestNesting;
-}
-
-// An empty table, or nothing when the file cannot be moved.
-std::optional<toml::table> SetAside(fs::path const& file, std::string_view reason, bool tellIfStuck)
-{
-    fs::path const aside = FreeNameBeside(file);
+    g_autoptr(GDateTime) now = g_date_time_new_now_local();
+    g_autofree char* date = g_date_time_format(now, "%Y-%m-%d-%H%M%S");
+    fs::path const aside = file.string() + ".broken-" + date;
     std::error_code error;
     fs::rename(file, aside, error);
-    std::string const told =
-        "The settings in " + file.string() + " cannot be used (" + std::string(reason) + "); ";
+    std::string const told = "The settings in " + file.string() + " cannot be used (" + reason + "); ";
     if (!error)
     {
         Log(told + "they are kept as " + aside.filename().string() + ", and defaults are used");
-        return toml::table{};
+        return KeyFile(g_key_file_new());
     }
     if (tellIfStuck)
     {
         Log(told + "they stay as they are, defaults are used and nothing is saved");
     }
-    return std::nullopt;
+    return nullptr;
 }
 
-// The double whose shortest decimal is that of the float.
-double ShortestDecimal(float value)
+// Follows symbolic links, also where the last of them names nothing.
+fs::path WhatLinkNames(fs::path file)
 {
-    if (!std::isfinite(value))
+    constexpr int kMostLinks = 40;
+    std::error_code error;
+    for (int i = 0; i < kMostLinks && fs::is_symlink(file, error); ++i)
     {
-        return value;
+        file = file.parent_path() / fs::read_symlink(file, error);
     }
-    std::array<char, 64> text{};
-    auto const written = std::to_chars(text.data(), text.data() + text.size(), value);
-    double result = value;
-    std::from_chars(text.data(), written.ptr, result);
-    return result;
+    return file;
 }
 
-struct Store
+// A file that is not there yet is for the player alone.
+int ModeFor(fs::path const& file)
 {
-    toml::table& table;
-    std::string const& key;
-
-    void operator()(int value) const { table.insert_or_assign(key, static_cast<std::int64_t>(value)); }
-    void operator()(float value) const { table.insert_or_assign(key, ShortestDecimal(value)); }
-    void operator()(std::string const& value) const
-    {
-        // Ill-formed text would make the whole file unreadable.
-        table.insert_or_assign(key, Utf8FromUtf16(Utf16FromUtf8(value)));
-    }
-    void operator()(std::vector<int> const& values) const
-    {
-        toml::array array;
-        for (int const value : values)
-        {
-            array.push_back(static_cast<std::int64_t>(value));
-        }
-        table.insert_or_assign(key, std::move(array));
-    }
-};
+    constexpr fs::perms kPlayersOwn = fs::perms::owner_read | fs::perms::owner_write;
+    std::error_code error;
+    fs::file_status const status = fs::status(file, error);
+    return static_cast<int>(fs::exists(status) ? status.permissions() : kPlayersOwn);
+}
 
 } // namespace
 
-std::optional<toml::table> LoadSettings(fs::path const& file, bool tellIfStuck)
+KeyFile LoadSettings(fs::path const& file, bool tellIfStuck)
 {
     std::error_code error;
+    KeyFile settings(g_key_file_new());
     if (fs::status(file, error).type() == fs::file_type::not_found)
     {
-        return toml::table{};
+        return settings;
     }
-    auto const bytes = ReadWholeFile(file, kLargestFile);
-    if (!bytes)
+    std::uintmax_t const size = fs::file_size(file, error);
+    if (!error && size > kLargestFile)
     {
-        return SetAside(file, "they cannot be read", tellIfStuck);
+        error = std::make_error_code(std::errc::file_too_large);
     }
-    std::string_view const text(reinterpret_cast<char const*>(bytes->data()), bytes->size());
-    if (MayNestTooDeeply(text))
+    if (error)
     {
-        return SetAside(file, "they are nested too deeply", tellIfStuck);
+        return SetAside(file, error.message(), tellIfStuck);
     }
-    try
+    constexpr auto kAll = static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
+    g_autoptr(GError) problem = nullptr;
+    if (g_key_file_load_from_file(settings.get(), file.c_str(), kAll, &problem) == 0)
     {
-        return toml::parse(text);
+        return SetAside(file, problem->message, tellIfStuck);
     }
-    catch (toml::parse_error const& problem)
+    return settings;
+}
+
+bool SaveSettings(fs::path const& file, GKeyFile* settings, bool tellIfRefused)
+{
+    constexpr auto kSafely =
+        static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT | G_FILE_SET_CONTENTS_DURABLE);
+    fs::path const target = WhatLinkNames(file);
+    gsize length = 0;
+    g_autofree char* text = g_key_file_to_data(settings, &length, nullptr);
+    g_autoptr(GError) problem = nullptr;
+    bool const isSaved = g_file_set_contents_full(target.c_str(), text, static_cast<gssize>(length), kSafely,
+                                                  ModeFor(target), &problem) != 0;
+    if (!isSaved && tellIfRefused)
     {
-        return SetAside(file, problem.description(), tellIfStuck);
+        Log("The settings cannot be saved to " + file.string() + ": " + problem->message);
+    }
+    return isSaved;
+}
+
+FolderLock::FolderLock(fs::path const& folder)
+{
+    constexpr int kOnlyThePlayer = 0700;
+    g_mkdir_with_parents(folder.c_str(), kOnlyThePlayer);
+    m_descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    // Tries come so close together that one hits the gap between two saves of a game that saves without
+    // pause.
+    constexpr gulong kPause = 100; // microseconds
+    constexpr int kTries = 8000;
+    for (int i = 0; m_descriptor >= 0 && i < kTries && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++i)
+    {
+        g_usleep(kPause);
     }
 }
 
-std::string SaveSettings(fs::path const& file, toml::table const& table)
+FolderLock::~FolderLock()
 {
-    return ReplaceFile(file, TomlText(table));
-}
-
-void StoreValue(toml::table& table, std::string const& key, Preferences::Value const& value)
-{
-    std::visit(Store{table, key}, value);
+    if (m_descriptor >= 0)
+    {
+        ::close(m_descriptor);
+    }
 }
 
 } // namespace platform

@@ -1,29 +1,37 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The TOML file behind the preferences: read whole, written whole.
+// The key file behind the preferences: read whole, written whole or not at all.
 #pragma once
 
-#include "platform/settings/Preferences.h"
-
-#include <toml++/toml.h>
+#include "platform/base/KeyFile.h"
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
 namespace platform
 {
 
-// The file's table; empty when there is no file. One that cannot be read or parsed is renamed to
-// "<name>.broken-<date>", with one log line, and counts as none. Nothing when it cannot even be renamed and
+// The file with its comments; empty when there is none. One that cannot be read or parsed is renamed to
+// "<name>.broken-<date>", with one log line, and counts as none. Null when it cannot even be renamed and
 // still is where it was; that is logged only if tellIfStuck.
-std::optional<toml::table> LoadSettings(std::filesystem::path const& file, bool tellIfStuck);
+KeyFile LoadSettings(std::filesystem::path const& file, bool tellIfStuck);
 
-// Empty when all went well, else what the system says.
-std::string SaveSettings(std::filesystem::path const& file, toml::table const& table);
+// Replaces the file where a symbolic link leads to, and keeps its permissions. False when the disk refuses,
+// which is logged if tellIfRefused; the old file is then as it was.
+bool SaveSettings(std::filesystem::path const& file, GKeyFile* settings, bool tellIfRefused);
 
-// A float is stored as the shortest decimal that reads back as the same 32-bit float.
-void StoreValue(toml::table& table, std::string const& key, Preferences::Value const& value);
+// Keeps the saves of other games off the folder, made when it is missing, while it lives. Gives up after
+// about a second: a game that hangs amid its save must not hang this one.
+class FolderLock
+{
+public:
+    explicit FolderLock(std::filesystem::path const& folder);
+    ~FolderLock();
+    FolderLock(FolderLock const&) = delete;
+    FolderLock& operator=(FolderLock const&) = delete;
+
+private:
+    int m_descriptor;
+};
 
 } // namespace platform

@@ -4,7 +4,7 @@
 // The pasteboard is SDL's clipboard, which belongs to the window system.
 #include "platform/sound/Pasteboard.h"
 
-#include "platform/base/FileURL.h"
+#include "platform/base/Encoding.h"
 
 #include <SDL.h>
 

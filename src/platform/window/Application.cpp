@@ -28,7 +28,7 @@ namespace platform
 namespace
 {
 
-constexpr char const* kInterfaceName = "Main.toml";
+constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds: a change is on the disk well within one
 constexpr double kLongestSleep = 0.05; // seconds without a look at signals and events
 

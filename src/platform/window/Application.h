@@ -13,7 +13,7 @@ namespace platform
 
 class OpenGLView;
 
-// Starts the application from "Main.toml" in the resources' "Interface" folder and runs it to its end.
+// Starts the application from "Main.ini" in the resources' "Interface" folder and runs it to its end.
 // Returns the exit status: 0 after an orderly end, with the preferences saved; 1, with one log line, when
 // there is no display, no OpenGL or no readable interface file.
 int ApplicationMain(std::unique_ptr<OpenGLView> view);

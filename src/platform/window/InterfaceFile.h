@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The main interface file "Main.toml": the window, the class of the view in it, and the commands with their
-// keys.
+// The main interface file "Main.ini": the window, the class of the view in it, and the commands with their
+// keys. It is installed with the game and trusted.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -36,11 +36,8 @@ struct InterfaceFile
     std::string viewClass;
     std::vector<Command> commands;
 
-    // Nothing, with one log line that names the file and what is wrong in it, when it cannot be used.
+    // Nothing, with one log line that names the file, when it cannot be read or is no key file.
     static std::optional<InterfaceFile> load(std::filesystem::path const& path);
 };
-
-// "Ctrl+Q", "Alt+Return", "F11"; nothing for anything else.
-std::optional<KeyEquivalent> ParseKeyEquivalent(std::string const& text);
 
 } // namespace platform

@@ -6,7 +6,6 @@
 #include "platform/settings/PreferencesFolder.h"
 #include "support/Rounds.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,7 +21,6 @@ namespace
 
 namespace fs = std::filesystem;
 using platform::Preferences;
-using testing::UnorderedElementsAre;
 using PowerLossTest = PreferencesFolder;
 
 // Saves generation after generation of settings and times, and tells through the pipe which are on the disk.
@@ -95,22 +93,6 @@ TEST_F(PowerLossTest, KilledAtAnyMomentItLeavesAWholeFile)
     {
         EXPECT_EQ(name.find("broken"), std::string::npos) << name;
     }
-}
-
-TEST_F(PowerLossTest, WhatAKilledGameLeftIsClearedAwayAfterAMinute)
-{
-    for (char const* const name : {"settings.toml.old123", "settings.toml.new456", "settings.toml.broken-1",
-                                   "settings.toml.backup7", "other.txt"})
-    {
-        std::ofstream(m_folder / name) << "half";
-        fs::last_write_time(m_folder / name, fs::file_time_type::clock::now() - std::chrono::minutes(5));
-    }
-    fs::last_write_time(m_folder / "settings.toml.new456", fs::file_time_type::clock::now());
-    Preferences preferences(file());
-    preferences.setValue("Number", 1);
-    EXPECT_TRUE(preferences.synchronize());
-    EXPECT_THAT(others(), UnorderedElementsAre("settings.toml.new456", "settings.toml.broken-1",
-                                               "settings.toml.backup7", "other.txt"));
 }
 
 } // namespace

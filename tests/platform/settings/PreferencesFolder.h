@@ -27,8 +27,9 @@ protected:
 
     void TearDown() override { std::filesystem::remove_all(m_folder); }
 
-    std::filesystem::path file() const { return m_folder / "settings.toml"; }
+    std::filesystem::path file() const { return m_folder / "settings.ini"; }
     void write(std::string const& text) const { std::ofstream(file(), std::ios::binary) << text; }
+    void writeSettings(std::string const& lines) const { write("[Settings]\n" + lines); }
 
     std::string text() const
     {
@@ -37,7 +38,7 @@ protected:
         return all.str();
     }
 
-    std::vector<std::string> others() const // names beside settings.toml
+    std::vector<std::string> others() const // names beside settings.ini
     {
         std::vector<std::string> names;
         for (auto const& entry : std::filesystem::directory_iterator(m_folder))

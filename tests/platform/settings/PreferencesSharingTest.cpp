@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Two running games with one settings file.
-#include "platform/settings/AtomicFile.h"
 #include "platform/settings/Preferences.h"
 #include "platform/settings/PreferencesFolder.h"
+#include "platform/settings/SettingsFile.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -99,7 +99,7 @@ std::vector<int> Sum(std::vector<int> const& before, std::vector<int> const& our
 
 TEST_F(PreferencesSharingTest, ArrayThatBothChangedIsMerged)
 {
-    write("Sum = [10]\n");
+    writeSettings("Sum=10;\n");
     Preferences first(file());
     Preferences second(file());
     first.registerMerge("Sum", Sum);
@@ -153,12 +153,12 @@ private:
 
 TEST_F(PreferencesSharingTest, MergeIsMadeOnceHoweverOftenTheSaveFails)
 {
-    write("Sum = [10]\n");
+    writeSettings("Sum=10;\n");
     Preferences first(file());
     first.registerMerge("Sum", Sum);
     first.setValue("Sum", std::vector<int>{11});
     first.setValue("Text", std::string(10000, 'x'));
-    write("Sum = [20]\n");
+    writeSettings("Sum=20;\n");
     testing::internal::CaptureStderr();
     {
         SmallFilesOnly const limit;
@@ -167,7 +167,7 @@ TEST_F(PreferencesSharingTest, MergeIsMadeOnceHoweverOftenTheSaveFails)
     }
     std::string const told = testing::internal::GetCapturedStderr();
     EXPECT_EQ(std::ranges::count(told, '\n'), 1) << told;
-    EXPECT_EQ(text(), "Sum = [20]\n");
+    EXPECT_EQ(text(), "[Settings]\nSum=20;\n");
     EXPECT_TRUE(first.synchronize());
     EXPECT_THAT(Preferences(file()).integerArrayForKey("Sum"), ElementsAre(21));
 }

@@ -5,11 +5,11 @@
 #include "platform/window/Application.h"
 
 #include "platform/base/Clock.h"
-#include "platform/base/UserFolders.h"
 #include "platform/settings/Preferences.h"
 #include "platform/window/ScriptedView.h"
 #include "platform/window/Window.h"
 
+#include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <SDL.h>
@@ -29,7 +29,7 @@ using testing::HasSubstr;
 
 std::filesystem::path SettingsFile()
 {
-    return platform::ConfigurationFolder() / "settings.toml";
+    return std::filesystem::path(g_get_user_config_dir()) / "quarrow" / "settings.ini";
 }
 
 std::string SettingsText()
@@ -87,7 +87,7 @@ TEST_P(EndingSignal, SavesThePreferencesAndEndsWithZero)
                             [&](ScriptedView&) { wentOn = true; }});
     EXPECT_EQ(status, 0);
     EXPECT_FALSE(wentOn);
-    EXPECT_THAT(SettingsText(), HasSubstr("LastSignal = " + std::to_string(GetParam()) + "\n"));
+    EXPECT_THAT(SettingsText(), HasSubstr("LastSignal=" + std::to_string(GetParam()) + "\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, EndingSignal, testing::Values(SIGTERM, SIGINT, SIGHUP),

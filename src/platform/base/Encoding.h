@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// File URLs ("file:///a%20b") and the paths that they stand for. Movies are opened by URL.
+// Between UTF-8 and UTF-16 units, and between paths and file URLs ("file:///a%20b").
 #pragma once
 
 #include <filesystem>
@@ -11,10 +11,16 @@
 namespace platform
 {
 
+// Each ill-formed byte becomes U+FFFD.
+std::u16string Utf16FromUtf8(std::string const& text);
+
+// U+FFFD for units of which one is half of a surrogate pair and alone.
+std::string Utf8FromUtf16(std::u16string const& units);
+
 // The URL of the path, made absolute first. Nothing for an empty path.
 std::optional<std::string> FileURLWithPath(std::filesystem::path const& path);
 
-// Nothing for what is no file URL of this machine.
+// Nothing for what is no file URL. The name of a host in it is ignored.
 std::optional<std::filesystem::path> PathOfFileURL(std::string const& url);
 
 } // namespace platform
