@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <fstream>
 
 using namespace testing;
 using platform::ImageImporter;
