@@ -12,8 +12,6 @@
 #include "world/field/PathSearch.h"
 #include "world/Waypoint.h"
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace
@@ -26,15 +24,6 @@ std::unique_ptr<Overlay> CockpitOverlay(IntSetting const& size)
     char fontName[kFontNameSize];
     GameSettings::GetStringParam(setting::kCockpitTimerFontName, fontName);
     return std::make_unique<Overlay>(0, 0, GameSettings::GetIntParam(size), fontName);
-}
-
-// How far the view may reach into a field of that density without holding more asteroids than every computer
-// draws in a tenth of a second or two. Those in view, less those behind others, grow with its cube.
-float FarthestView(float density)
-{
-    constexpr float kMostInView = 2500.0F;
-    constexpr float kPerCubicUnit = 0.163F; // seen where every cell is filled
-    return std::cbrt(kMostInView / (kPerCubicUnit * std::max(density, 0.001F)));
 }
 
 } // namespace
@@ -103,9 +92,8 @@ void Universe::GenerateField()
 void Universe::ReadSceneSettings()
 {
     m_fogStart = GameSettings::GetFloatParam(setting::kFogStart);
-    float const farthest = FarthestView(GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge));
-    m_fogEndLow = std::min(GameSettings::GetFloatParam(setting::kFogEndLow), farthest);
-    m_fogEndHigh = std::min(GameSettings::GetFloatParam(setting::kFogEndHigh), farthest);
+    m_fogEndLow = GameSettings::GetFloatParam(setting::kFogEndLow);
+    m_fogEndHigh = GameSettings::GetFloatParam(setting::kFogEndHigh);
     m_arrowX = static_cast<float>(GameSettings::GetIntParam(setting::kCockpitArrowX));
     m_arrowY = static_cast<float>(GameSettings::GetIntParam(setting::kCockpitArrowY));
 }

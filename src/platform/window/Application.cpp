@@ -3,6 +3,7 @@
 #include "platform/window/Application.h"
 
 #include "platform/base/Bundle.h"
+#include "platform/base/Locale.h"
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
 #include "platform/settings/Preferences.h"
@@ -334,6 +335,7 @@ int ApplicationMain(ViewClasses const& viewClasses)
     int status = 1;
     try
     {
+        SelectLanguage();
         status = LoadAndRun(viewClasses);
     }
     catch (std::exception const& problem)
