@@ -9,7 +9,7 @@
 #include "platform/base/OpenGL.h"
 #include "platform/window/Application.h"
 #include "settings/GameSettings.h"
-#include "world/Universe.h"
+#include "world/view/Scene.h"
 
 #include <algorithm>
 
@@ -58,7 +58,7 @@ bool kGLView::initWithFrame(platform::Rect frame)
         Log("Invalid format... terminating.");
         return false;
     }
-    Universe::DecodePicturesAhead();
+    Scene::DecodePicturesAhead();
     if (!initWithPixelFormat(frame, *format))
     {
         Log("Self not created... terminating.");
