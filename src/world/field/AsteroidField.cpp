@@ -12,7 +12,7 @@ AsteroidField::AsteroidField(Universe const* universe)
 {
     Roid::ReadSettings();
     Roid::Sizes const sizes = Roid::SizesFromSettings();
-    m_greatestRadius = std::max(std::fabs(sizes.minR), std::fabs(sizes.maxR));
+    m_greatestRadius = std::fmax(std::fabs(sizes.minR), std::fabs(sizes.maxR));
     float const edge = GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge);
     float const centre = GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter);
     m_roids.reserve(m_rows.size() * kSize);

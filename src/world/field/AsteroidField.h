@@ -49,7 +49,6 @@ public:
         }
     }
 
-    bool IsEmpty() const { return m_roids.empty(); }
     float GetGreatestRadius() const { return m_greatestRadius; } // that any asteroid can have
 
 private:

@@ -323,10 +323,10 @@ TEST_F(SceneTest, HiddenCockpitIsNotDrawn)
 
 TEST_F(SceneTest, FrameRateIsShownOnlyWhenTheSettingAsks)
 {
-    EXPECT_EQ(Scene().GetFrameRate(), nullptr);
+    EXPECT_FALSE(Scene().GetFrameRate());
     test::ScopedSetting const shown(setting::kShowFps, 1);
     Scene const scene;
-    ASSERT_NE(scene.GetFrameRate(), nullptr);
+    ASSERT_TRUE(scene.GetFrameRate());
     EXPECT_EQ(probe::FontOf(*scene.GetFrameRate()), "Helvetica");
     EXPECT_EQ(probe::FontSizeOf(*scene.GetFrameRate()), 12.0F);
     EXPECT_EQ(probe::BoxOf(*scene.GetFrameRate()), (probe::Box{30, 30, 0, 0}));
