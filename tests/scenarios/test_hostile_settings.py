@@ -66,7 +66,7 @@ class HostileSettingsScenario(unittest.TestCase):
         with tempfile.TemporaryDirectory(prefix="quarrow-home-") as home:
             folder = pathlib.Path(home, ".config", "quarrow")
             folder.mkdir(parents=True)
-            # The picture's only part that changes with every frame, whatever the rest does.
+            # The rate is read from the picture: whatever else stands still, this part changes with every frame.
             lines = {"_ShowFPS": "1", **settings}
             (folder / "settings.toml").write_text("".join(f"{key} = {value}\n" for key, value in lines.items()))
             with Game(cls.display, home) as game:
@@ -94,7 +94,7 @@ class HostileSettingsScenario(unittest.TestCase):
 
     @classmethod
     def count_frames(cls, game, least=10, limit=4.0):
-        """From the changes of the read-out, which is as wide as its font."""
+        """Counts the changes of the read-out."""
         left, top, width, _ = game.window()
 
         def read_out():

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 //
 // A sound device whose time stands still: what starts to play goes on playing until the test silences it,
-// however slow the machine. So "was it played?" is "does it play?".
+// however slow the machine. So a sound that was played since then still plays.
 #pragma once
 
 namespace frozen
 {
 
-// Puts the device in place, with every effect decoded; nothing plays on it. Called again, it silences
-// everything.
+// Opens the device and decodes every effect. Nothing plays afterwards, also when it is called again.
 void Silence();
 
 // True when a sound of the game by that file name plays.

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Stands in for the application while the object lives: whoever asks for the shared one gets it. A program
-// that uses it has no other application.
+// The shared application while the object lives. A program that links it has no other application.
 #pragma once
 
 #include "platform/window/Application.h"
