@@ -66,7 +66,7 @@ class HostileSettingsScenario(unittest.TestCase):
         with tempfile.TemporaryDirectory(prefix="quarrow-home-") as home:
             file = pathlib.Path(home, ".config", "quarrow", "settings.ini")
             file.parent.mkdir(parents=True)
-            # The picture's only part that changes with every frame, whatever the rest does.
+            # The rate is read from the picture: whatever else stands still, this part changes with every frame.
             lines = {"_ShowFPS": "1", **settings}
             file.write_text(SETTINGS_GROUP + "".join(f"{key}={value}\n" for key, value in lines.items()))
             with Game(self.display, home) as game:
