@@ -33,6 +33,7 @@ public:
 
 private:
     friend class Movie;
+    bool isArmedFor(int direction) const;
     bool isDue(TimeValue time, int direction) const;
 
     Movie& m_movie;
