@@ -59,7 +59,6 @@ std::optional<InterfaceFile> InterfaceFile::load(std::filesystem::path const& pa
     InterfaceFile interface;
     interface.windowTitle = Text(file.get(), kWindow, "title");
     interface.contentSize = {Pixels(file.get(), "width"), Pixels(file.get(), "height")};
-    interface.viewClass = Text(file.get(), kWindow, "view");
     for (char const* const action : {"toggleFullScreen", "terminate"})
     {
         interface.commands.push_back(ReadCommand(file.get(), action));
