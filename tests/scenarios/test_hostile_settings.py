@@ -9,7 +9,7 @@ import unittest
 
 from game_window import SETTINGS_GROUP, Display, Game, wait_until
 
-NUMBERS = ["Fullscreen", "_FPSFontSize", "FogStart", "FogEndHigh", "FogEndLow", "LODDistMedium", "LODDistFar",
+NUMBERS = ["Fullscreen", "FogStart", "FogEndHigh", "FogEndLow", "LODDistMedium", "LODDistFar",
            "_AsteroidsDensityEdge", "_AsteroidsDensityCenter", "_AsteroidsSmoothness", "_AsteroidsMinR",
            "_AsteroidsMaxR", "_PlayerRotationsPerSecond", "_PlayerMaxSpeed", "_PlayerMinSpeed", "_PlayerMaxAccel",
            "_PlayerSize", "_CockpitTimerFontSize", "_CockpitWayptFontSize", "_CockpitArrowX", "_CockpitArrowY",
@@ -21,7 +21,7 @@ FARTHEST = {"FogEndHigh": "1e9", "FogEndLow": "1e9"}
 DENSEST = {"_AsteroidsDensityEdge": "1.0", "_AsteroidsDensityCenter": "7.0"}
 FINEST = {"_AsteroidsSmoothness": "100000", "LODDistMedium": "1e9", "LODDistFar": "1e9"}
 
-LONGEST_FRAME = 5.0  # seconds, with software OpenGL
+LONGEST_FRAME = 10.0  # seconds, with software OpenGL on a busy machine
 MOST_MEMORY = 1 << 20  # KiB
 
 CASES = {
