@@ -191,21 +191,4 @@ TEST_F(HostileSettings, NothingIsDrawnBeyondTheLongestView)
     EXPECT_LE(farthest, 81.0);
 }
 
-// However dense the field, a view holds no more asteroids than can be drawn.
-TEST_F(HostileSettings, DenseFieldsEndTheViewEarlier)
-{
-    test::ScopedSetting const far("FogEndHigh", 80.0F);
-    test::ScopedSetting const density("_AsteroidsDensityEdge", 1.0F);
-    test::ScopedSetting const centre("_AsteroidsDensityCenter", 1.0F);
-    Game::pGame->SwitchToState(kStateMenu);
-    Game::pGame->SwitchToState(kStatePlaying);
-    recording::start();
-    Game::pGame->Render(800, 600);
-    auto const calls = recording::stop();
-    auto const drawn =
-        std::ranges::count_if(calls, [](auto const& call) { return call.name == "glCallList"; });
-    EXPECT_GT(drawn, 200);
-    EXPECT_LT(drawn, 2500);
-}
-
 } // namespace
