@@ -51,10 +51,5 @@ Roid const* AsteroidField::RoidAt(int x, int y, int z) const
     }
     Row const& row = RowAt(x, y, depth);
     unsigned const bit = 1U << static_cast<unsigned>(z % kSize);
-    if ((row.filled & bit) == 0)
-    {
-        return nullptr;
-    }
-    auto const before = static_cast<std::size_t>(std::popcount(row.filled & (bit - 1U)));
-    return &m_roids[row.first + before];
+    return (row.filled & bit) != 0 ? FirstIn(row, bit) : nullptr;
 }

@@ -56,13 +56,13 @@ PathHit NearestIn(Box const& box, AsteroidField const& field, SearchedPath const
     {
         for (int y = box[1].low; y <= box[1].high; ++y)
         {
-            auto const test = [&](int z, int)
+            auto const test = [&](int z, int, Roid const& roid)
             {
                 TQ3Vector3D const place{static_cast<float>(x), static_cast<float>(y), static_cast<float>(z)};
                 PathHit hit;
                 float distance = 0.0F;
-                if (field.RoidAt(x, y, z)->ComputePathIntersectionAt(place, path.start, path.end, path.radius,
-                                                                     &hit.point, &distance))
+                if (roid.ComputePathIntersectionAt(place, path.start, path.end, path.radius, &hit.point,
+                                                   &distance))
                 {
                     hit.squaredDistance = DistSquared(path.start, hit.point);
                     nearest = hit.squaredDistance < nearest.squaredDistance ? hit : nearest;
