@@ -26,7 +26,7 @@ constexpr char const* kLines[] = {
     MarkForCatalogue("     Mesa and GLU for OpenGL, Pango and Cairo for text (MIT, SGI-B, LGPL)"),
     MarkForCatalogue("     SDL and SDL_image for window, full screen, input and pictures (zlib)"),
     MarkForCatalogue("     libsndfile and OpenAL Soft for music and sound (LGPL)"),
-    MarkForCatalogue("     toml++ and gettext, and all who answer in the forums (MIT, LGPL)"),
+    MarkForCatalogue("     GLib and gettext, and all who answer in the forums (LGPL)"),
     MarkForCatalogue("Music: composed and rendered by the game's own programs, by the Quarrow team (CC0)"),
     MarkForCatalogue("     'Sable', the Quarrow team, music@quarrow.example"),
     MarkForCatalogue("     'Electro0032', the Quarrow team, music@quarrow.example"),

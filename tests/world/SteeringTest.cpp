@@ -85,7 +85,7 @@ TEST_F(SteeringTest, SmallWishStopsTheTurn)
 
 TEST_F(SteeringTest, InvertedMouseTurnsDownForUp)
 {
-    ScopedSetting const invert("MouseInvert", 1);
+    ScopedSetting const invert(setting::kMouseInvert, 1);
     auto const world = test::EmptyWorld();
     test::LayShip(*world->GetCamera(), {-50.0F, -50.0F, -50.0F});
     world->PlayerWantsToTurn(0.0F, 1.0F);
