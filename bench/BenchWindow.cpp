@@ -4,7 +4,7 @@
 
 #include "platform/base/OpenGL.h"
 #include "platform/window/Display.h"
-#include "tests/support/PassiveView.h"
+#include "tests/support/window/PassiveView.h"
 
 std::unique_ptr<BenchWindow> BenchWindow::open()
 {
@@ -20,7 +20,7 @@ std::unique_ptr<BenchWindow> BenchWindow::open()
         return nullptr;
     }
     bench->m_view = std::move(view);
-    bench->m_window = platform::Window::initWithContentRect(frame, platform::WindowStyle::Titled);
+    bench->m_window = platform::Window::initWithContentSize(frame.size);
     if (!bench->m_window)
     {
         return nullptr;

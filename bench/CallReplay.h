@@ -5,7 +5,7 @@
 // the recording OpenGL only.
 #pragma once
 
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 
 #include <cstddef>
 #include <vector>

@@ -9,7 +9,7 @@
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
 #include "settings/GameSettings.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 

@@ -26,7 +26,7 @@ if(QUARROW_SANITIZE)
         $<IF:$<BOOL:$<TARGET_PROPERTY:QUARROW_IS_TEST>>,-fno-sanitize=null$<COMMA>alignment$<COMMA>vptr,-O1>)
     target_link_options(quarrow_options INTERFACE -fsanitize=address,undefined,float-cast-overflow)
     target_sources(quarrow_options INTERFACE
-        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_SOURCE_DIR}/tests/support/KeepLibraries.cpp>)
+        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_SOURCE_DIR}/tests/support/leaks/KeepLibraries.cpp>)
 else()
     target_compile_options(quarrow_options INTERFACE $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>
         -fstack-protector-strong)

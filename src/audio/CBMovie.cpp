@@ -193,15 +193,14 @@ void CBMovie::setLoopMode(int mode)
         return;
     }
     using Trigger = platform::MovieCallBack::Trigger;
-    platform::TimeValue const segmentStart = m_movie->activeSegment().start;
     disposeCallBacks();
     if (mode == kLoopPalindrome)
     {
-        armCallBack(1, Trigger::TimeBackward, segmentStart == -1 ? 0 : segmentStart);
+        armCallBack(1, Trigger::TimeBackward, 0);
     }
     if (mode == kLoopNormal || mode == kLoopPalindrome)
     {
-        armCallBack(0, Trigger::TimeForward, m_movie->stopTime());
+        armCallBack(0, Trigger::TimeForward, m_movie->duration());
     }
     m_movie->setLoopingHint(mode == kLoopNormal);
     m_loopmode = mode;
@@ -259,7 +258,7 @@ void CBMovie::gotoBeginning(Sender)
 {
     if (m_movie)
     {
-        m_movie->goToBeginning();
+        m_movie->setTimeValue(0);
         moviesTask();
     }
 }
@@ -268,16 +267,13 @@ void CBMovie::gotoEnd(Sender)
 {
     if (m_movie)
     {
-        m_movie->goToEnd();
+        m_movie->setTimeValue(m_movie->duration());
     }
 }
 
 void CBMovie::gotoPosterFrame(Sender)
 {
-    if (m_movie)
-    {
-        gotoTime(m_movie->posterTime());
-    }
+    gotoTime(0);
 }
 
 void CBMovie::gotoPercentFinished(float percent)
@@ -289,25 +285,6 @@ void CBMovie::gotoPercentFinished(float percent)
 float CBMovie::percentFinished() const
 {
     return duration() > 0 ? static_cast<float>(time() * 100.0 / duration()) : 0.0F;
-}
-
-void CBMovie::stepForward(Sender)
-{
-    step(true);
-}
-
-void CBMovie::stepBack(Sender)
-{
-    step(false);
-}
-
-void CBMovie::step(bool forwards)
-{
-    platform::TimeValue const next = m_movie ? m_movie->nextInterestingTime(m_movie->time(), forwards) : -1;
-    if (next >= 0)
-    {
-        gotoTime(next);
-    }
 }
 
 void CBMovie::setVolume(float volume)
@@ -335,11 +312,6 @@ void CBMovie::setMuted(bool)
 bool CBMovie::isMuted() const
 {
     return m_movie && m_movie->volume() < 0;
-}
-
-platform::Rect CBMovie::movieRect() const
-{
-    return m_movie ? m_movie->box() : platform::Rect{};
 }
 
 void CBMovie::setSelection(platform::TimeRange selection)

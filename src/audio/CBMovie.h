@@ -36,7 +36,7 @@ public:
     static std::shared_ptr<CBMovie> init(); // without an underlying movie
     static std::shared_ptr<CBMovie> initWithMovie(std::unique_ptr<platform::Movie> movie);
 
-    // Null when nothing can be opened. The file is held in memory with byReference as without.
+    // Null when nothing can be opened. The file is read as it plays, with byReference as without.
     static std::shared_ptr<CBMovie> initWithURL(std::string const& url, bool byReference);
     static std::shared_ptr<CBMovie> initWithFile(std::filesystem::path const& path, bool byReference);
     static std::shared_ptr<CBMovie> initWithPasteboard(platform::Pasteboard const& pasteboard);
@@ -71,15 +71,16 @@ public:
     void gotoPosterFrame(Sender sender = nullptr);
     void gotoPercentFinished(float percent); // fractions of a percent are dropped
     float percentFinished() const;
-    void stepForward(Sender sender = nullptr); // by one video sample
-    void stepBack(Sender sender = nullptr);
+    // To the next or the previous video sample. A movie of sound has none, so its time stays.
+    void stepForward(Sender = nullptr) {}
+    void stepBack(Sender = nullptr) {}
 
     void setVolume(float volume); // 0..1
     float volume() const;         // negative while muted
     void setMuted(bool muted);    // mutes whatever it is told, and never unmutes. Deliberate.
     bool isMuted() const;
 
-    platform::Rect movieRect() const;
+    platform::Rect movieRect() const { return {}; } // empty: there is nothing to see
     void setSelection(platform::TimeRange selection);
     platform::TimeRange selection() const;
     void setPlaysSelectionOnly(bool flag) { m_playsSelectionOnly = flag; } // nothing applies it
@@ -91,7 +92,6 @@ private:
     void disposeCallBacks();
     void armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger, platform::TimeValue time);
     void dropTimer();
-    void step(bool forwards);
 
     std::unique_ptr<platform::Movie> m_movie;
     int m_loopmode = kLoopNone;

@@ -98,7 +98,10 @@ Game::Game(int width, int height)
     m_lastTime = platform::UpTime();
     m_mouseX = width / 2;
     m_mouseY = height / 2;
-    LoadSounds();
+    m_soundFanfare = std::make_unique<GameSound>("Fanfare.AIFF");
+    m_soundControls = std::make_unique<GameSound>("Controls.AIFF");
+    m_soundStarter = std::make_unique<GameSound>("Starter.AIFF");
+    m_soundHiScore = std::make_unique<GameSound>("HiScore.AIFF");
     m_universe = std::make_unique<Universe>();
     SwitchToState(kStateMenu);
     m_soundFanfare->Play();
@@ -110,45 +113,36 @@ Game::~Game()
     Menu::ClearCurrent();
 }
 
-void Game::LoadSounds()
-{
-    m_soundFanfare = std::make_unique<GameSound>("Fanfare.AIFF");
-    m_soundControls = std::make_unique<GameSound>("Controls.AIFF");
-    m_soundStarter = std::make_unique<GameSound>("Starter.AIFF");
-    m_soundHiScore = std::make_unique<GameSound>("HiScore.AIFF");
-}
-
 void Game::SwitchToState(GameState newState)
 {
     switch (newState)
     {
     case kStatePlaying:
-        if (m_state == kStateMenu)
-        {
-            StartRace();
-        }
-        else if (m_state == kStatePaused)
-        {
-            m_universe->Unpause();
-        }
-        m_state = kStatePlaying;
+        StartOrResumeRace();
         break;
     case kStatePaused:
         Menu::SetCurrent(new MenuPaused);
-        m_state = kStatePaused;
         break;
     case kStateMenu:
         m_universe->PlayerWantsToGo(0.0F);
         m_universe->SetCockpitVisible(false);
-        m_state = kStateMenu;
         break;
     case kStateRaceOver:
         EndRace();
-        m_state = kStateMenu;
         break;
-    default:
-        m_state = newState;
-        break;
+    }
+    m_state = newState == kStateRaceOver ? kStateMenu : newState;
+}
+
+void Game::StartOrResumeRace()
+{
+    if (m_state == kStateMenu)
+    {
+        StartRace();
+    }
+    else if (m_state == kStatePaused)
+    {
+        m_universe->Unpause();
     }
 }
 
@@ -160,7 +154,7 @@ void Game::StartRace()
     GameMusic::StartTrack();
 }
 
-// The old world goes before the new one comes: what all asteroids share exists once.
+// The old world is deleted before the new one is made: the display lists that all asteroids share exist once.
 void Game::ReplaceUniverse()
 {
     auto const oldSky = static_cast<GLuint>(m_universe->GetSkyTexture());
@@ -192,10 +186,7 @@ void Game::Tick()
     std::uint64_t const now = platform::UpTime();
     m_elapsed = platform::SecondsBetween(m_lastTime, now);
     m_lastTime = now;
-    if (m_universe)
-    {
-        m_universe->Tick(m_elapsed);
-    }
+    m_universe->Tick(m_elapsed);
 }
 
 void Game::Render(int width, int height)
@@ -206,18 +197,15 @@ void Game::Render(int width, int height)
     {
         return; // nothing to draw into, nor to steer by
     }
-    if (m_universe)
-    {
-        RequestTurn(width, height);
-        m_universe->Render(width, height);
-    }
+    RequestTurn(width, height);
+    m_universe->Render(width, height);
     if (m_state == kStatePaused || m_state == kStateMenu)
     {
         Menu::RenderCurrent(width, height);
     }
 }
 
-// Outside a race the ship is told to stop turning in every frame.
+// In every frame, so that outside a race the ship stops turning.
 void Game::RequestTurn(int width, int height)
 {
     float turnX = 0.0F;
@@ -232,27 +220,18 @@ void Game::RequestTurn(int width, int height)
 
 void Game::HandleEvent(GameEvent const* event)
 {
-    switch (m_state)
+    GameState const state = m_state; // a menu may change it
+    if (state == kStatePaused || state == kStateMenu)
     {
-    case kStatePlaying:
+        Menu::HandleEventCurrent(event);
+    }
+    if (state == kStatePlaying)
+    {
         HandlePlayingEvent(*event);
-        break;
-    case kStatePaused:
-        Menu::HandleEventCurrent(event);
-        if (event->IsKey(m_keyPause))
-        {
-            Resume();
-        }
-        else if (event->IsKey('d'))
-        {
-            m_debugKeySeen = true;
-        }
-        break;
-    case kStateMenu:
-        Menu::HandleEventCurrent(event);
-        break;
-    default:
-        break;
+    }
+    else if (state == kStatePaused)
+    {
+        HandlePausedEvent(*event);
     }
 }
 
@@ -260,55 +239,58 @@ void Game::HandlePlayingEvent(GameEvent const& event)
 {
     int dx = 0;
     int dy = 0;
-    bool up = false;
     if (event.IsMouseMove(dx, dy, m_mouseX, m_mouseY))
     {
         return; // the turn follows with the next frame
     }
     if (event.IsKey(m_keyPause))
     {
-        Pause();
+        SwitchToState(kStatePaused);
+        m_universe->Pause();
     }
-    else if (event.IsKey(m_keyThrustUp))
+    else if (float const step = ThrottleStep(event); step != 0.0F)
     {
-        ChangeThrottle(kThrottleStep);
+        ChangeThrottle(step);
     }
-    else if (event.IsKey(m_keyThrustDown))
+    else
     {
-        ChangeThrottle(-kThrottleStep);
-    }
-    else if (event.IsScrollWheel(up))
-    {
-        ChangeThrottle(up ? kThrottleStep : -kThrottleStep);
-    }
-    else if (event.IsKey('d'))
-    {
-        m_debugKeySeen = true;
+        NoteDebugKey(event);
     }
 }
 
-void Game::Pause()
+void Game::HandlePausedEvent(GameEvent const& event)
 {
-    SwitchToState(kStatePaused);
-    m_universe->Pause();
+    if (event.IsKey(m_keyPause))
+    {
+        SwitchToState(kStatePlaying);
+        m_universe->Unpause();
+    }
+    else
+    {
+        NoteDebugKey(event);
+    }
 }
 
-void Game::Resume()
+// What the event asks for; 0 when it is about something else.
+float Game::ThrottleStep(GameEvent const& event) const
 {
-    SwitchToState(kStatePlaying);
-    m_universe->Unpause();
+    bool up = event.IsKey(m_keyThrustUp);
+    if (up || event.IsKey(m_keyThrustDown) || event.IsScrollWheel(up))
+    {
+        return up ? kThrottleStep : -kThrottleStep;
+    }
+    return 0.0F;
 }
 
-// Clicks at the limits too.
+void Game::NoteDebugKey(GameEvent const& event)
+{
+    m_debugKeySeen = m_debugKeySeen || event.IsKey('d');
+}
+
+// The click is heard at full and at no throttle too.
 void Game::ChangeThrottle(float step)
 {
     m_soundControls->Play();
-    float const throttle = m_universe->GetCamera()->GetTargetVPct();
-    m_universe->PlayerWantsToGo(step > 0.0F ? std::min(1.0F, throttle + step)
-                                            : std::max(0.0F, throttle + step));
-}
-
-float Game::GetFPS() const
-{
-    return static_cast<float>(1.0 / m_elapsed);
+    float const throttle = m_universe->GetCamera()->GetTargetVPct() + step;
+    m_universe->PlayerWantsToGo(step > 0.0F ? std::min(1.0F, throttle) : std::max(0.0F, throttle));
 }

@@ -43,21 +43,22 @@ public:
     void HandleEvent(GameEvent const* event);
 
     // From the last frame's duration; infinite before the first.
-    float GetFPS() const;
+    float GetFPS() const { return static_cast<float>(1.0 / m_elapsed); }
 
     GameState GetState() const { return m_state; }
     Universe* GetUniverse() const { return m_universe.get(); }
     bool WasDebugKeySeen() const { return m_debugKeySeen; }
 
 private:
-    void LoadSounds();
     void ReplaceUniverse();
     void ReadControlSettings();
+    void StartOrResumeRace();
     void StartRace();
     void EndRace();
-    void Pause();
-    void Resume();
     void HandlePlayingEvent(GameEvent const& event);
+    void HandlePausedEvent(GameEvent const& event);
+    float ThrottleStep(GameEvent const& event) const;
+    void NoteDebugKey(GameEvent const& event);
     void ChangeThrottle(float step);
     void RequestTurn(int width, int height);
 
@@ -66,7 +67,7 @@ private:
     std::uint64_t m_lastTime = 0;
     double m_elapsed = 0.0; // seconds, the last frame's
     std::unique_ptr<GameSound> m_soundFanfare;
-    std::unique_ptr<GameSound> m_soundStarter; // this one and the next are loaded, and played by nothing
+    std::unique_ptr<GameSound> m_soundStarter; // never played, nor is the next
     std::unique_ptr<GameSound> m_soundHiScore;
     std::unique_ptr<GameSound> m_soundControls;
     unsigned short m_keyThrustUp = 0;
@@ -78,5 +79,5 @@ private:
     int m_mouseY = 0;
     int m_viewWidth = 0;
     int m_viewHeight = 0;
-    bool m_debugKeySeen = false; // set, and read by nothing in the game
+    bool m_debugKeySeen = false; // the letter d was typed; nothing in the game reads it
 };

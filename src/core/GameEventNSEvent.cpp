@@ -25,23 +25,19 @@ bool GameEventNSEvent::IsKeyUp() const
     return m_event.type == EventType::KeyUp;
 }
 
-// In the lossy 8-bit reading of the characters every unit that is not ASCII is a question mark, and a 0 ends
-// them.
+// The characters are read as a C string in 8 bits: a 0 ends them, and a unit that is not ASCII is a question
+// mark.
 bool GameEventNSEvent::IsKey(char c) const
 {
-    if (!IsKey())
-    {
-        return false;
-    }
     for (char16_t const unit : m_event.charactersIgnoringModifiers)
     {
         if (unit == 0)
         {
-            return false;
+            break;
         }
         if (c == (unit < 0x80 ? static_cast<char>(unit) : '?'))
         {
-            return true;
+            return IsKey();
         }
     }
     return false;
@@ -60,42 +56,32 @@ unsigned short GameEventNSEvent::GetUniChar() const
 
 bool GameEventNSEvent::IsMouseMove(int& dx, int& dy, int& x, int& y) const
 {
-    bool const moved = m_event.type == EventType::MouseMoved || m_event.type == EventType::LeftMouseDragged ||
-                       m_event.type == EventType::RightMouseDragged ||
-                       m_event.type == EventType::OtherMouseDragged;
-    if (!moved)
+    switch (m_event.type)
     {
+    case EventType::MouseMoved:
+    case EventType::LeftMouseDragged:
+    case EventType::RightMouseDragged:
+    case EventType::OtherMouseDragged:
+        dx = m_event.mouseDeltaX;
+        dy = m_event.mouseDeltaY;
+        x = static_cast<int>(m_event.locationInWindow.x);
+        y = static_cast<int>(m_event.locationInWindow.y);
+        return true;
+    default:
         dx = 0;
         dy = 0;
         return false;
     }
-    dx = m_event.mouseDeltaX;
-    dy = m_event.mouseDeltaY;
-    x = static_cast<int>(m_event.locationInWindow.x);
-    y = static_cast<int>(m_event.locationInWindow.y);
-    return true;
 }
 
 bool GameEventNSEvent::IsMouseUp(int& x, int& y, int& button) const
 {
-    x = 0;
-    y = 0;
-    button = -1;
-    if (m_event.type == EventType::LeftMouseUp)
-    {
-        button = 1;
-    }
-    else if (m_event.type == EventType::RightMouseUp)
-    {
-        button = 2;
-    }
-    else
-    {
-        return false;
-    }
-    x = static_cast<int>(m_event.locationInWindow.x);
-    y = static_cast<int>(m_event.locationInWindow.y);
-    return true;
+    bool const isLeft = m_event.type == EventType::LeftMouseUp;
+    bool const isUp = isLeft || m_event.type == EventType::RightMouseUp;
+    x = isUp ? static_cast<int>(m_event.locationInWindow.x) : 0;
+    y = isUp ? static_cast<int>(m_event.locationInWindow.y) : 0;
+    button = isUp ? (isLeft ? 1 : 2) : -1;
+    return isUp;
 }
 
 // An event without any movement counts as down.

@@ -6,10 +6,13 @@
 
 #include <cstdio>
 
-namespace
+void ReportError(char const* message)
 {
+    char text[256];
+    std::snprintf(text, sizeof text, "%s\n", message);
+}
 
-unsigned DiscardPendingError()
+unsigned glReportError()
 {
     GLenum const error = glGetError();
     if (error != GL_NO_ERROR)
@@ -19,20 +22,7 @@ unsigned DiscardPendingError()
     return error;
 }
 
-} // namespace
-
-void ReportError(char const* message)
-{
-    char text[256];
-    std::snprintf(text, sizeof text, "%s\n", message);
-}
-
-unsigned glReportError()
-{
-    return DiscardPendingError();
-}
-
 unsigned glDebugStr()
 {
-    return DiscardPendingError();
+    return glReportError();
 }

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Diagnostics shared by everything that draws. All read and format an error and discard the text,
-// deliberately.
+// Diagnostics shared by everything that draws. They print nothing: a player could do nothing about it, and an
+// error in every frame would fill the log.
 #pragma once
 
-// A silent sink for messages.
+// Formats the message and discards the text.
 void ReportError(char const* message);
 
-// OpenGL's pending error, 0 when there is none. Clears it.
+// OpenGL's pending error, 0 when there is none. Clears it. Both do the same.
 unsigned glReportError();
 unsigned glDebugStr();

@@ -4,34 +4,21 @@
 
 #include "core/Game.h"
 #include "core/GameEvent.h"
-#include "core/GameEventNSEvent.h"
 #include "platform/base/Log.h"
 #include "platform/base/OpenGL.h"
-#include "platform/window/Application.h"
+#include "platform/window/Display.h"
 #include "settings/GameSettings.h"
 #include "world/Universe.h"
-
-#include <algorithm>
 
 namespace
 {
 
 using platform::Log;
 
-// Far below any display's frame time: the game runs as fast as run loop and display let it.
+// Far below any display's frame time: the game runs as fast as the run loop and the display let it.
 constexpr double kFrameInterval = 0.001; // seconds
 
 bool fFirstFrameDone = false;
-
-void Forward(platform::Event const& event)
-{
-    if (Game::pGame == nullptr)
-    {
-        return;
-    }
-    GameEvent const gameEvent(new GameEventNSEvent(event));
-    Game::pGame->HandleEvent(&gameEvent);
-}
 
 } // namespace
 
@@ -45,26 +32,17 @@ kGLView::~kGLView()
 
 bool kGLView::initWithFrame(platform::Rect frame)
 {
-    constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                        platform::kPixelFormatAccelerated,
-                                        platform::kPixelFormatColorSize,
-                                        32,
-                                        platform::kPixelFormatDepthSize,
-                                        32,
-                                        0};
-    auto const format = platform::PixelFormat::initWithAttributes(kAttributes);
-    if (!format)
+    if (!platform::OpenDisplay())
     {
         Log("Invalid format... terminating.");
         return false;
     }
     Universe::DecodePicturesAhead();
-    if (!initWithPixelFormat(frame, *format))
+    if (!initWithPixelFormat(frame, {.colorSize = 32, .depthSize = 32}))
     {
         Log("Self not created... terminating.");
         return false;
     }
-    openGLContext()->makeCurrentContext();
     Log("Set current context...");
     return true;
 }
@@ -73,9 +51,6 @@ void kGLView::awakeFromNib()
 {
     Log("awakeFromNib");
     nstime = platform::Timer::scheduledTimer(kFrameInterval, [this] { drawFrame(); });
-    // Frames go on while a menu is tracked or a modal panel is up.
-    platform::RunLoop::current().addTimer(nstime, platform::RunLoop::Mode::EventTracking);
-    platform::RunLoop::current().addTimer(nstime, platform::RunLoop::Mode::ModalPanel);
     Log("end awakeFromNib");
 }
 
@@ -90,22 +65,16 @@ void kGLView::drawFrame()
     openGLContext()->flushBuffer();
 }
 
+// A windowed start passes through full screen once.
 void kGLView::FirstFrame()
 {
     GameSettings::Initialize();
-    FullScreenOn = GameSettings::GetIntParam(setting::kFullscreen) != 0;
-    if (FullScreenOn)
+    setFullScreen(true);
+    if (GameSettings::GetIntParam(setting::kFullscreen) == 0)
     {
-        setFullScreen(true);
-    }
-    else
-    {
-        // Through full screen once and back, deliberately.
-        setFullScreen(true);
         setFullScreen(false);
     }
-    platform::Window* const keyWindow = platform::Application::shared()->keyWindow();
-    bool const accepted = keyWindow->makeFirstResponder(this);
+    bool const accepted = window()->makeFirstResponder(this);
     Log(accepted ? "self apparently made first responder" : "self is not first responder");
 
     Game::Init(PixelsWide(), PixelsHigh());
@@ -120,16 +89,6 @@ void kGLView::reshape()
     gluPerspective(45.0, static_cast<double>(PixelsWide()) / PixelsHigh(), static_cast<double>(0.1F), 100.0);
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
-}
-
-int kGLView::PixelsWide() const
-{
-    return std::max(1, static_cast<int>(frame().size.width));
-}
-
-int kGLView::PixelsHigh() const
-{
-    return std::max(1, static_cast<int>(frame().size.height));
 }
 
 void kGLView::setFullScreen(bool fullScreen)
@@ -148,24 +107,22 @@ void kGLView::EnterFullScreen()
 {
     if (!FullScreenWindow)
     {
-        StartingWindow = platform::Application::shared()->keyWindow();
+        StartingWindow = window();
     }
-    auto window =
-        platform::Window::initWithContentRect(platform::MainScreenFrame(), platform::WindowStyle::Borderless);
-    if (!window)
+    auto fullScreen = platform::Window::initOverMainScreen();
+    if (!fullScreen)
     {
         return;
     }
-    FullScreenWindow = std::move(window);
     Log("Window was created");
-    FullScreenWindow->setTitle("myWindow");
-    FullScreenWindow->setContentView(this);
-    FullScreenWindow->makeKeyAndOrderFront();
-    FullScreenWindow->makeFirstResponder(this);
-    FullScreenOn = true;
+    fullScreen->setTitle("myWindow");
+    fullScreen->setContentView(this);
+    fullScreen->makeKeyAndOrderFront();
+    fullScreen->makeFirstResponder(this);
     StartingWindow->setAcceptsMouseMovedEvents(false);
-    FullScreenWindow->setAcceptsMouseMovedEvents(true);
+    fullScreen->setAcceptsMouseMovedEvents(true);
     StartingWindow->orderOut();
+    FullScreenWindow = std::move(fullScreen);
 }
 
 void kGLView::LeaveFullScreen()
@@ -178,7 +135,6 @@ void kGLView::LeaveFullScreen()
     StartingWindow->makeKeyAndOrderFront();
     StartingWindow->makeFirstResponder(this);
     StartingWindow->setAcceptsMouseMovedEvents(true);
-    FullScreenOn = false;
     FullScreenWindow.reset();
 }
 
@@ -188,11 +144,6 @@ void kGLView::toggleFullScreen()
     bool const fullScreen = GameSettings::GetIntParam(setting::kFullscreen) == 0;
     setFullScreen(fullScreen);
     GameSettings::SetIntParam(setting::kFullscreen, fullScreen ? 1 : 0);
-}
-
-bool kGLView::acceptsFirstResponder()
-{
-    return true;
 }
 
 bool kGLView::becomeFirstResponder()
@@ -207,22 +158,12 @@ bool kGLView::resignFirstResponder()
     return true;
 }
 
-void kGLView::keyDown(platform::Event const& event)
+void kGLView::Forward(platform::Event const& event)
 {
-    Forward(event);
-}
-
-void kGLView::mouseMoved(platform::Event const& event)
-{
-    Forward(event);
-}
-
-void kGLView::mouseUp(platform::Event const& event)
-{
-    Forward(event);
-}
-
-void kGLView::scrollWheel(platform::Event const& event)
-{
-    Forward(event);
+    if (Game::pGame == nullptr)
+    {
+        return; // an event from before the first frame
+    }
+    GameEvent const gameEvent(new GameEventNSEvent(event));
+    Game::pGame->HandleEvent(&gameEvent);
 }

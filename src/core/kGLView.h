@@ -22,31 +22,28 @@ public:
     void reshape() override;
     void toggleFullScreen() override;
 
-    bool acceptsFirstResponder() override;
+    bool acceptsFirstResponder() override { return true; }
     bool becomeFirstResponder() override;
     bool resignFirstResponder() override;
-    void keyDown(platform::Event const& event) override;
-    void mouseMoved(platform::Event const& event) override;
-    void mouseUp(platform::Event const& event) override;
-    void scrollWheel(platform::Event const& event) override;
+    void keyDown(platform::Event const& event) override { Forward(event); }
+    void mouseMoved(platform::Event const& event) override { Forward(event); }
+    void mouseUp(platform::Event const& event) override { Forward(event); }
+    void scrollWheel(platform::Event const& event) override { Forward(event); }
 
     // The timer's action: one frame. The first also brings up settings, display mode and game.
     void drawFrame();
 
     void setFullScreen(bool fullScreen);
-    bool isFullScreen() const { return FullScreenOn; }
 
 private:
+    static void Forward(platform::Event const& event);
     void FirstFrame();
-
-    // At least 1: a window that was squeezed to nothing still has a picture's proportions.
-    int PixelsWide() const;
-    int PixelsHigh() const;
     void EnterFullScreen();
     void LeaveFullScreen();
+    int PixelsWide() const { return static_cast<int>(frame().size.width); }
+    int PixelsHigh() const { return static_cast<int>(frame().size.height); }
 
-    bool FullScreenOn = false;
-    std::unique_ptr<platform::Window> FullScreenWindow;
-    platform::Window* StartingWindow = nullptr; // the interface file's
+    std::unique_ptr<platform::Window> FullScreenWindow; // null while the view is in its starting window
+    platform::Window* StartingWindow = nullptr;         // the interface file's
     std::shared_ptr<platform::Timer> nstime;
 };

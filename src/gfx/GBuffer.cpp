@@ -3,21 +3,7 @@
 #include "gfx/GBuffer.h"
 
 #include "gfx/QTUtil.h"
-
-#include <limits>
-
-namespace
-{
-
-// Bytes of a buffer; 0 when it has none or more than an unsigned can tell.
-unsigned BufferSize(platform::Size size, int bitDepth)
-{
-    int const bytesPerPixel = bitDepth / 8;
-    double const bytes = static_cast<double>(size.width) * size.height * bytesPerPixel;
-    return bytes >= 1.0 && bytes <= std::numeric_limits<int>::max() ? static_cast<unsigned>(bytes) : 0;
-}
-
-} // namespace
+#include "platform/base/OpenGL.h"
 
 std::shared_ptr<GBuffer> GBuffer::Create(platform::Size size, int bitDepth)
 {
@@ -27,25 +13,17 @@ std::shared_ptr<GBuffer> GBuffer::Create(platform::Size size, int bitDepth)
 
 bool GBuffer::CreateImageBuffer(platform::Size size, int bitDepth)
 {
-    unsigned const bytes = BufferSize(size, bitDepth);
-    m_hasContext = false;
-    m_pixels.reset(bytes > 0 ? std::calloc(bytes, 1) : nullptr);
+    auto const rowBytes = static_cast<std::size_t>(size.width) * static_cast<std::size_t>(bitDepth / 8);
+    m_pixels.reset(std::calloc(static_cast<std::size_t>(size.height), rowBytes));
     if (!m_pixels)
     {
         QTUtilLog("buffer malloc failed");
         return false;
     }
-    m_size = bytes;
     m_width = size.width;
     m_height = size.height;
     m_bitDepth = bitDepth;
     return true;
-}
-
-bool GBuffer::CreateCGContext()
-{
-    m_hasContext = m_pixels != nullptr;
-    return m_hasContext;
 }
 
 void GBuffer::copyTo(GBuffer& destination) const
@@ -56,13 +34,15 @@ void GBuffer::copyTo(GBuffer& destination) const
     }
 }
 
+void GBuffer::UploadTextureLevel(int level, int formatFor32Bit) const
+{
+    bool const is32Bit = m_bitDepth == 32;
+    glTexImage2D(GL_TEXTURE_2D, level, is32Bit ? formatFor32Bit : GL_RGB5_A1, static_cast<GLsizei>(m_width),
+                 static_cast<GLsizei>(m_height), 0, GL_BGRA,
+                 is32Bit ? GL_UNSIGNED_INT_8_8_8_8_REV : GL_UNSIGNED_SHORT_1_5_5_5_REV, m_pixels.get());
+}
+
 platform::PixelBuffer GBuffer::Pixels() const
 {
     return {m_pixels.get(), static_cast<int>(m_width), static_cast<int>(m_height), m_bitDepth};
-}
-
-void GBuffer::ReleasePixels()
-{
-    m_pixels.reset();
-    m_hasContext = false;
 }

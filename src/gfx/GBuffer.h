@@ -24,24 +24,27 @@ public:
 
     bool CreateImageBuffer(platform::Size size, int bitDepth);
 
-    // Makes the buffer ready to be drawn into by copyTo(); false when it has no memory.
-    bool CreateCGContext();
+    // False when there is no memory that copyTo() could draw into.
+    bool CreateCGContext() const { return m_pixels != nullptr; }
 
     // Draws this buffer's picture, scaled and interpolated, over the destination's whole area. The source's
     // memory is read as 32-bit pixels whatever its depth.
     void copyTo(GBuffer& destination) const;
 
+    // Uploads the buffer as one level of the bound GL_TEXTURE_2D. formatFor32Bit: the internal format of a
+    // 32-bit buffer; any other depth is kept as GL_RGB5_A1.
+    void UploadTextureLevel(int level, int formatFor32Bit) const;
+
     float GetWidth() const { return m_width; }   // pixels
     float GetHeight() const { return m_height; } // pixels
     int GetBitDepth() const { return m_bitDepth; }
-    unsigned GetSize() const { return m_size; } // bytes
 
     // Row after row without padding, null without memory.
     void const* GetPixels() const { return m_pixels.get(); }
 
 protected:
     platform::PixelBuffer Pixels() const;
-    void ReleasePixels();
+    void ReleasePixels() { m_pixels.reset(); }
 
 private:
     struct Free
@@ -49,10 +52,8 @@ private:
         void operator()(void* memory) const { std::free(memory); }
     };
 
-    bool m_hasContext = false;
     float m_width = 0.0F;
     float m_height = 0.0F;
     int m_bitDepth = 0;
-    unsigned m_size = 0;
     std::unique_ptr<void, Free> m_pixels;
 };

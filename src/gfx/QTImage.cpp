@@ -51,16 +51,17 @@ bool QTImage::SetImageFromFSSpec(std::filesystem::path const& file)
 
 bool QTImage::SetImageInfo()
 {
-    auto const importer = platform::ImageImporter::forFile(m_file);
-    if (!importer)
+    // Kept for CreateImageWithBitdepth(): it has decoded the picture.
+    m_importer = platform::ImageImporter::forFile(m_file);
+    if (!m_importer)
     {
         return false;
     }
-    platform::ImageDescription const description = importer->description();
+    platform::ImageDescription const description = m_importer->description();
     m_imageWidth = static_cast<float>(description.width);
     m_imageHeight = static_cast<float>(description.height);
     m_imageDepth = static_cast<short>(description.depth);
-    m_type = importer->type();
+    m_type = m_importer->type();
     return true;
 }
 
@@ -72,7 +73,6 @@ bool QTImage::LoadImageData()
         return false;
     }
     m_data = std::move(*data);
-    m_dataSize = m_data.size();
     return true;
 }
 
@@ -107,7 +107,7 @@ bool QTImage::SetImportGWorldWithScale(bool scale)
     {
         double const scaleX = static_cast<double>(GetWidth()) / m_imageWidth;
         double const scaleY = static_cast<double>(GetHeight()) / m_imageHeight;
-        m_importer->setMatrix(scaleX, -scaleY, 0.0, GetHeight());
+        m_importer->setMatrix({scaleX, -scaleY, 0.0, GetHeight()});
     }
     return true;
 }

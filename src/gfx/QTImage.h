@@ -24,7 +24,7 @@ public:
 
     bool SetImageWithName(char const* name);
     bool SetImageFromFSSpec(std::filesystem::path const& file);
-    bool SetImageInfo();  // size, depth and type, without keeping the picture
+    bool SetImageInfo();  // size, depth and type; false when the file is no picture
     bool LoadImageData(); // the file's bytes
     bool CreateImportRefFromData(std::vector<std::byte> const& data);
 
@@ -44,7 +44,6 @@ public:
     float GetImageHeight() const { return m_imageHeight; } // pixels, the picture's own
     short GetImageDepth() const { return m_imageDepth; }   // bits per pixel
     bool WasDrawn() const { return m_drawn; }
-    std::size_t GetDataSize() const { return m_dataSize; } // bytes of the file
 
 private:
     bool EnsureBuffer(platform::Size size, int depth);
@@ -55,7 +54,6 @@ private:
     short m_imageDepth = 0;
     bool m_drawn = false;
     std::filesystem::path m_file;
-    std::size_t m_dataSize = 0;
     std::unique_ptr<platform::ImageImporter> m_importer;
     std::vector<std::byte> m_data;
 };

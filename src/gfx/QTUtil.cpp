@@ -4,44 +4,42 @@
 
 #include "core/Globals.h"
 #include "gfx/QTImage.h"
-#include "gfx/TextureFormat.h"
 #include "platform/base/Log.h"
 #include "platform/base/OpenGL.h"
 
 #include <future>
 #include <map>
-#include <set>
 #include <utility>
 
 namespace
 {
 
-// By name; null where it could not be had.
+// By name; null where it cannot be had.
 using DecodedImages = std::map<std::string, std::shared_ptr<QTImage const>>;
 
-// Made by its first use, after what its thread uses, so that a program that ends early waits before that
-// goes.
-std::future<DecodedImages>& DecodedAhead()
+struct Pictures
 {
-    static std::future<DecodedImages> images;
-    return images;
+    DecodedImages decoded;
+    std::future<DecodedImages> ahead;
+};
+
+// A function-local static: it is destroyed before the libraries that its thread uses, and its destructor
+// waits for the thread.
+Pictures& ThePictures()
+{
+    static Pictures pictures;
+    return pictures;
 }
 
 std::shared_ptr<QTImage const> Decode(std::string const& name)
 {
     auto const image = QTImage::imageWithName(name.c_str());
-    bool const usable = image && image->LoadImageData() && image->CreateImageWithBitdepth(32);
-    return usable ? image : nullptr;
-}
-
-// Every new race loads its pictures again.
-void TellOnce(std::string const& text)
-{
-    static std::set<std::string> told;
-    if (told.insert(text).second)
+    if (image && image->LoadImageData() && image->CreateImageWithBitdepth(32))
     {
-        QTUtilLog(text.c_str());
+        return image;
     }
+    QTUtilLog(("Unable to load texture " + name).c_str());
+    return nullptr;
 }
 
 } // namespace
@@ -55,13 +53,12 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     std::shared_ptr<QTImage const> const image = QTDecodedImage(name);
     if (!image)
     {
-        TellOnce(std::string("Unable to load texture ") + name);
         return -1;
     }
 
     glBindTexture(GL_TEXTURE_2D, generated);
     glReportError();
-    UploadTextureLevel(*image, 0, GL_RGBA);
+    image->UploadTextureLevel(0, GL_RGBA);
     glReportError();
     glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
@@ -73,22 +70,13 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
 
 std::shared_ptr<QTImage const> QTDecodedImage(char const* name)
 {
-    static DecodedImages decoded;
-    if (DecodedAhead().valid())
+    auto& [decoded, ahead] = ThePictures();
+    if (ahead.valid())
     {
-        decoded.merge(DecodedAhead().get());
+        decoded.merge(ahead.get());
     }
-    auto known = decoded.find(name);
-    if (known == decoded.end())
-    {
-        known = decoded.emplace(name, Decode(name)).first;
-    }
-    std::shared_ptr<QTImage const> image = known->second;
-    if (!image || !image->WasDrawn())
-    {
-        decoded.erase(known);
-    }
-    return image;
+    auto const known = decoded.find(name);
+    return known != decoded.end() ? known->second : decoded.emplace(name, Decode(name)).first->second;
 }
 
 void QTDecodeAhead(std::vector<std::string> names)
@@ -102,8 +90,8 @@ void QTDecodeAhead(std::vector<std::string> names)
         }
         return images;
     };
-    // Deferred, that is, as late as they are asked for, where no thread can be had.
-    DecodedAhead() = std::async(std::launch::async | std::launch::deferred, decodeAll);
+    // Where no thread can be had it is deferred: the first QTDecodedImage() then decodes them.
+    ThePictures().ahead = std::async(std::launch::async | std::launch::deferred, decodeAll);
 }
 
 void QTUtilLog(char const* text)

@@ -12,15 +12,15 @@ class QTImage;
 
 // Makes a texture name, always, and fills it from the picture of that name in the resources' "Images" folder:
 // linear filtering, repeated in both directions, left bound. An OpenGL context is current. 0 on success; -1,
-// with an empty texture, when the picture cannot be had; one log line says so, the first time.
+// with an empty texture, when the picture cannot be had.
 int QTLoadAsTexture(unsigned long* texture, char const* name);
 
 // The picture of that name as 32-bit pixels, decoded and scaled once per run and kept: every race loads the
-// same ones. Null when it cannot be had; then the next call tries again.
+// same ones. Null, after one log line for the whole run, when it cannot be had.
 std::shared_ptr<QTImage const> QTDecodedImage(char const* name);
 
-// Decodes those pictures on a thread of its own, while the display opens, for the first QTDecodedImage() to
-// wait for.
+// Decodes those pictures on a thread of its own, while the display opens. The next QTDecodedImage() waits for
+// all of them.
 void QTDecodeAhead(std::vector<std::string> names);
 
 // Writes the text to the system log.

@@ -9,7 +9,6 @@
 #include "platform/base/Random.h"
 #include "settings/GameSettings.h"
 
-#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -18,13 +17,19 @@ float Roid::m_lodDistFar = 0.0F;
 float Roid::m_lodDistMedium = 0.0F;
 bool Roid::m_fGotSettings = false;
 unsigned long Roid::m_ahroid[kSizeCount][kLodCount] = {};
-float Roid::m_aradius[kSizeCount] = {};
-float Roid::m_asolidShare[kLodCount] = {};
 
 namespace
 {
 
 constexpr double kPi = 3.14159265358979;
+// Of the spheres in the display lists.
+struct Meshes
+{
+    float radius[Roid::kSizeCount];    // world units
+    float solidShare[Roid::kLodCount]; // of the radius
+};
+Meshes meshes{};
+
 constexpr int kCoarsest = 4; // slices and stacks of the farthest spheres, whatever the smoothness
 
 struct QuadricDeleter
@@ -50,26 +55,21 @@ void CompileSphere(unsigned long list, GLUquadric* quadric, double radius, int s
     glEndList();
 }
 
-// The radius of the largest ball inside a sphere of radius 1 that is built of so many slices and stacks: the
-// distance of its nearest face from the centre, seen in the plane through the axis and the middle of a slice.
-float SolidShare(int subdivisions)
+// The radius of the largest ball inside a mesh of radius 1 with that many slices and stacks: the distance of
+// a face at the equator from the centre, seen in the plane through the axis and the middle of a slice.
+float ShareOfInnerBall(int subdivisions)
 {
     if (subdivisions < 3)
     {
         return 0.0F;
     }
     double const slice = kPi / subdivisions; // half the angle of a slice is the angle of a stack
-    double nearest = 1.0;
-    for (int stack = 0; stack < subdivisions; ++stack)
-    {
-        double const rimX = std::sin(stack * slice) * std::cos(slice);
-        double const rimZ = std::cos(stack * slice);
-        double const nextX = std::sin((stack + 1) * slice) * std::cos(slice);
-        double const nextZ = std::cos((stack + 1) * slice);
-        double const length = std::hypot(nextX - rimX, nextZ - rimZ);
-        nearest = std::min(nearest, std::fabs(rimX * nextZ - rimZ * nextX) / length);
-    }
-    return static_cast<float>(nearest);
+    double const upper = (subdivisions / 2) * slice;
+    double const lower = upper + slice;
+    double const upperX = std::sin(upper) * std::cos(slice);
+    double const lowerX = std::sin(lower) * std::cos(slice);
+    double const length = std::hypot(lowerX - upperX, std::cos(lower) - std::cos(upper));
+    return static_cast<float>(std::fabs(upperX * std::cos(lower) - std::cos(upper) * lowerX) / length);
 }
 
 } // namespace
@@ -118,8 +118,7 @@ void Roid::ReadSettings()
     CreatePrerender(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), m_ahroid);
 }
 
-// Names that are gone already are 0 and cost nothing: only the first asteroid of a field to go has work to
-// do.
+// The first asteroid of a field to go deletes them; for the others the names are 0 already.
 void Roid::ReleaseShared()
 {
     if (m_texture != 0)
@@ -153,21 +152,28 @@ void Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodC
         {
             lists[size][lod] = glGenLists(1);
         }
-    }
-    for (int lod = 0; lod < kLodCount; ++lod)
-    {
-        m_asolidShare[lod] = SolidShare(subdivisions[lod]);
+        meshes.solidShare[lod] = ShareOfInnerBall(subdivisions[lod]);
     }
     Quadric const quadric = SphereQuadric();
     for (int size = 0; size < kSizeCount; ++size)
     {
         float const radius = static_cast<float>(size) * step + minR;
-        m_aradius[size] = radius;
+        meshes.radius[size] = radius;
         for (int lod = 0; lod < kLodCount; ++lod)
         {
             CompileSphere(lists[size][lod], quadric.get(), radius, subdivisions[lod]);
         }
     }
+}
+
+float Roid::MeshRadius(int sizeClass)
+{
+    return meshes.radius[sizeClass];
+}
+
+float Roid::SolidShare(int levelOfDetail)
+{
+    return meshes.solidShare[levelOfDetail];
 }
 
 void Roid::RenderStart()
@@ -211,10 +217,17 @@ void Roid::Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail)
 bool Roid::ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                    TQ3Vector3D* hitPoint, float* hitDistance) const
 {
+    return ComputePathIntersectionAt(GetPosition(), start, end, radius, hitPoint, hitDistance);
+}
+
+bool Roid::ComputePathIntersectionAt(TQ3Vector3D const& place, TQ3Vector3D const& start,
+                                     TQ3Vector3D const& end, float radius, TQ3Vector3D* hitPoint,
+                                     float* hitDistance) const
+{
     float const reach = radius + GetRadius();
     TQ3Vector3D toCentre;
     TQ3Vector3D direction;
-    Vector3D_Subtract(&GetPosition(), &start, &toCentre);
+    Vector3D_Subtract(&place, &start, &toCentre);
     Vector3D_Subtract(&end, &start, &direction);
     Vector3D_Normalize(&direction, &direction);
 

@@ -25,8 +25,8 @@ public:
     };
     static Sizes SizesFromSettings();
 
-    // Picks a size class from the random sequence. An OpenGL context is current. Whoever makes thousands asks
-    // for the sizes once.
+    // Picks a size class from the random sequence. An OpenGL context is current. The second form spares
+    // thousands of asteroids the look-up of the settings.
     explicit Roid(Universe const* universe) : Roid(universe, SizesFromSettings()) {}
     Roid(Universe const* universe, Sizes const& sizes);
     Roid(Roid&&) noexcept = default;
@@ -61,11 +61,20 @@ public:
         return distanceSquared >= m_lodDistMedium ? 1 : 0;
     }
 
+    // The radius of the spheres of that size class, world units, and the share of it that the sphere inside
+    // the mesh of that level of detail has.
+    static float MeshRadius(int sizeClass);
+    static float SolidShare(int levelOfDetail);
+
     // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid:
     // then hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it
     // has come. A touch beyond the end is reported too.
     bool ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                  TQ3Vector3D* hitPoint, float* hitDistance) const;
+
+    // The same for the asteroid in another repetition of its cell.
+    bool ComputePathIntersectionAt(TQ3Vector3D const& place, TQ3Vector3D const& start, TQ3Vector3D const& end,
+                                   float radius, TQ3Vector3D* hitPoint, float* hitDistance) const;
 
     int GetSizeClass() const { return m_sizeClass; }
 
@@ -74,8 +83,6 @@ public:
     static float m_lodDistMedium; // squared
     static bool m_fGotSettings;
     static unsigned long m_ahroid[kSizeCount][kLodCount];
-    static float m_aradius[kSizeCount];    // world units
-    static float m_asolidShare[kLodCount]; // of its radius: the sphere that each mesh contains
 
 private:
     static void ReleaseShared();

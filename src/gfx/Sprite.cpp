@@ -3,7 +3,6 @@
 #include "gfx/Sprite.h"
 
 #include "gfx/QTImage.h"
-#include "gfx/TextureFormat.h"
 #include "platform/base/OpenGL.h"
 
 namespace
@@ -36,9 +35,24 @@ int UploadSmallerLevels(QTImage const& image)
         }
         image.copyTo(*smaller);
         ++level;
-        UploadTextureLevel(*smaller, level, GL_RGBA8);
+        smaller->UploadTextureLevel(level, GL_RGBA8);
     }
     return level;
+}
+
+void UploadLevels(QTImage const& image, int mipMapping)
+{
+    image.UploadTextureLevel(0, GL_RGBA8);
+    if (mipMapping < Sprite::kMipMapped)
+    {
+        GLint const filter = mipMapping <= Sprite::kNearest ? GL_NEAREST : GL_LINEAR;
+        SetFilters(filter, filter);
+        return;
+    }
+    int const lastLevel = UploadSmallerLevels(image);
+    SetFilters(GL_LINEAR, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_BASE_LEVEL, 0);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, lastLevel);
 }
 
 } // namespace
@@ -56,25 +70,11 @@ bool Sprite::CreateTextureFromImage(QTImage const& image, int mipMapping)
     glBindTexture(GL_TEXTURE_2D, m_texture);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);
-    UploadTextureLevel(image, 0, GL_RGBA8);
-    if (mipMapping < kMipMapped)
-    {
-        GLint const filter = mipMapping <= kNearest ? GL_NEAREST : GL_LINEAR;
-        SetFilters(filter, filter);
-    }
-    else
-    {
-        int const lastLevel = UploadSmallerLevels(image);
-        SetFilters(GL_LINEAR, GL_LINEAR_MIPMAP_LINEAR);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_BASE_LEVEL, 0);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, lastLevel);
-    }
+    UploadLevels(image, mipMapping);
     glBindTexture(GL_TEXTURE_2D, 0);
 
     m_width = image.GetImageWidth();
     m_height = image.GetImageHeight();
-    m_inverseBufferWidth = 1.0F / image.GetWidth();
-    m_inverseBufferHeight = 1.0F / image.GetHeight();
     m_mipMapping = mipMapping;
     return true;
 }
@@ -94,7 +94,8 @@ void Sprite::set() const
     case kLinear:
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
         break;
-    case kMipMapped: // coarser between the levels than at creation, deliberately
+    case kMipMapped:
+        // The nearest level only, cheaper than the blend of two that is set at creation.
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
         break;
     default:

@@ -29,14 +29,10 @@ public:
     unsigned GetTexture() const { return m_texture; }
     float GetWidth() const { return m_width; }
     float GetHeight() const { return m_height; }
-    float GetInverseBufferWidth() const { return m_inverseBufferWidth; }
-    float GetInverseBufferHeight() const { return m_inverseBufferHeight; }
 
 private:
     int m_mipMapping = 0;
     float m_width = 0.0F;
     float m_height = 0.0F;
-    float m_inverseBufferWidth = 0.0F;
-    float m_inverseBufferHeight = 0.0F;
     unsigned m_texture = 0;
 };

@@ -2,21 +2,20 @@
 // SPDX-License-Identifier: MIT
 //
 // One styled string as a texture: rasterised on the first draw after a change, then drawn as a quad anywhere.
-// A box and a frame may lie behind the text. Overlay is the caller.
+// A box and a frame may lie behind the text.
 #pragma once
 
 #include "platform/base/Geometry.h"
 #include "platform/text/Text.h"
 #include "platform/window/GLContext.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 
 class StringTexture
 {
 public:
-    using Attributes = std::shared_ptr<platform::TextAttributes const>;
+    using Attributes = platform::TextAttributes;
 
     StringTexture() = default;
     ~StringTexture();

@@ -25,8 +25,8 @@ constexpr char const* kLines[] = {
     // Translators: keep the five blanks that open this line and those like it.
     MarkForCatalogue("     Mesa and GLU for OpenGL, Pango and Cairo for text (MIT, SGI-B, LGPL)"),
     MarkForCatalogue("     SDL and SDL_image for window, full screen, input and pictures (zlib)"),
-    MarkForCatalogue("     FFmpeg and OpenAL Soft for music and sound (LGPL)"),
-    MarkForCatalogue("     toml++ and gettext, and all who answer in the forums (MIT, LGPL)"),
+    MarkForCatalogue("     libsndfile and OpenAL Soft for music and sound (LGPL)"),
+    MarkForCatalogue("     GLib and gettext, and all who answer in the forums (LGPL)"),
     MarkForCatalogue("Music: composed and rendered by the game's own programs, by the Quarrow team (CC0)"),
     MarkForCatalogue("     'Sable', the Quarrow team, music@quarrow.example"),
     MarkForCatalogue("     'Electro0032', the Quarrow team, music@quarrow.example"),

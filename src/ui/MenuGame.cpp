@@ -126,7 +126,7 @@ bool MenuMain::MouseUp(int item)
         SetCurrent(new MenuCredits);
         return true;
     case 4:
-        platform::Application::shared()->terminate();
+        platform::Terminate();
         return true;
     default:
         return false;

@@ -10,7 +10,6 @@
 namespace
 {
 
-constexpr platform::Color kForeground{1.0F, 1.0F, 1.0F, 1.0F};
 constexpr platform::Color kTextColor{0.8F, 0.8F, 1.0F, 1.0F};
 constexpr platform::Color kBoxColor{0.0F, 0.0F, 0.0F, 0.0F};
 constexpr platform::Color kBorderColor{0.8F, 0.8F, 1.0F, 1.0F};
@@ -18,7 +17,7 @@ constexpr platform::Color kBorderColor{0.8F, 0.8F, 1.0F, 1.0F};
 } // namespace
 
 Overlay::Overlay(int x, int y, int fontSize, char const* fontName)
-    : m_attributes(platform::TextAttributes::shared(fontName, static_cast<float>(fontSize), kForeground)),
+    : m_attributes{fontName, static_cast<float>(fontSize)},
       m_x(x),
       m_y(y)
 {

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "world/Body.h"
 
-#include "audio/GameSound.h"
 #include "math/util.h"
 #include "world/Universe.h"
 
@@ -164,14 +163,11 @@ TQ3Vector3D Body::Facing() const
     return facing;
 }
 
-// The speed becomes the minimum, not zero: with a minimum above zero a blocked ship keeps crawling,
-// deliberately.
+// The speed becomes the minimum, not zero: with a minimum above zero a blocked ship keeps crawling, so that
+// it can steer free.
 void Body::StopAtImpact()
 {
     SetVelocity(0.0F);
     m_accel = 0.0F;
-    if (GameSound* const impact = m_puniverse->GetWhamSound())
-    {
-        impact->Play();
-    }
+    m_puniverse->GetWhamSound().Play();
 }

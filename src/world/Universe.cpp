@@ -2,142 +2,163 @@
 // SPDX-License-Identifier: MIT
 #include "world/Universe.h"
 
-#include "audio/GameSound.h"
-#include "gfx/QTUtil.h"
-#include "gfx/Roid.h"
+#include "core/Game.h"
+#include "core/Globals.h"
 #include "math/util.h"
 #include "settings/GameSettings.h"
-#include "ui/Overlay.h"
-#include "world/Camera.h"
 #include "world/field/PathSearch.h"
-#include "world/Waypoint.h"
 
-#include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <limits>
 
-namespace
-{
-
-constexpr std::size_t kFontNameSize = 256;
-
-std::unique_ptr<Overlay> CockpitOverlay(IntSetting const& size)
-{
-    char fontName[kFontNameSize];
-    GameSettings::GetStringParam(setting::kCockpitTimerFontName, fontName);
-    return std::make_unique<Overlay>(0, 0, GameSettings::GetIntParam(size), fontName);
-}
-
-// How far the view may reach into a field of that density without holding more asteroids than every computer
-// draws in a tenth of a second or two. Those in view, less those behind others, grow with its cube.
-float FarthestView(float density)
-{
-    constexpr float kMostInView = 2500.0F;
-    constexpr float kPerCubicUnit = 0.163F; // seen where every cell is filled
-    return std::cbrt(kMostInView / (kPerCubicUnit * std::max(density, 0.001F)));
-}
-
-} // namespace
-
 Universe::Universe()
+    : m_camera(this),
+      m_isMouseInverted(GameSettings::GetIntParam(setting::kMouseInvert) != 0),
+      m_searchMargin(GameSettings::GetFloatParam(setting::kAsteroidsMaxR) - m_camera.GetRadius()),
+      m_field(this),
+      m_waypoint(this),
+      m_whamSound("Wham.AIFF"),
+      m_grazeSound("Graze.AIFF"),
+      m_attentionSound("Attention.AIFF")
 {
-    InitShip();
-    m_mouseInvert = GameSettings::GetIntParam(setting::kMouseInvert) != 0;
-    Roid::ReadSettings();
-    GenerateField();
-    m_pathSearch = std::make_unique<PathSearch>(*this);
-    InitCubeTexture();
-    ReadSceneSettings();
-    CreateOverlays();
-    StartCourse();
-    m_whamSound = std::make_unique<GameSound>("Wham.AIFF");
-    m_grazeSound = std::make_unique<GameSound>("Graze.AIFF");
-    m_attentionSound = std::make_unique<GameSound>("Attention.AIFF");
+    PlaceShip();
+    m_waypoint.SetPos(m_course.GetMarker());
+    ShowWaypoint();
 }
 
-Universe::~Universe() = default;
-
-void Universe::InitShip()
+void Universe::PlaceShip()
 {
-    m_camera = std::make_unique<Camera>(this);
-    m_camera->MoveTo(-10.0F, -10.0F, -10.0F);
-    m_camera->TurnToFace(0.0F, 0.0F, 0.0F);
-    m_camera->SetMinMaxVelocity(GameSettings::GetFloatParam(setting::kPlayerMinSpeed),
-                                GameSettings::GetFloatParam(setting::kPlayerMaxSpeed));
-    m_camera->SetMaxAcceleration(GameSettings::GetFloatParam(setting::kPlayerMaxAccel));
-    m_camera->SetMaxRotation(GameSettings::GetFloatParam(setting::kPlayerRotationsPerSecond));
-    m_searchMargin = GameSettings::GetFloatParam(setting::kAsteroidsMaxR) - m_camera->GetRadius();
+    m_camera.MoveTo(-10.0F, -10.0F, -10.0F);
+    m_camera.TurnToFace(0.0F, 0.0F, 0.0F);
+    m_camera.SetMinMaxVelocity(GameSettings::GetFloatParam(setting::kPlayerMinSpeed),
+                               GameSettings::GetFloatParam(setting::kPlayerMaxSpeed));
+    m_camera.SetMaxAcceleration(GameSettings::GetFloatParam(setting::kPlayerMaxAccel));
+    m_camera.SetMaxRotation(GameSettings::GetFloatParam(setting::kPlayerRotationsPerSecond));
 }
 
-// Level outermost, z innermost, one draw for each cell: a seed always gives the same field.
-void Universe::GenerateField()
+void Universe::Tick(double dt)
 {
-    float const edge = GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge);
-    float const centre = GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter);
-
-    Roid::Sizes const sizes = Roid::SizesFromSettings();
-
-    // Reserved in full, so that no growth moves an asteroid that a slot already points to.
-    m_roidStorage.reserve(std::size_t{kFieldSize} * kFieldSize * kFieldSize * kLevelCount);
-    for (int level = 0; level < kLevelCount; ++level)
+    int const previousSeconds = static_cast<int>(m_clock.GetRaceTime());
+    float const previousDistSquared = SquaredDistanceToMarker();
+    if (m_clock.IsPaused())
     {
-        float const threshold =
-            edge + static_cast<float>(level) * (centre - edge) / static_cast<float>(kLevelCount - 1);
-        for (int cell = 0; cell < kFieldSize * kFieldSize * kFieldSize; ++cell)
-        {
-            if (!(threshold >= Rand()))
-            {
-                continue;
-            }
-            int const x = cell / (kFieldSize * kFieldSize);
-            int const y = cell / kFieldSize % kFieldSize;
-            int const z = cell % kFieldSize;
-            Roid& roid = m_roidStorage.emplace_back(this, sizes);
-            roid.MoveTo(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
-            m_roids[x][y][z][level] = &roid;
-            m_fieldRows.Add(x, y, z, level, roid.GetSizeClass());
-        }
+        m_clock.AddPausedTime(dt);
+    }
+    else
+    {
+        AdvanceRace(dt);
+    }
+    m_fps = static_cast<float>(1.0 / dt);
+    ShowProgress(previousSeconds, previousDistSquared);
+}
+
+void Universe::AdvanceRace(double dt)
+{
+    m_camera.Tick(dt);
+    m_waypoint.Tick(dt);
+    if (m_waypoint.SphereIntersects(m_camera.GetPosition(), m_camera.GetRadius()))
+    {
+        ReachWaypoint();
+    }
+    m_clock.AddRaceTime(dt);
+}
+
+void Universe::ReachWaypoint()
+{
+    bool const isRaceOver = !m_course.Advance();
+    m_waypoint.SetPos(m_course.GetMarker());
+    if (isRaceOver)
+    {
+        Game::pGame->SwitchToState(kStateRaceOver);
+        return;
+    }
+    m_attentionSound.Play();
+    ShowWaypoint();
+}
+
+void Universe::ActivateWaypoint(int n)
+{
+    assert(n >= 0 && n < kWaypointCount);
+    if (n >= 1)
+    {
+        m_attentionSound.Play();
+    }
+    m_course.GoTo(n);
+    m_waypoint.SetPos(m_course.GetMarker());
+    ShowWaypoint();
+}
+
+void Universe::ShowWaypoint()
+{
+    m_cockpit.ShowWaypoint(m_course.GetCurrent() + 1, kWaypointCount);
+}
+
+void Universe::ShowProgress(int previousSeconds, float previousDistSquared)
+{
+    if (int const seconds = static_cast<int>(m_clock.GetRaceTime()); seconds != previousSeconds)
+    {
+        m_cockpit.ShowTime(seconds);
+    }
+
+    // A distance is compared with a squared one, as the game always did: the text is set in almost every
+    // frame, and stays only where both are the same whole number.
+    int const distance = FloorToInt(std::sqrt(SquaredDistanceToMarker()));
+    if (distance != FloorToInt(previousDistSquared)) // far out the square exceeds an int
+    {
+        m_cockpit.ShowDistance(distance);
     }
 }
 
-void Universe::ReadSceneSettings()
+float Universe::SquaredDistanceToMarker() const
 {
-    m_fogStart = GameSettings::GetFloatParam(setting::kFogStart);
-    float const farthest = FarthestView(GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge));
-    m_fogEndLow = std::min(GameSettings::GetFloatParam(setting::kFogEndLow), farthest);
-    m_fogEndHigh = std::min(GameSettings::GetFloatParam(setting::kFogEndHigh), farthest);
-    m_arrowX = static_cast<float>(GameSettings::GetIntParam(setting::kCockpitArrowX));
-    m_arrowY = static_cast<float>(GameSettings::GetIntParam(setting::kCockpitArrowY));
+    return DistSquared(m_waypoint.GetPosition(), m_camera.GetPosition());
 }
 
-void Universe::CreateOverlays()
+void Universe::PlayerWantsToTurn(float dx, float dy)
 {
-    if (GameSettings::GetFloatParam(setting::kShowFps) != 0.0F)
+    TQ3Vector3D wish{dx, m_isMouseInverted ? -dy : dy, 0.0F};
+    float const magnitude = std::sqrt(Vector3D_GetLengthSquared(&wish));
+    if (FltIsCloseTo(magnitude, 0.0F))
     {
-        char fontName[kFontNameSize];
-        GameSettings::GetStringParam(setting::kFpsFontName, fontName);
-        m_fpsOverlay =
-            std::make_unique<Overlay>(30, 30, GameSettings::GetIntParam(setting::kFpsFontSize), fontName);
+        m_camera.SetRotationRate({}, 0.0F);
+        return;
     }
-    m_timerOverlay = CockpitOverlay(setting::kCockpitTimerFontSize);
-    m_timerOverlay->SetBgColor(0.3F, 0.3F, 0.3F, 0.2F);
-    m_waypointOverlay = CockpitOverlay(setting::kCockpitWayptFontSize);
-    m_distanceOverlay = CockpitOverlay(setting::kCockpitWayptFontSize);
-    for (Overlay* overlay : {m_waypointOverlay.get(), m_distanceOverlay.get()})
-    {
-        overlay->SetBgColor(0.0F, 0.0F, 0.0F, 0.0F);
-        overlay->SetBorderColor(0.0F, 0.0F, 0.0F, 0.0F);
-    }
+    Vector3D_Normalize(&wish, &wish);
+    Q3Vector3D_TransformQuaternion(&wish, &m_camera.GetRotation(), &wish);
+    TQ3Vector3D facing;
+    Vector3D_Subtract(&m_camera.GetLookAt(), &m_camera.GetPosition(), &facing);
+    TQ3Vector3D axis;
+    Vector3D_Cross(&facing, &wish, &axis);
+    m_camera.SetRotationRate(axis, magnitude);
 }
 
 bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,
                                TQ3Vector3D* hitPoint, float* hitFraction) const
 {
-    float const nearest = m_pathSearch->NearestHit({start, end, radius, m_searchMargin}, hitPoint); // squared
-    if (!(nearest <= std::numeric_limits<float>::max() && nearest < DistSquared(end, start)))
+    PathHit const hit = NearestHit(m_field, {start, end, radius, m_searchMargin});
+    if (!(hit.squaredDistance <= std::numeric_limits<float>::max() &&
+          hit.squaredDistance < DistSquared(end, start)))
     {
         return false;
     }
+    *hitPoint = hit.point;
     *hitFraction = 0.0F;
     return true;
+}
+
+void Universe::Render(int width, int height)
+{
+    m_scene.Render(m_field, m_camera, m_waypoint, width, height);
+    m_scene.RenderFrameRate(m_fps, width, height);
+    if (!m_isCockpitHidden)
+    {
+        RenderCockpit(width, height);
+    }
+    glReportError();
+}
+
+void Universe::RenderCockpit(int width, int height)
+{
+    m_cockpit.Render(m_camera, m_waypoint.GetPosition(), width, height);
 }

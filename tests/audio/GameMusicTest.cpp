@@ -9,7 +9,7 @@
 #include "platform/base/Bundle.h"
 #include "platform/base/RunLoop.h"
 #include "platform/settings/Preferences.h"
-#include "platform/sound/MediaFile.h"
+#include "platform/sound/SoundFile.h"
 #include "platform/sound/TestMedia.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
@@ -145,10 +145,10 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
 {
     auto const path = platform::Bundle::pathForResource("SerialK.mp3", "Music");
     ASSERT_TRUE(path);
-    auto const file = platform::MediaFile::open(*path);
+    auto file = platform::SoundFile::open(*path);
     constexpr int kSeconds = 10;
     Samples decoded(2 * 44100 * kSeconds);
-    file->openAudio()->read(0, decoded);
+    file->read(0, decoded);
 
     Loopback loopback;
     GameSettings::Initialize();
@@ -162,7 +162,7 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     std::size_t at = 0;
     while (at < decoded.size())
     {
-        platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+        platform::RunLoop::runTimersOnce();
         for (float const sample :
              loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
         {
@@ -197,7 +197,7 @@ TEST(GameSoundNSMovieTest, PlayLeavesAPlayingTrackAloneAndStopRewinds)
         std::vector<float> heard;
         for (int i = 0; i < frames; ++i)
         {
-            platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
+            platform::RunLoop::runTimersOnce();
             auto const frame = loopback.render(kFrame);
             heard.insert(heard.end(), frame.begin(), frame.end());
         }

@@ -5,10 +5,10 @@
 #include "audio/GameSound.h"
 #include "core/Game.h"
 #include "settings/GameSettings.h"
-#include "support/EventFactory.h"
 #include "support/FrozenSound.h"
 #include "support/MenuProbe.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "ui/MenuGame.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
@@ -27,7 +27,7 @@ protected:
     Camera& ship() { return *game().GetUniverse()->GetCamera(); }
     float throttle() { return ship().GetTargetVPct(); }
 
-    // From whatever menu stands, with the settings of this moment.
+    // From any menu or race, with the settings of this moment.
     void startRace()
     {
         game().SwitchToState(kStateMenu);
@@ -42,7 +42,7 @@ protected:
     }
     void press(std::u16string const& characters) { send(events::KeyDown(characters)); }
 
-    // The turn that the ship is asked for with the pointer there, as a share of the greatest.
+    // The turn that the ship is asked for with the pointer at (x, y), as a share of the greatest turn.
     float turnAt(float x, float y)
     {
         send(events::MouseMoved(x, y));
@@ -239,7 +239,7 @@ TEST_F(GameControls, NoTurnBeforeThePointerMoves)
     EXPECT_EQ(ship().GetRotationRate(), 0.0F);
 }
 
-// A view of 800 x 600 has its centre at (400, 300); 5 % of full deflection lie 20 and 15 pixels off it.
+// A view of 800 x 600 has its centre at (400, 300); the dead zone of 5 % ends 20 and 15 pixels off it.
 TEST_F(GameControls, ATurnStartsOutsideTheDeadZone)
 {
     startRace();

@@ -3,7 +3,7 @@
 #include "core/GameEvent.h"
 
 #include "core/GameEventNSEvent.h"
-#include "support/EventFactory.h"
+#include "support/window/EventFactory.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ std::vector<Event> EventsWithoutKeys()
     for (EventType const type : {EventType::MouseMoved, EventType::LeftMouseUp, EventType::RightMouseUp,
                                  EventType::LeftMouseDragged, EventType::ScrollWheel})
     {
-        Event event = KeyDown(u"d"); // with a character, and no key all the same
+        Event event = KeyDown(u"d"); // has a character, but is no key event
         event.type = type;
         all.push_back(event);
     }

@@ -10,11 +10,11 @@
 #include "platform/base/Random.h"
 #include "settings/GameSettings.h"
 #include "support/CapturedLog.h"
-#include "support/EventFactory.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "ui/MenuGame.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
@@ -55,7 +55,7 @@ protected:
     }
     void startRace() { click(0); }
 
-    // Ends the race that runs: the ship is put into the last marker.
+    // Ends the race by putting the ship into the last marker.
     void finishRace()
     {
         world().ActivateWaypoint(Universe::kWaypointCount - 1);

@@ -3,7 +3,7 @@
 #include "core/Globals.h"
 
 #include "platform/base/OpenGL.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 
 #include <gtest/gtest.h>
 

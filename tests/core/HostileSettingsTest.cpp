@@ -9,10 +9,10 @@
 #include "core/GameEventNSEvent.h"
 #include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
-#include "support/EventFactory.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
+#include "support/window/EventFactory.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 

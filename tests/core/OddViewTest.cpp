@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Views in which there is next to nothing to see.
+// Views without an area, or of a single line of pixels.
 #include "core/Game.h"
-#include "support/EventFactory.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "support/Worlds.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
@@ -55,7 +55,7 @@ TEST_P(OddView, ShowsEveryMenu)
     EXPECT_EQ(game.GetState(), kStatePaused);
 }
 
-// Looked along, it would otherwise show half of the endless field.
+// Its view angle is nearly 180 degrees, so that half of the endless field lies in it.
 TEST_F(GameStage, LineOfAWindowDrawsNotMuchMoreThanAWholeOne)
 {
     auto const world = test::SeededWorld(2026);

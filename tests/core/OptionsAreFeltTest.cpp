@@ -5,11 +5,11 @@
 // it.
 #include "core/Game.h"
 #include "platform/base/OpenGL.h"
-#include "support/EventFactory.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "ui/MenuGame.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
@@ -46,7 +46,7 @@ protected:
     }
     void drawFrame() { game().Render(probe::kWidth, probe::kHeight); }
 
-    // Each item is met where a frame has just shown it.
+    // Draws a frame first, which puts the item into its place.
     void click(int item)
     {
         drawFrame();
@@ -92,7 +92,7 @@ protected:
         return 0.0;
     }
 
-    // Of the deepest level's cells, the filled ones.
+    // The share of the deepest level's cells that are filled.
     double filledShare()
     {
         int filled = 0;

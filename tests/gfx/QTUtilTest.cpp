@@ -5,7 +5,7 @@
 #include "gfx/QTImage.h"
 #include "platform/base/OpenGL.h"
 #include "support/CapturedLog.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 
 #include "gfx/QTImage.h"
 #include "platform/base/OpenGL.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/TestPicture.h"
 
 #include <gmock/gmock.h>
@@ -118,8 +118,6 @@ TEST_F(SpriteTest, TheSizeIsThePicturesOwn)
     create(1, odd);
     EXPECT_EQ(m_sprite.GetWidth(), 100.0F);
     EXPECT_EQ(m_sprite.GetHeight(), 30.0F);
-    EXPECT_EQ(m_sprite.GetInverseBufferWidth(), 1.0F / 128.0F);
-    EXPECT_EQ(m_sprite.GetInverseBufferHeight(), 1.0F / 32.0F);
 }
 
 TEST_F(SpriteTest, ASecondPictureKeepsTheName)

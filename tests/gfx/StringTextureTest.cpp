@@ -4,7 +4,7 @@
 
 #include "platform/base/OpenGL.h"
 #include "support/CapturedLog.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ constexpr platform::Color kGreen{0.0F, 1.0F, 0.0F, 1.0F};
 class StringTextureTest : public testing::Test
 {
 protected:
-    StringTextureTest() : m_attributes(platform::TextAttributes::shared("Helvetica", 20.0F, kWhite))
+    StringTextureTest()
     {
         recording::reset();
         m_texture.initWithString("Start Race", m_attributes);
@@ -53,7 +53,7 @@ protected:
         EXPECT_EQ(m_texture.frameSize().height, height);
     }
 
-    StringTexture::Attributes m_attributes;
+    StringTexture::Attributes const m_attributes{"Helvetica", 20.0F};
     StringTexture m_texture;
 };
 

@@ -88,18 +88,18 @@ TEST_P(Translation, KeepsNamesAndAddresses)
 
 TEST_P(Translation, EveryCharacterHasAGlyph)
 {
-    auto const font = platform::TextAttributes::shared("Helvetica", 20.0F, {1.0F, 1.0F, 1.0F, 1.0F});
+    platform::TextAttributes const font{"Helvetica", 20.0F};
     for (std::string const& key : language::Keys())
     {
         std::string const text = localizedString(key.c_str());
-        EXPECT_EQ(pango_layout_get_unknown_glyphs_count(platform::LayOutLine(text, *font)), 0) << text;
+        EXPECT_EQ(pango_layout_get_unknown_glyphs_count(platform::LayOutLine(text, font)), 0) << text;
     }
 }
 
 TEST(Translations, ACharacterOfNoFontCounts)
 {
-    auto const font = platform::TextAttributes::shared("Helvetica", 20.0F, {1.0F, 1.0F, 1.0F, 1.0F});
-    EXPECT_EQ(pango_layout_get_unknown_glyphs_count(platform::LayOutLine("\U00012000", *font)), 1);
+    platform::TextAttributes const font{"Helvetica", 20.0F};
+    EXPECT_EQ(pango_layout_get_unknown_glyphs_count(platform::LayOutLine("\U00012000", font)), 1);
 }
 
 } // namespace

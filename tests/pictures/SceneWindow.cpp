@@ -3,7 +3,7 @@
 #include "pictures/SceneWindow.h"
 
 #include "platform/base/OpenGL.h"
-#include "support/PassiveView.h"
+#include "support/window/PassiveView.h"
 
 #include <stdexcept>
 
@@ -21,8 +21,7 @@ SceneWindow::SceneWindow(int width, int height)
 {
     platform::Rect const content{{}, {static_cast<float>(width), static_cast<float>(height)}};
     bool const hasContext = m_view->initWithFrame(content);
-    m_window =
-        hasContext ? platform::Window::initWithContentRect(content, platform::WindowStyle::Titled) : nullptr;
+    m_window = hasContext ? platform::Window::initWithContentSize(content.size) : nullptr;
     if (!m_window)
     {
         throw std::runtime_error("no window to draw into");

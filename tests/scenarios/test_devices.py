@@ -31,7 +31,7 @@ class DevicesScenario(Scenario):
             self.assertEqual(sum(word in line for line in game.log().splitlines()), 1, game.log())
 
     def odd_driver(self, kind):
-        """Sanitizers want to be loaded first, and are when they need not be."""
+        """With the driver preloaded a sanitizer is not the first library, and would refuse to start."""
         return {"LD_PRELOAD": os.environ["QUARROW_ODD_DRIVER"], "ODD_DRIVER": kind,
                 "ASAN_OPTIONS": "verify_asan_link_order=0:" + os.environ.get("ASAN_OPTIONS", "")}
 

@@ -11,11 +11,11 @@ from game_window import SETTINGS_GROUP, Display, Game, Scenario, wait_until
 
 # Sanitizers make a frame several times as long.
 LIMIT = 1.0 if "asan" not in os.environ["QUARROW_PROGRAM"] else 5.0  # seconds
-TRIES = 3  # another program may have the processor just then: the game is too slow when it is every time
+TRIES = 3  # another program may have the processor just then; the test fails when the game is too slow each time
 
 
 def limit():
-    """Where more programs want to run than there are processors, the game gets its share of a second only."""
+    """With more programs running than there are processors, the game gets only a part of each second."""
     return LIMIT * max(1.0, os.getloadavg()[0] / os.cpu_count())
 
 
@@ -47,7 +47,7 @@ class EndedScenario(Scenario):
             game.display.vanish()
         status = game.wait_exit()
         seconds = time.monotonic() - start
-        # A lost display ends the program from within its library for windows, in order but with a complaint.
+        # When the display is lost, Xlib ends the program with exit(1).
         self.assertEqual(status, 1 if how == "display gone" else 0, game.log())
         return seconds
 
@@ -128,7 +128,7 @@ class EndedScenario(Scenario):
         self.check_all_ways(capture)
 
     def test_while_it_loads(self):
-        for how in WAYS[:4] + WAYS[5:]:  # a key that comes before the first frame is none
+        for how in WAYS[:4] + WAYS[5:]:  # before the first frame the window is hidden and gets no keys
             with self.subTest(how=how):
                 self.check_time(lambda how=how: self.ended_while_it_loads(how))
 

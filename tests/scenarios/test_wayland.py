@@ -53,7 +53,7 @@ class WaylandScenario(unittest.TestCase):
         return game
 
     def click_item(self, game, item):
-        """The compositor's pointer is in the picture: out of the way with it."""
+        """Moves the pointer away afterwards: the compositor draws it into the picture."""
         game.click_item(item)
         game.point_at(5, 5)
 

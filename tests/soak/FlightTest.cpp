@@ -4,6 +4,7 @@
 // Hours of simulated flight into the depths of the field, 60 steps to the second: the ship keeps its course
 // and speed as well as coordinates of 32 bits allow, and a step costs at the end what it cost at the start.
 #include "core/Game.h"
+#include "support/flight/Vectors.h"
 #include "support/Stage.h"
 #include "support/Worlds.h"
 #include "world/Camera.h"
@@ -12,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <ctime>
 #include <iostream>
 
@@ -24,12 +24,6 @@ constexpr int kMinute = 60 * kStepsPerSecond; // steps
 constexpr int kMinutes = 240;
 constexpr float kSpeed = 4.0F; // units per second
 constexpr TQ3Vector3D kStart{-10.0F, -10.0F, -10.0F};
-
-double Length(TQ3Vector3D const& v)
-{
-    return std::sqrt(static_cast<double>(v.x) * v.x + static_cast<double>(v.y) * v.y +
-                     static_cast<double>(v.z) * v.z);
-}
 
 // Seconds of the processor.
 double CostOf(Universe& universe, int steps)
@@ -69,7 +63,7 @@ TEST_F(Flight, KeepsItsCourseForFourHours)
 
     // A step is 0.038 along each axis; near 33,000 coordinates are 0.004 apart, which rounds it by a
     // twentieth at most.
-    double const flown = Length({end.x - kStart.x, end.y - kStart.y, end.z - kStart.z});
+    double const flown = test::Length(test::Difference(end, kStart));
     double const expected = 60.0 * kMinutes * kSpeed;
     std::cout << flown << " of " << expected << " units; a minute costs " << first << " s at first, " << last
               << " s at last\n";

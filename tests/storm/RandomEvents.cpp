@@ -2,29 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "storm/RandomEvents.h"
 
+#include <array>
 #include <cstring>
 
 namespace
 {
 
-struct Share
-{
-    EventKind kind;
-    int perMille; // the rest are moves
-};
-
 // Ends come so rarely that most runs see every menu.
-constexpr std::array kShares = {
-    Share{EventKind::Key, 230},      Share{EventKind::KeyLetGo, 100}, Share{EventKind::Release, 200},
-    Share{EventKind::Wheel, 80},     Share{EventKind::Focus, 20},     Share{EventKind::Foreign, 40},
-    Share{EventKind::FullScreen, 1}, Share{EventKind::Resize, 2},
-};
 constexpr int kEventsPerEnd = 8000;
 
 constexpr std::array kModifiers = {KMOD_NONE,  KMOD_NONE, KMOD_NONE, KMOD_LSHIFT, KMOD_CAPS,
                                    KMOD_LCTRL, KMOD_RALT, KMOD_LGUI, KMOD_NUM};
 
-// Those that the game knows, so that they come often enough.
+// Keys that the game knows: half of all key events are theirs.
 constexpr std::array kKnownKeys = {SDLK_w,  SDLK_s,    SDLK_ESCAPE, SDLK_d,     SDLK_RETURN, SDLK_UP,
                                    SDLK_F5, SDLK_KP_4, SDLK_TAB,    SDLK_SPACE, SDLK_DELETE, SDLK_LSHIFT};
 
@@ -43,44 +33,34 @@ constexpr std::array kForeignTypes = {
 
 } // namespace
 
-EventKind RandomEvents::PushNext(SDL_Window* window)
+void RandomEvents::PushNext(SDL_Window* window)
 {
-    m_window = window;
-    EventKind const kind = NextKind();
-    switch (kind)
+    struct Share
     {
-    case EventKind::Key:
-        PushKey(true);
-        break;
-    case EventKind::KeyLetGo:
-        PushKey(false);
-        break;
-    case EventKind::Release:
-        PushRelease();
-        break;
-    case EventKind::Wheel:
-        PushWheel();
-        break;
-    case EventKind::Resize:
-        ResizeWindow();
-        break;
-    case EventKind::Focus:
-        PushFocusChange();
-        break;
-    case EventKind::FullScreen:
-        OneIn(2) ? PushCommand(SDLK_F11, KMOD_NONE) : PushCommand(SDLK_RETURN, KMOD_LALT);
-        break;
-    case EventKind::Foreign:
-        PushForeign();
-        break;
-    case EventKind::End:
+        int perMille;
+        void (RandomEvents::*push)();
+    };
+    static constexpr Share kShares[] = {
+        {230, &RandomEvents::PushKeyDown},     {100, &RandomEvents::PushKeyUp},
+        {200, &RandomEvents::PushRelease},     {80, &RandomEvents::PushWheel},
+        {20, &RandomEvents::PushFocusChange},  {40, &RandomEvents::PushForeign},
+        {1, &RandomEvents::PushFullScreenKey}, {2, &RandomEvents::ResizeWindow},
+        {327, &RandomEvents::PushMove},
+    };
+    m_window = window;
+    if (OneIn(kEventsPerEnd))
+    {
         PushEnd();
-        break;
-    default:
-        PushMove();
-        break;
+        return;
     }
-    return kind;
+    int rest = Below(1000);
+    auto const* share = std::begin(kShares);
+    while (rest >= share->perMille)
+    {
+        rest -= share->perMille;
+        ++share;
+    }
+    (this->*share->push)();
 }
 
 int RandomEvents::Below(int count)
@@ -93,25 +73,7 @@ int RandomEvents::Between(int least, int most)
     return least + Below(most - least + 1);
 }
 
-EventKind RandomEvents::NextKind()
-{
-    if (OneIn(kEventsPerEnd))
-    {
-        return EventKind::End;
-    }
-    int rest = Below(1000);
-    for (Share const& share : kShares)
-    {
-        rest -= share.perMille;
-        if (rest < 0)
-        {
-            return share.kind;
-        }
-    }
-    return EventKind::Move;
-}
-
-// For the window as a rule; sometimes for none, or for one that there is not.
+// For the window as a rule; sometimes for no window, or for one that does not exist.
 SDL_Event RandomEvents::Blank(unsigned type)
 {
     SDL_Event event;
@@ -130,19 +92,16 @@ void RandomEvents::PushKey(bool isDown)
     SDL_Event event = Blank(isDown ? SDL_KEYDOWN : SDL_KEYUP);
     bool const isKnown = OneIn(2);
     event.key.keysym.scancode = static_cast<SDL_Scancode>(Below(SDL_NUM_SCANCODES));
-    event.key.keysym.sym = isKnown ? kKnownKeys[static_cast<std::size_t>(Below(kKnownKeys.size()))]
-                                   : SDL_GetKeyFromScancode(event.key.keysym.scancode);
+    event.key.keysym.sym = isKnown ? OneOf(kKnownKeys) : SDL_GetKeyFromScancode(event.key.keysym.scancode);
     if (OneIn(20))
     {
         event.key.keysym.sym = static_cast<SDL_Keycode>(m_random());
     }
-    event.key.keysym.mod =
-        static_cast<Uint16>(kModifiers[static_cast<std::size_t>(Below(kModifiers.size()))]);
+    event.key.keysym.mod = static_cast<Uint16>(OneOf(kModifiers));
     event.key.repeat = OneIn(4) ? 1 : 0;
-    bool const ends = event.key.keysym.sym == SDLK_q && (event.key.keysym.mod & KMOD_CTRL) != 0;
-    if (ends)
+    if (event.key.keysym.sym == SDLK_q) // Ctrl+Q comes from PushEnd() alone
     {
-        event.key.keysym.mod = KMOD_NONE; // that is PushEnd()'s
+        event.key.keysym.mod = KMOD_NONE;
     }
     SDL_PushEvent(&event);
     if (isDown && OneIn(2))
@@ -154,7 +113,7 @@ void RandomEvents::PushKey(bool isDown)
 void RandomEvents::PushText()
 {
     SDL_Event event = Blank(SDL_TEXTINPUT);
-    char const* const text = kTexts[static_cast<std::size_t>(Below(kTexts.size()))];
+    char const* const text = OneOf(kTexts);
     std::strncpy(event.text.text, text, sizeof event.text.text - 1);
     SDL_PushEvent(&event);
 }
@@ -168,7 +127,12 @@ void RandomEvents::PushCommand(SDL_Keycode key, int modifiers)
     SDL_PushEvent(&event);
 }
 
-// Half of them on a menu's column, so that menus are worked and not only run past; some far outside.
+void RandomEvents::PushFullScreenKey()
+{
+    OneIn(2) ? PushCommand(SDLK_F11, KMOD_NONE) : PushCommand(SDLK_RETURN, KMOD_LALT);
+}
+
+// Half of them where menus have their items, so that items are clicked often; some far outside the window.
 SDL_Point RandomEvents::Place()
 {
     int width = 1;
@@ -222,7 +186,7 @@ void RandomEvents::PushFocusChange()
     do
     {
         event.window.event = static_cast<Uint8>(Below(SDL_WINDOWEVENT_DISPLAY_CHANGED + 2));
-    } while (event.window.event == SDL_WINDOWEVENT_CLOSE); // that is PushEnd()'s
+    } while (event.window.event == SDL_WINDOWEVENT_CLOSE); // which comes from PushEnd() alone
     event.window.data1 = Between(-1, 2000);
     event.window.data2 = Between(-1, 2000);
     SDL_PushEvent(&event);
@@ -234,7 +198,7 @@ void RandomEvents::PushFocusChange()
 
 void RandomEvents::PushForeign()
 {
-    SDL_Event event = Blank(kForeignTypes[static_cast<std::size_t>(Below(kForeignTypes.size()))]);
+    SDL_Event event = Blank(OneOf(kForeignTypes));
     SDL_PushEvent(&event);
 }
 

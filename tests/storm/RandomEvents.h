@@ -2,53 +2,36 @@
 // SPDX-License-Identifier: MIT
 //
 // An endless sequence of input that no player would give: keys, moves, clicks, wheels, windows that change,
-// and kinds of events that the game has no use for. The same seed gives the same sequence. The event storm is
-// the caller.
+// and kinds of events that the game has no use for. The same seed gives the same sequence.
 #pragma once
 
 #include <SDL.h>
 
-#include <array>
 #include <cstddef>
+#include <iterator>
 #include <random>
-#include <string>
-
-enum class EventKind : std::size_t
-{
-    Key,
-    KeyLetGo,
-    Move,
-    Release,
-    Wheel,
-    Resize,
-    Focus,
-    FullScreen,
-    Foreign, // of no use to the game
-    End,     // the close button, Ctrl+Q or the desktop's wish to quit
-    Count,
-};
-
-constexpr std::size_t kEventKinds = static_cast<std::size_t>(EventKind::Count);
-constexpr std::array<char const*, kEventKinds> kEventKindNames = {
-    "keys",          "keys let go",          "moves",   "releases", "wheels", "resizes",
-    "focus changes", "full-screen switches", "foreign", "ends"};
 
 class RandomEvents
 {
 public:
     explicit RandomEvents(unsigned seed) : m_random(seed) {}
 
-    // Puts the next one into SDL's queue; some have a second event in their train. The window is the one that
-    // has the keyboard, of that size.
-    EventKind PushNext(SDL_Window* window);
+    // Puts the next one into SDL's queue, now and then two. The window is the one that has the keyboard.
+    void PushNext(SDL_Window* window);
 
     bool OneIn(int count) { return Below(count) == 0; }
 
 private:
     int Below(int count);
     int Between(int least, int most);
-    EventKind NextKind();
+    template <typename Elements>
+    auto OneOf(Elements const& elements)
+    {
+        return elements[static_cast<std::size_t>(Below(static_cast<int>(std::size(elements))))];
+    }
     SDL_Event Blank(unsigned type);
+    void PushKeyDown() { PushKey(true); }
+    void PushKeyUp() { PushKey(false); }
     void PushKey(bool isDown);
     void PushText();
     void PushCommand(SDL_Keycode key, int modifiers);
@@ -57,6 +40,7 @@ private:
     void PushWheel();
     void PushFocusChange();
     void PushForeign();
+    void PushFullScreenKey();
     void PushEnd();
     void ResizeWindow();
     SDL_Point Place();

@@ -3,7 +3,6 @@
 #include "support/FrozenSound.h"
 
 #include "audio/GameSound.h"
-#include "platform/base/RunLoop.h"
 #include "platform/sound/AudioDevice.h"
 
 #include <AL/alext.h>
@@ -19,18 +18,6 @@ ALCdevice* OpenLoopback()
     return open(nullptr);
 }
 
-// A sound that is not decoded yet counts as playing without being heard.
-void DecodeAll()
-{
-    for (char const* const name :
-         {"Attention.AIFF", "Click.AIFF", "Controls.AIFF", "Fanfare.AIFF", "Graze.AIFF", "HiScore.AIFF",
-          "Rollover.AIFF", "Starter.AIFF", "Wham.AIFF"})
-    {
-        GameSound const sound(name);
-    }
-    platform::RunLoop::current().runTimersOnce(platform::RunLoop::Mode::Default);
-}
-
 } // namespace
 
 namespace frozen
@@ -38,7 +25,6 @@ namespace frozen
 
 void Silence()
 {
-    DecodeAll();
     platform::AudioDevice::shared().setOpening(
         {OpenLoopback,
          {ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT, ALC_SHORT_SOFT, ALC_FREQUENCY,

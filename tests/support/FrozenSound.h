@@ -8,8 +8,7 @@
 namespace frozen
 {
 
-// Puts the device in place, with every effect decoded; nothing plays on it. Called again, it silences
-// everything.
+// Puts the device in place; nothing plays on it. Called again, it silences everything.
 void Silence();
 
 // True when a sound of the game by that file name plays.

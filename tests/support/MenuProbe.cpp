@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/MenuProbe.h"
 
-#include "support/EventFactory.h"
+#include "support/window/EventFactory.h"
 #include "ui/Overlay.h"
 
 namespace
@@ -51,12 +51,12 @@ std::vector<std::string> TextsOf(Menu const& menu)
 
 float FontSizeOf(Overlay const& overlay)
 {
-    return overlay.GetTexture().string().attributes().fontSize();
+    return overlay.GetTexture().string().attributes().fontSize;
 }
 
 std::string FontOf(Overlay const& overlay)
 {
-    return overlay.GetTexture().string().attributes().fontName();
+    return overlay.GetTexture().string().attributes().fontName;
 }
 
 Box BoxOf(Overlay const& overlay)

@@ -7,8 +7,8 @@
 #include "core/Game.h"
 #include "settings/GameSettings.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 
 namespace
 {

@@ -10,6 +10,16 @@
 namespace test
 {
 
+std::unique_ptr<AsteroidField> SeededField(float edge, float centre, float minR, float maxR)
+{
+    ScopedSetting const settings[] = {{setting::kAsteroidsDensityEdge, edge},
+                                      {setting::kAsteroidsDensityCenter, centre},
+                                      {setting::kAsteroidsMinR, minR},
+                                      {setting::kAsteroidsMaxR, maxR}};
+    platform::SeedRandom(11);
+    return std::make_unique<AsteroidField>(nullptr);
+}
+
 std::unique_ptr<Universe> EmptyWorld()
 {
     ScopedSetting const edge(setting::kAsteroidsDensityEdge, 0.0F);

@@ -8,11 +8,16 @@
 
 #include <memory>
 
+class AsteroidField;
 class Camera;
 class Universe;
 
 namespace test
 {
+
+// A field alone, always from the same seed. Densities: the share of filled cells at the edge and in the
+// depths.
+std::unique_ptr<AsteroidField> SeededField(float edge, float centre, float minR, float maxR);
 
 std::unique_ptr<Universe> EmptyWorld();
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 #include "core/Game.h"
-#include "support/FakeApplication.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/FakeApplication.h"
 #include "ui/MenuGame.h"
 #include "ui/Overlay.h"
 #include "world/Universe.h"
@@ -145,10 +145,10 @@ TEST_F(MenuMainTest, TheOtherItemsShowTheirScreens)
 
 TEST_F(MenuMainTest, QuitAsksTheApplicationToEndAndKeepsTheMenu)
 {
-    FakeApplication const application;
+    int const terminations = Terminations();
     Menu const* const before = &menu();
     Click(4);
-    EXPECT_EQ(application.terminations(), 1);
+    EXPECT_EQ(Terminations(), terminations + 1);
     EXPECT_EQ(Menu::GetCurrent(), before);
     EXPECT_EQ(Game::pGame->GetState(), kStateMenu);
     EXPECT_TRUE(frozen::Plays("Click.AIFF"));

@@ -5,11 +5,11 @@
 #include "ui/Menu.h"
 
 #include "audio/GameSound.h"
-#include "support/EventFactory.h"
 #include "support/FrozenSound.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "support/Stage.h"
+#include "support/window/EventFactory.h"
 #include "ui/Overlay.h"
 
 #include <gmock/gmock.h>

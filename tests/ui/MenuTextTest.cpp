@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/MenuText.h"
 
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 #include "ui/MenuGame.h"
 
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 #include "ui/Overlay.h"
 
 #include "platform/base/OpenGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
-#include "support/RecordingGL.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -42,7 +42,6 @@ TEST_F(OverlayTest, StartsEmptyInPaleBlueWithAFrame)
     EXPECT_EQ(texture.borderColor(), (platform::Color{0.8F, 0.8F, 1.0F, 1.0F}));
     EXPECT_EQ(probe::FontOf(m_overlay), "Helvetica");
     EXPECT_EQ(probe::FontSizeOf(m_overlay), 20.0F);
-    EXPECT_EQ(texture.string().attributes().foreground(), (platform::Color{1.0F, 1.0F, 1.0F, 1.0F}));
     EXPECT_EQ(probe::BoxOf(m_overlay), (probe::Box{30, 40, 0, 0}));
 }
 
@@ -223,13 +222,6 @@ TEST_F(OverlayTest, TheTextureIsReleasedWithTheOverlay)
         EXPECT_EQ(recording::textures().size(), 1U);
     }
     EXPECT_TRUE(recording::textures().empty());
-}
-
-TEST_F(OverlayTest, OverlaysOfOneFontShareTheirAttributes)
-{
-    Overlay const first(0, 0, 12, "Courier");
-    Overlay const second(5, 5, 12, "Courier");
-    EXPECT_EQ(&first.GetTexture().string().attributes(), &second.GetTexture().string().attributes());
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "world/Camera.h"
 
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/VectorMatchers.h"

@@ -5,7 +5,7 @@
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/VectorMatchers.h"
@@ -155,9 +155,9 @@ TEST_F(RoidTest, EachLevelKnowsTheBallThatItsMeshContains)
     {
         ScopedSetting const setting(setting::kAsteroidsSmoothness, smoothness);
         Roid::ReadSettings();
-        EXPECT_NEAR(Roid::m_asolidShare[0], NearestFace(smoothness), 1e-6);
-        EXPECT_NEAR(Roid::m_asolidShare[1], NearestFace((smoothness + 4) / 2), 1e-6);
-        EXPECT_NEAR(Roid::m_asolidShare[2], NearestFace(4), 1e-6);
+        EXPECT_NEAR(Roid::SolidShare(0), NearestFace(smoothness), 1e-6);
+        EXPECT_NEAR(Roid::SolidShare(1), NearestFace((smoothness + 4) / 2), 1e-6);
+        EXPECT_NEAR(Roid::SolidShare(2), NearestFace(4), 1e-6);
     }
 }
 
@@ -165,7 +165,7 @@ TEST_F(RoidTest, MeshThatEnclosesNothingContainsNoBall)
 {
     unsigned long lists[Roid::kSizeCount][Roid::kLodCount] = {};
     Roid::CreatePrerender(2, lists);
-    EXPECT_EQ(Roid::m_asolidShare[0], 0.0F);
+    EXPECT_EQ(Roid::SolidShare(0), 0.0F);
 }
 
 TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)

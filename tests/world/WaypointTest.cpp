@@ -4,7 +4,7 @@
 
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
-#include "support/RecordingGL.h"
+#include "support/gl/RecordingGL.h"
 #include "support/VectorMatchers.h"
 
 #include <gmock/gmock.h>

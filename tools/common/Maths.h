@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The functions that the resource makers need beyond + - * / and the square root. They are made of those
-// alone: the last bit of the C library's sine or power differs between CPUs, and a resource must come out the
-// same, byte for byte, on all of them.
+// Functions made of + - * / and the square root alone. The last bit of the C library's sine or power differs
+// between CPUs, and a resource must come out the same, byte for byte, on all of them.
 #pragma once
 
 #include <algorithm>
@@ -38,14 +37,20 @@ inline double Cosine(double turns)
     return Sine(turns + 0.25);
 }
 
-// Two to the power of x.
-inline double Exp2(double x)
+// Tangent of an angle in turns, below a quarter turn.
+inline double Tangent(double turns)
+{
+    return Sine(turns) / Cosine(turns);
+}
+
+// Two to the power of x; with 12 terms accurate to about 1e-10.
+inline double Exp2(double x, int terms = 12)
 {
     double const whole = std::floor(x);
     double const f = (x - whole) * kLn2;
     double term = 1.0;
     double sum = 1.0;
-    for (int n = 1; n < 14; ++n)
+    for (int n = 1; n < terms; ++n)
     {
         term *= f / n;
         sum += term;
@@ -93,10 +98,24 @@ inline double SmoothStep(double from, double to, double x)
     return t * t * (3.0 - 2.0 * t);
 }
 
+// A smoother S from 0 to 1, for t from 0 to 1: its bend is 0 at both ends, too.
+inline double Fade(double t)
+{
+    return t * t * t * (t * (t * 6.0 - 15.0) + 10.0);
+}
+
 // Follows x near 0 and approaches -1 and 1 far away from it.
 inline double SoftClip(double x)
 {
     return x / std::sqrt(1.0 + x * x);
+}
+
+// Follows x near 0, more closely than SoftClip, and reaches -1 and 1 at -3 and 3.
+inline double Saturate(double x)
+{
+    double const limited = std::clamp(x, -3.0, 3.0);
+    double const square = limited * limited;
+    return limited * (27.0 + square) / (27.0 + 9.0 * square);
 }
 
 } // namespace maker

@@ -5,8 +5,6 @@
 // variable of its own: within one expression the order of two draws is the compiler's choice.
 #pragma once
 
-#include "common/Maths.h"
-
 #include <cstdint>
 
 namespace maker
@@ -29,11 +27,19 @@ inline double ToUnit(std::uint64_t bits)
 class Random
 {
 public:
-    explicit Random(std::uint64_t seed) : m_state(Scramble(seed + 0x2545F4914F6CDD1DULL)) {}
+    explicit Random(std::uint64_t seed) : m_state(Scramble(seed + kStart)) {}
+
+    // All places lie on one sequence: place + 1 gives the same numbers without the first.
+    static Random From(std::uint64_t place)
+    {
+        Random random(0);
+        random.m_state = place * kStep + kStart;
+        return random;
+    }
 
     std::uint64_t Bits()
     {
-        m_state += 0x9E3779B97F4A7C15ULL;
+        m_state += kStep;
         return Scramble(m_state);
     }
 
@@ -45,15 +51,10 @@ public:
     // -1 to 1.
     double Noise() { return 2.0 * Unit() - 1.0; }
 
-    // Mean 0, deviation 1 (after Box and Muller).
-    double Normal()
-    {
-        double const radius = std::sqrt(-2.0 * kLn2 * Log2(1.0 - Unit()));
-        double const turn = Unit();
-        return radius * Sine(turn);
-    }
-
 private:
+    static constexpr std::uint64_t kStart = 0x2545F4914F6CDD1DULL;
+    static constexpr std::uint64_t kStep = 0x9E3779B97F4A7C15ULL;
+
     std::uint64_t m_state;
 };
 

@@ -12,8 +12,9 @@ namespace maker
 {
 
 inline constexpr double kIconUnits = 512.0;
-inline constexpr double kIconCorner =
-    108.0; // radius of the tile's corners; everything is clipped to the tile
+
+// Radius of the tile's corners; everything is clipped to the tile.
+inline constexpr double kIconCorner = 108.0;
 
 struct Point
 {

@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Writes the icon's master drawing and its pictures. tools/make-resources calls it with the folder to write
-// them to.
+// Writes the icon's master drawing and its pictures: make-icons FOLDER.
+#include "common/Program.h"
 #include "icons/Render.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 namespace
 {
@@ -30,15 +29,5 @@ bool WriteAll(std::string const& folder)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2)
-    {
-        std::fputs("usage: make-icons FOLDER\n", stderr);
-        return 2;
-    }
-    if (!WriteAll(argv[1]))
-    {
-        std::fprintf(stderr, "make-icons: can't write to %s\n", argv[1]);
-        return 1;
-    }
-    return 0;
+    return maker::RunMaker(argc, argv, WriteAll);
 }

@@ -25,7 +25,7 @@ class Craters
 public:
     explicit Craters(std::uint64_t seed);
 
-    // Lets every crater that reaches the point (a unit vector) work on its ground, the oldest first.
+    // Changes the ground at a point (a unit vector) by every crater that reaches it, the oldest first.
     void Dig(Vector const& point, Ground& ground) const;
 
 private:

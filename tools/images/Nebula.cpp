@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Nebulae. The levels are low on purpose: pale blue text is read over them.
+// Nebulae. Their levels are low because pale blue text is read over them.
 #include "images/Nebula.h"
 
 #include "common/Maths.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// What glows and what hides between the stars: gas in three hues, a band of unresolved stars, and lanes of
+// What lies between the stars: gas in three hues, a band of unresolved stars, and lanes of
 // dark dust. All of it repeats with the tile.
 #pragma once
 

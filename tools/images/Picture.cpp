@@ -8,8 +8,6 @@
 
 #include <jpeglib.h>
 
-#include <array>
-#include <csetjmp>
 #include <cstdio>
 #include <memory>
 
@@ -24,18 +22,6 @@ using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 File Open(std::string const& path, char const* mode)
 {
     return {std::fopen(path.c_str(), mode), &std::fclose};
-}
-
-// The library reports an error by a call that must not return.
-struct ErrorExit
-{
-    jpeg_error_mgr manager;
-    std::jmp_buf back;
-};
-
-void LeaveOnError(j_common_ptr info)
-{
-    std::longjmp(reinterpret_cast<ErrorExit*>(info->err)->back, 1);
 }
 
 unsigned char ToByte(double value)
@@ -132,38 +118,27 @@ bool ReadJpeg(std::string const& path, Picture& picture)
         return false;
     }
     jpeg_decompress_struct info = {};
-    ErrorExit errors = {};
-    std::vector<unsigned char> bytes;
-    info.err = jpeg_std_error(&errors.manager);
-    errors.manager.error_exit = &LeaveOnError;
+    jpeg_error_mgr errors = {};
+    info.err = jpeg_std_error(&errors);
     jpeg_create_decompress(&info);
-    if (setjmp(errors.back) != 0)
-    {
-        jpeg_destroy_decompress(&info);
-        return false;
-    }
     jpeg_stdio_src(&info, file.get());
     jpeg_read_header(&info, TRUE);
     info.out_color_space = JCS_RGB;
     info.dct_method = JDCT_ISLOW;
     jpeg_start_decompress(&info);
-    bytes.resize(std::size_t{3} * info.output_width * info.output_height);
-    while (info.output_scanline < info.output_height)
-    {
-        JSAMPROW row = bytes.data() + std::size_t{3} * info.output_width * info.output_scanline;
-        jpeg_read_scanlines(&info, &row, 1);
-    }
     picture = Picture(static_cast<int>(info.output_width), static_cast<int>(info.output_height));
-    jpeg_finish_decompress(&info);
-    jpeg_destroy_decompress(&info);
-    unsigned char const* byte = bytes.data();
+    std::vector<unsigned char> bytes(std::size_t{3} * info.output_width);
     for (int y = 0; y < picture.Height(); ++y)
     {
-        for (int x = 0; x < picture.Width(); ++x, byte += 3)
+        JSAMPROW row = bytes.data();
+        jpeg_read_scanlines(&info, &row, 1);
+        for (int x = 0; x < picture.Width(); ++x, row += 3)
         {
-            picture.At(x, y) = {byte[0] / 255.0, byte[1] / 255.0, byte[2] / 255.0};
+            picture.At(x, y) = {row[0] / 255.0, row[1] / 255.0, row[2] / 255.0};
         }
     }
+    jpeg_finish_decompress(&info);
+    jpeg_destroy_decompress(&info);
     return true;
 }
 

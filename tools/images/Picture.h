@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A picture in linear or display light, row by row from the top, and its way from and to JPEG files. The
-// makers of the textures fill one; the contact sheets read the textures back and write their own.
+// A picture in linear or display light, row by row from the top, and its way from and to JPEG files.
 #pragma once
 
 #include "common/Vector.h"
@@ -39,6 +38,29 @@ private:
     std::vector<Vector> m_pixels;
 };
 
+// A picture with the mean of the colours at three by three places of each pixel; colourAt(x, y) takes pixels.
+template <class ColourAt>
+Picture Sampled(int width, int height, ColourAt const& colourAt)
+{
+    constexpr int kSamples = 3;
+    Picture picture(width, height);
+    for (int y = 0; y < height; ++y)
+    {
+        for (int x = 0; x < width; ++x)
+        {
+            Vector sum;
+            for (int i = 0; i < kSamples * kSamples; ++i)
+            {
+                int const row = i / kSamples;
+                int const column = i % kSamples;
+                sum = sum + colourAt(x + (column + 0.5) / kSamples, y + (row + 0.5) / kSamples);
+            }
+            picture.At(x, y) = sum * (1.0 / (kSamples * kSamples));
+        }
+    }
+    return picture;
+}
+
 // Linear light (0 to 1) to the display's value (0 to 1): the sRGB curve.
 double ToDisplay(double linear);
 
@@ -46,7 +68,7 @@ double ToDisplay(double linear);
 // written.
 bool WriteJpeg(Picture const& picture, std::string const& path, int quality);
 
-// False when the file is missing or no JPEG; the picture is then as it was.
+// False when the file is missing; the picture is then as it was. A file that is no JPEG ends the program.
 bool ReadJpeg(std::string const& path, Picture& picture);
 
 } // namespace maker

@@ -31,11 +31,6 @@ double Slope(Cell const& cell, Vector const& offset, std::uint64_t seed)
     return Dot(slope, offset);
 }
 
-double Fade(double t)
-{
-    return t * t * t * (t * (t * 6.0 - 15.0) + 10.0);
-}
-
 double Edge(Cell const& cell, Vector const& offset, double fade, std::uint64_t seed)
 {
     double const near = Slope(cell, offset, seed);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Smooth noise in space, for the rock: it is evaluated at points of the sphere and so knows neither seam nor
-// pole.
+// Smooth noise in space, for the rock: it is evaluated at points of the sphere, so that the map has no seam
+// and no pole where it is squeezed.
 #pragma once
 
 #include "common/Vector.h"

@@ -22,7 +22,7 @@ constexpr double kCore = 0.72;  // deviation of a star's disc in pixels
 
 struct Star
 {
-    double x = 0.0; // in pixels, as y
+    double x = 0.0; // x and y in pixels
     double y = 0.0;
     double peak = 0.0;
     Vector colour;

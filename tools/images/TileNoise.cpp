@@ -10,16 +10,6 @@
 namespace maker
 {
 
-namespace
-{
-
-double Fade(double t)
-{
-    return t * t * t * (t * (t * 6.0 - 15.0) + 10.0);
-}
-
-} // namespace
-
 TileNoise::TileNoise(int cells, std::uint64_t seed)
     : m_cells(cells),
       m_knots(static_cast<std::size_t>(cells) * static_cast<std::size_t>(cells))

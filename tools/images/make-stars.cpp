@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Writes the tile of sky that the sky box repeats. tools/make-resources calls it with the file to write.
-#include "common/Maths.h"
+// Writes the tile of sky that the sky box repeats: make-stars FILE.
+#include "common/Program.h"
 #include "common/Random.h"
 #include "images/Nebula.h"
 #include "images/Picture.h"
 #include "images/Stars.h"
 
-#include <cstdio>
+#include <algorithm>
 
 namespace
 {
@@ -16,7 +16,8 @@ namespace
 using namespace maker;
 
 constexpr int kSize = 1024;
-// Below this the faint grain of the dark parts falls away within blocks and leaves their edges to be seen.
+// A lower quality drops the faint grain of the dark parts inside the blocks of the JPEG, and their edges
+// show.
 constexpr int kQuality = 99;
 
 // Light beyond 1 bleeds into the other colours, so that a bright star has a white core.
@@ -64,15 +65,6 @@ Picture PaintSky()
 
 int main(int argc, char** argv)
 {
-    if (argc != 2)
-    {
-        std::fputs("usage: make-stars FILE\n", stderr);
-        return 2;
-    }
-    if (!WriteJpeg(PaintSky(), argv[1], kQuality))
-    {
-        std::fprintf(stderr, "make-stars: can't write %s\n", argv[1]);
-        return 1;
-    }
-    return 0;
+    return maker::RunMaker(argc, argv,
+                           [](std::string const& file) { return WriteJpeg(PaintSky(), file, kQuality); });
 }

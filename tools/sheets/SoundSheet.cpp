@@ -5,12 +5,11 @@
 // Hz to 18 kHz, and its colours span 90 dB.
 #include "sheets/SoundSheet.h"
 
-#include "common/Maths.h"
-#include "sounds/Aiff.h"
+#include "common/Fourier.h"
+#include "synth/SoundFile.h"
 
 #include <cairo.h>
 
-#include <complex>
 #include <memory>
 
 namespace maker
@@ -30,50 +29,25 @@ constexpr int kLabelWidth = 116;
 constexpr int kGap = 14;
 constexpr std::size_t kWindow = 2048;
 
-double SampleAt(AiffSound const& sound, std::ptrdiff_t frame)
+double SampleAt(SoundFile const& sound, std::ptrdiff_t frame)
 {
-    std::ptrdiff_t const channels = sound.channels;
-    if (frame < 0 || (frame + 1) * channels > static_cast<std::ptrdiff_t>(sound.samples.size()))
+    if (frame < 0 || frame >= static_cast<std::ptrdiff_t>(sound.Length()))
     {
         return 0.0;
     }
     double sum = 0.0;
-    for (std::ptrdiff_t i = 0; i < channels; ++i)
+    for (std::size_t channel = 0; channel < sound.channels; ++channel)
     {
-        sum += sound.samples[static_cast<std::size_t>(frame * channels + i)];
+        sum += sound.At(static_cast<std::size_t>(frame), channel);
     }
-    return sum / static_cast<double>(channels) / 32768.0;
-}
-
-void Transform(std::vector<std::complex<double>>& values)
-{
-    if (values.size() == 1)
-    {
-        return;
-    }
-    std::vector<std::complex<double>> even;
-    std::vector<std::complex<double>> odd;
-    for (std::size_t i = 0; i < values.size(); i += 2)
-    {
-        even.push_back(values[i]);
-        odd.push_back(values[i + 1]);
-    }
-    Transform(even);
-    Transform(odd);
-    for (std::size_t i = 0; i < even.size(); ++i)
-    {
-        double const turn = static_cast<double>(i) / static_cast<double>(values.size());
-        std::complex<double> const turned = odd[i] * std::complex<double>(Cosine(turn), -Sine(turn));
-        values[i] = even[i] + turned;
-        values[i + even.size()] = even[i] - turned;
-    }
+    return sum / static_cast<double>(sound.channels);
 }
 
 // Levels of one column in dB of full scale, by bin.
-std::vector<double> Spectrum(AiffSound const& sound, int column)
+std::vector<double> Spectrum(SoundFile const& sound, int column)
 {
     auto const centre = static_cast<std::ptrdiff_t>((column + 0.5) * kColumnSeconds * sound.rate);
-    std::vector<std::complex<double>> values;
+    Waves values;
     for (std::size_t i = 0; i < kWindow; ++i)
     {
         double const window = 0.5 - 0.5 * Cosine(static_cast<double>(i) / kWindow);
@@ -99,7 +73,7 @@ void SetHeat(cairo_t* context, double level)
                              0.85 * SmoothStep(0.8, 1.0, heat));
 }
 
-void DrawSpectrogram(cairo_t* context, AiffSound const& sound, double left, double top)
+void DrawSpectrogram(cairo_t* context, SoundFile const& sound, double left, double top)
 {
     for (int x = 0; x < kColumns; ++x)
     {
@@ -115,7 +89,7 @@ void DrawSpectrogram(cairo_t* context, AiffSound const& sound, double left, doub
     }
 }
 
-void DrawWaveform(cairo_t* context, AiffSound const& sound, double left, double top)
+void DrawWaveform(cairo_t* context, SoundFile const& sound, double left, double top)
 {
     double const middle = top + 0.5 * kPlotHeight;
     cairo_set_source_rgb(context, 0.07, 0.08, 0.13);
@@ -138,9 +112,9 @@ void DrawWaveform(cairo_t* context, AiffSound const& sound, double left, double 
     }
 }
 
-void DrawName(cairo_t* context, std::string const& file, AiffSound const& sound, double top)
+void DrawName(cairo_t* context, std::string const& file, SoundFile const& sound, double top)
 {
-    double const frames = static_cast<double>(sound.samples.size()) / sound.channels;
+    auto const frames = static_cast<double>(sound.Length());
     std::string const milliseconds = std::to_string(static_cast<int>(1000.0 * frames / sound.rate)) + " ms";
     cairo_set_source_rgb(context, 0.9, 0.92, 0.96);
     cairo_select_font_face(context, "Liberation Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
@@ -164,8 +138,8 @@ bool DrawSoundSheet(std::string const& folder, std::vector<std::string> const& f
     cairo_set_antialias(context.get(), CAIRO_ANTIALIAS_NONE);
     for (std::size_t i = 0; i < files.size(); ++i)
     {
-        AiffSound sound;
-        if (!ReadAiff(folder + "/" + files[i], sound))
+        SoundFile const sound = ReadSound(folder + "/" + files[i]);
+        if (sound.samples.empty())
         {
             return false;
         }

@@ -16,7 +16,6 @@ namespace
 {
 
 constexpr double kRadius = 0.6;
-constexpr int kSamples = 3; // across and down each pixel
 constexpr double kFogStart = 10.0;
 constexpr double kFogEnd = 50.0;
 
@@ -161,65 +160,43 @@ private:
     double m_y;
 };
 
-// Fills a picture with the mean of the colours at the samples of each pixel.
-template <typename ColourAt>
-Picture Filled(int width, int height, ColourAt const& colourAt)
-{
-    Picture picture(width, height);
-    for (int y = 0; y < height; ++y)
-    {
-        for (int x = 0; x < width; ++x)
-        {
-            Vector sum;
-            for (int i = 0; i < kSamples * kSamples; ++i)
-            {
-                int const row = i / kSamples;
-                int const column = i % kSamples;
-                sum = sum + colourAt(x + (column + 0.5) / kSamples, y + (row + 0.5) / kSamples);
-            }
-            picture.At(x, y) = sum * (1.0 / (kSamples * kSamples));
-        }
-    }
-    return picture;
-}
-
 } // namespace
 
 Picture RenderAsteroid(Picture const& rock, Picture const& sky, View const& view, int slices, int size)
 {
     Lens const lens(view, size, size);
     std::vector<Triangle> const triangles = Sphere(slices, view.eye);
-    return Filled(size, size,
-                  [&](double x, double y)
-                  {
-                      Vector const ray = lens.Ray(x, y);
-                      for (Triangle const& triangle : triangles)
-                      {
-                          if (std::optional<Vector> const colour = Hit(triangle, rock, view.eye, ray))
-                          {
-                              return *colour;
-                          }
-                      }
-                      return SkyAlong(sky, ray);
-                  });
+    return Sampled(size, size,
+                   [&](double x, double y)
+                   {
+                       Vector const ray = lens.Ray(x, y);
+                       for (Triangle const& triangle : triangles)
+                       {
+                           if (std::optional<Vector> const colour = Hit(triangle, rock, view.eye, ray))
+                           {
+                               return *colour;
+                           }
+                       }
+                       return SkyAlong(sky, ray);
+                   });
 }
 
 Picture RenderSky(Picture const& sky, View const& view, int width, int height)
 {
     Lens const lens(view, width, height);
-    return Filled(width, height, [&](double x, double y) { return SkyAlong(sky, lens.Ray(x, y)); });
+    return Sampled(width, height, [&](double x, double y) { return SkyAlong(sky, lens.Ray(x, y)); });
 }
 
 Picture RenderPanorama(Picture const& sky, int width)
 {
     int const height = width / 2;
-    return Filled(width, height,
-                  [&](double x, double y)
-                  {
-                      double const ring = Sine(0.5 * y / height);
-                      return SkyAlong(
-                          sky, {ring * Sine(x / width), Cosine(0.5 * y / height), -ring * Cosine(x / width)});
-                  });
+    return Sampled(width, height,
+                   [&](double x, double y)
+                   {
+                       double const ring = Sine(0.5 * y / height);
+                       return SkyAlong(sky, {ring * Sine(x / width), Cosine(0.5 * y / height),
+                                             -ring * Cosine(x / width)});
+                   });
 }
 
 } // namespace maker

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Views of the textures as the game shows them, drawn without OpenGL: an asteroid as a sphere of few slices
+// Views of the textures as the game shows them, drawn by tracing rays: an asteroid as a sphere of few slices
 // under the game's light, and the sky from inside its box.
 #pragma once
 

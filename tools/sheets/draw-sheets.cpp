@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Draws the contact sheets of the resources. tools/contact-sheets calls it with the folder of the resources
-// and the folder to write to.
+// Draws the contact sheets of the resources: draw-sheets RESOURCES FOLDER.
 #include "images/Picture.h"
 #include "sheets/SoundSheet.h"
 #include "sheets/Views.h"

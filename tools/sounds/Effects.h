@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The nine effects of the game, each finished and ready to be written.
+// The nine effects of the game.
 #pragma once
 
-#include "sounds/Signal.h"
+#include "synth/Signal.h"
 
 namespace maker
 {

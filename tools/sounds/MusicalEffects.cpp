@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The fanfare and the high-score chime.
-#include "common/Maths.h"
 #include "sounds/Effects.h"
-#include "sounds/Filter.h"
-#include "sounds/Finish.h"
-#include "sounds/Room.h"
-#include "sounds/Voices.h"
+#include "synth/Layers.h"
+#include "synth/Mastering.h"
+#include "synth/Treatment.h"
 
 #include <array>
 
@@ -16,12 +14,6 @@ namespace maker
 
 namespace
 {
-
-// Pitch of a MIDI note number.
-double Pitch(int note)
-{
-    return 440.0 * Exp2((note - 69) / 12.0);
-}
 
 struct Chord
 {
@@ -50,7 +42,7 @@ void PlayChord(Stereo& sound, Chord const& chord, std::uint64_t seed)
     {
         for (std::uint64_t player = 0; player < 2; ++player)
         {
-            BrassNote const note = {Pitch(chord.notes[voice]), chord.length,
+            BrassNote const note = {static_cast<double>(chord.notes[voice]), chord.length,
                                     chord.bite * (voice < 3 ? 0.92 : 0.80), 9.0};
             Signal const line = Brass(note, seed * 100 + voice * 10 + player);
             double const place = kPlace[voice] + (player == 0 ? -0.12 : 0.12);
@@ -69,10 +61,7 @@ Signal Timpani(double pitch)
     Signal drum = Ring(modes, 1.7, 0.003);
     Signal mallet = WhiteNoise(0.09, 5);
     LowPass(mallet, 700.0);
-    for (std::size_t i = 0; i < mallet.size(); ++i)
-    {
-        mallet[i] *= Struck(static_cast<double>(i) / kSampleRate, 0.001, 0.06);
-    }
+    Multiply(mallet, [](double time) { return Struck(time, 0.001, 0.06); });
     Add(drum, mallet, 1.6);
     return drum;
 }
@@ -82,11 +71,8 @@ Signal Cymbal(double seconds, std::uint64_t seed)
     Signal noise = WhiteNoise(seconds, seed);
     HighPass(noise, 4200.0);
     Lift(noise, 8200.0, 1.5, 6.0);
-    for (std::size_t i = 0; i < noise.size(); ++i)
-    {
-        double const time = static_cast<double>(i) / kSampleRate;
-        noise[i] *= 0.8 * Struck(time, 0.004, 2.2) + 0.5 * Struck(time, 0.001, 0.12);
-    }
+    Multiply(noise,
+             [](double time) { return 0.8 * Struck(time, 0.004, 2.2) + 0.5 * Struck(time, 0.001, 0.12); });
     return noise;
 }
 
@@ -101,13 +87,13 @@ Stereo MakeFanfare()
     }
     for (double const start : {0.0, 0.45})
     {
-        sound.Add(Timpani(Pitch(start < 0.1 ? 43 : 41)), 0.16, 0.0, start);
+        sound.Add(Timpani(Hertz(start < 0.1 ? 43 : 41)), 0.16, 0.0, start);
     }
-    sound.Add(Timpani(Pitch(43)), 0.32, 0.0, 0.95);
+    sound.Add(Timpani(Hertz(43)), 0.32, 0.0, 0.95);
     sound.Add(Cymbal(1.9, 21), 0.050, -0.4, 0.945);
     sound.Add(Cymbal(1.9, 22), 0.050, 0.4, 0.949);
     sound.ForEach([](Signal& channel) { Lift(channel, 2600.0, 0.8, 2.5); });
-    AddRoom(sound, {1.5, 1.0, 5200.0}, 0.115);
+    AddCabin(sound, {1.5, 1.0, 5200.0}, 0.115);
     Finish(sound, 0.45);
     return sound;
 }
@@ -121,23 +107,23 @@ Stereo MakeHiScore()
     {
         double const at = 0.072 * static_cast<double>(i);
         double const place = 0.55 * Sine(0.21 * static_cast<double>(i));
-        sound.Add(Bell(Pitch(kRun[i]), 3.0, 1.8, 1.2, 0.7), 0.34, place, at);
-        sound.Add(Bell(Pitch(kRun[i] + 12), 1.0, 0.7, 0.5, 0.4), 0.12, -place, at);
+        sound.Add(Bell(Hertz(kRun[i]), 3.0, 1.8, 1.2, 0.7), 0.34, place, at);
+        sound.Add(Bell(Hertz(kRun[i] + 12), 1.0, 0.7, 0.5, 0.4), 0.12, -place, at);
     }
     for (std::size_t i = 0; i < kChord.size(); ++i)
     {
         double const place = -0.6 + 0.4 * static_cast<double>(i);
-        sound.Add(Bell(Pitch(kChord[i]), 2.0, 1.4, 2.0, 1.5), 0.30, place,
+        sound.Add(Bell(Hertz(kChord[i]), 2.0, 1.4, 2.0, 1.5), 0.30, place,
                   0.70 + 0.008 * static_cast<double>(i));
-        sound.Add(Bell(Pitch(kChord[i] - 12) * 1.002, 1.0, 0.9, 2.0, 1.2), 0.22, -place, 0.70);
+        sound.Add(Bell(Hertz(kChord[i] - 12) * 1.002, 1.0, 0.9, 2.0, 1.2), 0.22, -place, 0.70);
     }
     for (int i = 0; i < 14; ++i)
     {
         double const at = 0.78 + 0.075 * i;
-        double const pitch = Pitch(kChord[static_cast<std::size_t>(i * 3 % 4)] + 12 + 12 * (i % 2));
+        double const pitch = Hertz(kChord[static_cast<std::size_t>(i * 3 % 4)] + 12 + 12 * (i % 2));
         sound.Add(Bell(pitch, 3.5, 0.8, 0.4, 0.35), 0.07 * (1.0 - i / 16.0), i % 2 == 0 ? -0.8 : 0.8, at);
     }
-    AddRoom(sound, {1.4, 0.9, 7500.0}, 0.14);
+    AddCabin(sound, {1.4, 0.9, 7500.0}, 0.14);
     Finish(sound, 0.4);
     return sound;
 }

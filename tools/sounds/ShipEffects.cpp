@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 //
 // The ship's own sounds: heard from the pilot's seat, inside a small hull.
-#include "common/Maths.h"
 #include "common/Random.h"
 #include "sounds/Effects.h"
-#include "sounds/Filter.h"
-#include "sounds/Finish.h"
-#include "sounds/Room.h"
-#include "sounds/Voices.h"
+#include "synth/Filter.h"
+#include "synth/Layers.h"
+#include "synth/Mastering.h"
+#include "synth/Treatment.h"
 
 #include <array>
 
@@ -18,23 +17,15 @@ namespace maker
 namespace
 {
 
-constexpr RoomSize kCockpit = {0.28, 0.22, 4200.0};
-constexpr RoomSize kHull = {0.9, 0.55, 3200.0};
-
-void Shape(Signal& signal, std::function<double(double)> const& level)
-{
-    for (std::size_t i = 0; i < signal.size(); ++i)
-    {
-        signal[i] *= level(static_cast<double>(i) / kSampleRate);
-    }
-}
+constexpr CabinShape kCockpit = {0.28, 0.22, 4200.0};
+constexpr CabinShape kHull = {0.9, 0.55, 3200.0};
 
 // A burst of noise, struck and filtered around a centre.
 Signal Burst(double seconds, double centre, double quality, double fall, std::uint64_t seed)
 {
     Signal noise = WhiteNoise(seconds, seed);
     BandPass(noise, centre, quality);
-    Shape(noise, [fall](double time) { return Struck(time, 0.0006, fall); });
+    Multiply(noise, [fall](double time) { return Struck(time, 0.0006, fall); });
     return noise;
 }
 
@@ -54,7 +45,7 @@ double Spin(double time)
     return 0.08 + 0.74 * SmoothStep(0.12, 1.25, time) + 0.18 * SmoothStep(1.15, 1.75, time);
 }
 
-// Blades passing: a few harmonics that climb with the speed, with the beat of two rotors.
+// Harmonics that climb with the speed; two of them slightly out of tune beat like two rotors.
 Signal Turbine(double detune)
 {
     double phase = 0.0;
@@ -81,9 +72,8 @@ Signal Exhaust(std::uint64_t seed)
         double const time = static_cast<double>(i) / kSampleRate;
         double const lit = SmoothStep(1.10, 1.16, time);
         double const flare = lit * Exp(-(time - 1.1) / 0.28);
-        filter.Set(140.0 + 520.0 * Spin(time) + 2600.0 * flare, 0.8);
-        filter.Feed(noise[i]);
-        noise[i] = filter.Low() * (0.16 * Spin(time) + 0.5 * lit + 1.5 * flare);
+        filter.Set(140.0 + 520.0 * Spin(time) + 2600.0 * flare, 1.0 / 0.8);
+        noise[i] = filter.Low(noise[i]) * (0.16 * Spin(time) + 0.5 * lit + 1.5 * flare);
     }
     return noise;
 }
@@ -105,7 +95,7 @@ void AddDebris(Stereo& sound)
     }
 }
 
-// Rock along metal: it sticks and slips some seventy times a second, and brighter the firmer it grips.
+// Rock along metal: its grip changes some seventy times a second, and a firmer grip sounds brighter.
 Signal Scrape(double seconds)
 {
     Random random(91);
@@ -122,11 +112,9 @@ Signal Scrape(double seconds)
             target = random.Unit();
         }
         grip += (target - grip) * 0.012;
-        body.Set(520.0 + 900.0 * grip, 3.0);
-        edge.Set(1900.0 + 2600.0 * grip + 700.0 * time, 5.0);
-        body.Feed(noise[i]);
-        edge.Feed(noise[i]);
-        noise[i] = (body.Band() + 0.75 * edge.Band()) * (0.15 + 1.3 * grip * grip);
+        body.Set(520.0 + 900.0 * grip, 1.0 / 3.0);
+        edge.Set(1900.0 + 2600.0 * grip + 700.0 * time, 1.0 / 5.0);
+        noise[i] = (body.Band(noise[i]) + 0.75 * edge.Band(noise[i])) * (0.15 + 1.3 * grip * grip);
     }
     return noise;
 }
@@ -167,18 +155,17 @@ Stereo MakeStarter()
     sound.ForEach(
         [](Signal& channel)
         {
-            Shape(channel, [](double time) { return SmoothStep(2.75, 1.9, time); });
-            Saturate(channel, 0.8);
+            Multiply(channel, [](double time) { return SmoothStep(2.75, 1.9, time); });
+            Drive(channel, 0.8);
         });
-    AddRoom(sound, kCockpit, 0.10);
+    AddCabin(sound, kCockpit, 0.10);
     Finish(sound, 0.15);
     return sound;
 }
 
 Stereo MakeControls()
 {
-    // Heard twice a second in a hurry: a soft notch with most of its energy below 1 kHz, and nothing that
-    // rings.
+    // A player in a hurry hears it twice a second: it is short, and most of its energy lies below 1 kHz.
     constexpr std::array<Mode, 4> kLever = {
         {{204.0, 0.70, 0.030}, {412.0, 0.50, 0.022}, {905.0, 0.30, 0.012}, {1730.0, 0.16, 0.008}}};
     Stereo sound(0.10);
@@ -186,7 +173,7 @@ Stereo MakeControls()
     sound.Add(Burst(0.012, 2100.0, 0.8, 0.004, 61), 0.7, 0.05, 0.0015);
     sound.Add(Burst(0.016, 1500.0, 1.1, 0.010, 62), 0.28, -0.05, 0.013);
     sound.ForEach([](Signal& channel) { LowPass(channel, 5200.0); });
-    AddRoom(sound, {0.09, 0.10, 3000.0}, 0.10);
+    AddCabin(sound, {0.09, 0.10, 3000.0}, 0.10);
     Finish(sound, 0.03);
     return sound;
 }
@@ -210,12 +197,12 @@ Stereo MakeWham()
     sound.Add(second, 2.2, 0.7);
     sound.Add(Burst(0.08, 2600.0, 0.6, 0.05, 73), 1.2);
     sound.Add(Burst(0.25, 900.0, 0.8, 0.16, 74), 1.1, 0.2, 0.038);
-    sound.ForEach([](Signal& channel) { Saturate(channel, 3.0); });
+    sound.ForEach([](Signal& channel) { Drive(channel, 3.0); });
     sound.Add(Ring(kPlates, 2.3, 0.004), 0.12, -0.25, 0.006);
     sound.Add(Ring(std::span(kPlates).subspan(2), 2.3, 0.004), 0.10, 0.35, 0.017);
     AddDebris(sound);
-    sound.ForEach([](Signal& channel) { Saturate(channel, 1.8); });
-    AddRoom(sound, kHull, 0.13);
+    sound.ForEach([](Signal& channel) { Drive(channel, 1.8); });
+    AddCabin(sound, kHull, 0.13);
     Finish(sound, 0.5);
     return sound;
 }
@@ -226,12 +213,12 @@ Stereo MakeGraze()
         {{233.0, 0.5, 0.7}, {347.0, 0.4, 0.6}, {618.0, 0.2, 0.5}, {1109.0, 0.1, 0.4}}};
     Stereo sound(1.15);
     Signal scrape = Scrape(0.85);
-    Shape(scrape, [](double time) { return SmoothStep(0.0, 0.05, time) * SmoothStep(0.85, 0.35, time); });
+    Multiply(scrape, [](double time) { return SmoothStep(0.0, 0.05, time) * SmoothStep(0.85, 0.35, time); });
     AddPassing(sound, scrape, 0.8);
     sound.Add(Ring(kSkin, 0.9, 0.02), 0.20, -0.2, 0.02);
-    sound.ForEach([](Signal& channel) { Saturate(channel, 1.4); });
+    sound.ForEach([](Signal& channel) { Drive(channel, 1.4); });
     sound.Add(Thump(0.25, 170.0, 70.0, 0.03, 0.2), 0.9);
-    AddRoom(sound, kHull, 0.10);
+    AddCabin(sound, kHull, 0.10);
     Finish(sound, 0.25);
     return sound;
 }

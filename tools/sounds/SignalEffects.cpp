@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The signals: short, pitched, and high enough to be heard through the music.
-#include "common/Maths.h"
 #include "sounds/Effects.h"
-#include "sounds/Filter.h"
-#include "sounds/Finish.h"
-#include "sounds/Room.h"
-#include "sounds/Voices.h"
+#include "synth/Layers.h"
+#include "synth/Mastering.h"
+#include "synth/Treatment.h"
 
 #include <array>
 
@@ -28,7 +26,7 @@ void AddChime(Stereo& sound, double pitch, double gain, double place, double sta
     sound.Add(Bell(pitch * 0.5, 1.0, 0.5, fall, 0.6 * fall), 0.35 * gain, 0.0, start);
 }
 
-// The tap of a finger: a few hundredths of a second of damped modes under a tick.
+// A few hundredths of a second of damped tones under a tick of noise, like the tap of a finger.
 Signal Tap(double pitch, double fall, std::uint64_t seed)
 {
     std::array<Mode, 3> const modes = {
@@ -36,10 +34,7 @@ Signal Tap(double pitch, double fall, std::uint64_t seed)
     Signal tap = Ring(modes, fall, 0.0007);
     Signal tick = WhiteNoise(0.006, seed);
     BandPass(tick, 4.0 * pitch, 0.9);
-    for (std::size_t i = 0; i < tick.size(); ++i)
-    {
-        tick[i] *= Struck(static_cast<double>(i) / kSampleRate, 0.0004, 0.004);
-    }
+    Multiply(tick, [](double time) { return Struck(time, 0.0004, 0.004); });
     Add(tap, tick, 0.8);
     return tap;
 }
@@ -51,10 +46,10 @@ Stereo MakeAttention()
     Stereo sound(1.35);
     AddChime(sound, kLowNote, 0.42, -0.25, 0.0, 0.34);
     AddChime(sound, kHighNote, 0.50, 0.25, 0.115, 0.70);
-    // An answer from far off.
+    // Two quiet echoes, at the far left and right.
     AddChime(sound, kHighNote, 0.10, -0.8, 0.345, 0.6);
     AddChime(sound, kHighNote, 0.05, 0.8, 0.575, 0.5);
-    AddRoom(sound, {0.9, 0.7, 8000.0}, 0.08);
+    AddCabin(sound, {0.9, 0.7, 8000.0}, 0.08);
     Finish(sound, 0.3);
     return sound;
 }
@@ -63,7 +58,7 @@ Stereo MakeRollover()
 {
     Stereo sound(0.075);
     sound.Add(Tap(1480.0, 0.030, 15), 0.8, 0.0, 0.001);
-    AddRoom(sound, {0.12, 0.12, 6000.0}, 0.08);
+    AddCabin(sound, {0.12, 0.12, 6000.0}, 0.08);
     Finish(sound, 0.03);
     return sound;
 }
@@ -74,7 +69,7 @@ Stereo MakeClick()
     sound.Add(Tap(740.0, 0.060, 16), 0.8, 0.0, 0.001);
     sound.Add(Tap(1480.0, 0.050, 17), 0.45, 0.0, 0.026);
     sound.Add(Thump(0.06, 240.0, 150.0, 0.015, 0.05), 0.5, 0.0, 0.001);
-    AddRoom(sound, {0.16, 0.14, 6000.0}, 0.09);
+    AddCabin(sound, {0.16, 0.14, 6000.0}, 0.09);
     Finish(sound, 0.06);
     return sound;
 }

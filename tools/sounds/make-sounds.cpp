@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Writes the nine effects. tools/make-resources calls it with the folder to write them to.
-#include "sounds/Aiff.h"
+// Writes the nine effects: make-sounds FOLDER.
+#include "common/Program.h"
 #include "sounds/Effects.h"
+#include "synth/SoundFile.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
-#include <string>
 
 namespace
 {
@@ -32,23 +32,16 @@ constexpr std::array<Effect, 9> kEffects = {{
     {"Click.AIFF", &MakeClick},
 }};
 
+bool WriteAll(std::string const& folder)
+{
+    return std::all_of(kEffects.begin(), kEffects.end(),
+                       [&](Effect const& effect)
+                       { return WriteAiff(effect.make(), folder + "/" + effect.file); });
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 2)
-    {
-        std::fputs("usage: make-sounds FOLDER\n", stderr);
-        return 2;
-    }
-    for (Effect const& effect : kEffects)
-    {
-        std::string const path = std::string(argv[1]) + "/" + effect.file;
-        if (!WriteAiff(effect.make(), path))
-        {
-            std::fprintf(stderr, "make-sounds: can't write %s\n", path.c_str());
-            return 1;
-        }
-    }
-    return 0;
+    return maker::RunMaker(argc, argv, WriteAll);
 }

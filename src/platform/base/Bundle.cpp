@@ -25,16 +25,11 @@ struct SdlFree
     void operator()(char* memory) const { SDL_free(memory); }
 };
 
-fs::path ProgramFolder()
-{
-    std::unique_ptr<char, SdlFree> const base(SDL_GetBasePath());
-    return base ? base.get() : "";
-}
-
 // Beside the program, or in the installation that it belongs to.
 fs::path FindResources()
 {
-    fs::path const folder = ProgramFolder();
+    std::unique_ptr<char, SdlFree> const base(SDL_GetBasePath());
+    fs::path const folder = base ? base.get() : "";
     std::error_code error;
     for (fs::path const& candidate : {folder / "resources", folder / QUARROW_INSTALLED_RESOURCES})
     {
@@ -60,41 +55,13 @@ fs::path const& Resources()
     return folder;
 }
 
-bool IsPlainName(std::string const& name)
-{
-    return !name.empty() && name != "." && name != ".." && name.find_first_of("/\\") == std::string::npos &&
-           name.find('\0') == std::string::npos;
-}
-
 } // namespace
 
 std::optional<fs::path> pathForResource(std::string const& name, std::string const& folder)
 {
-    if (!IsPlainName(name) || !IsPlainName(folder) || Resources().empty())
-    {
-        return std::nullopt;
-    }
     fs::path const path = Resources() / folder / name;
     std::error_code error;
     return fs::is_regular_file(path, error) ? std::optional(path) : std::nullopt;
-}
-
-std::optional<fs::path> pathForModule(std::string const& name)
-{
-    if (!IsPlainName(name))
-    {
-        return std::nullopt;
-    }
-    fs::path const folder = ProgramFolder();
-    std::error_code error;
-    for (fs::path const& candidate : {folder / name, folder / QUARROW_INSTALLED_MODULES / name})
-    {
-        if (fs::is_regular_file(candidate, error))
-        {
-            return candidate;
-        }
-    }
-    return std::nullopt;
 }
 
 std::string localizedString(char const* english)

@@ -14,14 +14,8 @@ namespace platform::Bundle
 {
 
 // The path of a readable file of that name in a sub-folder of the resources ("Images", "Sounds", "Music",
-// "Interface"). Nothing when there is none, or when a name is not a plain file name (a separator or ".." in
-// it).
+// "Interface"). Nothing when there is none.
 std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
-
-// The path of a library that the program loads when it first needs it: beside the program, or in
-// "lib/quarrow/modules" of its installation. Nothing when it is in neither, or when the name is not a plain
-// file name.
-std::optional<std::filesystem::path> pathForModule(std::string const& name);
 
 // The text in the language of the user's locale; the English text is the key and the fallback.
 std::string localizedString(char const* english);

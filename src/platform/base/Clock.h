@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The monotonic clock behind the frame time and the run loop's timers.
+// The monotonic clock.
 #pragma once
 
 #include <cstdint>

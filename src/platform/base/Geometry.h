@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Points, sizes and rectangles in pixels, and colours, as the platform layer hands them about.
+// Points, sizes and rectangles in pixels, and colours.
 #pragma once
 
 namespace platform

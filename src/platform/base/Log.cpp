@@ -1,12 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-//
-// One write for the whole line, so that lines of several processes never mix.
 #include "platform/base/Log.h"
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstddef>
 #include <cstdio>
 #include <string>
 
@@ -21,23 +18,6 @@ bool IsLineEnd(char c)
     return c == '\n' || c == '\r';
 }
 
-// The text that the format makes; empty when it cannot be made.
-std::string Formatted(char const* format, std::va_list arguments)
-{
-    std::va_list again;
-    va_copy(again, arguments);
-    int const length = std::vsnprintf(nullptr, 0, format, again);
-    va_end(again);
-    if (length < 0)
-    {
-        return {};
-    }
-    std::string text(static_cast<std::size_t>(length) + 1, '\0'); // the terminator is written too
-    std::vsnprintf(text.data(), text.size(), format, arguments);
-    text.pop_back();
-    return text;
-}
-
 } // namespace
 
 void Log(std::string_view text)
@@ -46,18 +26,19 @@ void Log(std::string_view text)
     {
         text.remove_suffix(1);
     }
-    std::string line = "quarrow: ";
-    line.append(text);
+    std::string line = "quarrow: " + std::string(text);
     std::replace_if(line.begin(), line.end(), IsLineEnd, ' ');
     line.push_back('\n');
+    // One write for the whole line, so that lines of several processes do not mix.
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
 void LogFormat(char const* format, ...)
 {
+    char text[8192] = ""; // a path has at most 4096 bytes
     std::va_list arguments;
     va_start(arguments, format);
-    std::string const text = Formatted(format, arguments);
+    std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
     Log(text);
 }

@@ -4,9 +4,6 @@
 // OpenGL and GLU as each desktop ships them, with the extension constants that the game uses.
 #pragma once
 
-#if defined(_WIN32)
-#include <windows.h>
-#endif
 #if defined(__APPLE__)
 #include <OpenGL/gl.h>
 #include <OpenGL/glext.h>

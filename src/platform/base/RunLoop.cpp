@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <utility>
+#include <vector>
 
 namespace platform
 {
@@ -15,32 +16,25 @@ namespace platform
 namespace
 {
 
-constexpr double kNanosecondsPerSecond = 1e9;
-
-std::uint64_t NanosecondsFromSeconds(double seconds)
+// All parts of the game put their timers on the one run loop that the main thread has.
+std::vector<std::shared_ptr<Timer>>& Timers()
 {
-    return seconds > 0.0 ? static_cast<std::uint64_t>(std::llround(seconds * kNanosecondsPerSecond)) : 0;
+    static std::vector<std::shared_ptr<Timer>> timers;
+    return timers;
 }
 
 } // namespace
 
 std::shared_ptr<Timer> Timer::scheduledTimer(double interval, std::function<void()> action)
 {
-    auto timer = std::make_shared<Timer>(interval, std::move(action));
-    RunLoop::current().addTimer(timer, RunLoop::Mode::Default);
-    return timer;
+    return Timers().emplace_back(std::make_shared<Timer>(interval, std::move(action)));
 }
 
 Timer::Timer(double interval, std::function<void()> action)
-    : m_interval(NanosecondsFromSeconds(interval)),
+    : m_interval(static_cast<std::uint64_t>(std::llround(interval * 1e9))),
       m_nextFire(UpTime() + m_interval),
       m_action(std::move(action))
 {
-}
-
-void Timer::invalidate()
-{
-    m_valid = false;
 }
 
 void Timer::fireIfDue(std::uint64_t now)
@@ -57,48 +51,26 @@ void Timer::fireIfDue(std::uint64_t now)
     m_action();
 }
 
-RunLoop& RunLoop::current()
+void RunLoop::runTimersOnce()
 {
-    static RunLoop loop;
-    return loop;
-}
-
-void RunLoop::addTimer(std::shared_ptr<Timer> const& timer, Mode mode)
-{
-    bool const known =
-        std::any_of(m_entries.begin(), m_entries.end(),
-                    [&](Entry const& entry) { return entry.timer == timer && entry.mode == mode; });
-    if (!known && timer->isValid())
-    {
-        m_entries.push_back({timer, mode});
-    }
-}
-
-void RunLoop::runTimersOnce(Mode mode)
-{
-    std::erase_if(m_entries, [](Entry const& entry) { return !entry.timer->isValid(); });
-    // A copy, because an action may add timers and thereby move the entries.
-    std::vector<Entry> const entries = m_entries;
+    auto const timers = Timers(); // a copy: an action may add timers
     std::uint64_t const now = UpTime();
-    for (Entry const& entry : entries)
+    for (auto const& timer : timers)
     {
-        if (entry.mode == mode)
-        {
-            entry.timer->fireIfDue(now);
-        }
+        timer->fireIfDue(now);
     }
-    std::erase_if(m_entries, [](Entry const& entry) { return !entry.timer->isValid(); });
+    std::erase_if(Timers(), [](auto const& timer) { return !timer->m_valid; });
 }
 
-double RunLoop::secondsUntilNextTimer(Mode mode) const
+double RunLoop::secondsUntilNextTimer()
 {
     std::uint64_t const now = UpTime();
     double soonest = std::numeric_limits<double>::infinity();
-    for (Entry const& entry : m_entries)
+    for (auto const& timer : Timers())
     {
-        if (entry.mode == mode && entry.timer->isValid())
+        if (timer->m_valid)
         {
-            soonest = std::min(soonest, std::max(0.0, SecondsBetween(now, entry.timer->m_nextFire)));
+            soonest = std::min(soonest, std::max(0.0, SecondsBetween(now, timer->m_nextFire)));
         }
     }
     return soonest;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Decodes a picture and draws it, scaled and flipped, into a caller's buffer. QTImage is the caller.
+// Decodes a picture with SDL_image and draws it, scaled and flipped, into a caller's buffer.
 #pragma once
 
 #include "platform/image/PixelBuffer.h"
@@ -15,15 +15,14 @@
 namespace platform
 {
 
-// Four characters, most significant first, that tell a file's type: 'JPEG', 'PNGf', 'BMPf', 'WEBP'.
-// Not GIF and TIFF: over some broken files of a few bytes their decoders ask for gigabytes.
+// Four characters, most significant first, that tell a file's type: 'JPEG', 'PNGf', 'BMPf' or 'WEBP'.
 using FourCharCode = std::uint32_t;
 
 struct ImageDescription
 {
     int width = 0;  // pixels
     int height = 0; // pixels
-    int depth = 0;  // bits per pixel as stored: 8, 24 or 32
+    int depth = 0;  // bits per pixel: 8, 24 or 32
 };
 
 class ImageImporter
@@ -39,18 +38,17 @@ public:
     ImageImporter(ImageImporter const&) = delete;
     ImageImporter& operator=(ImageImporter const&) = delete;
 
-    // Decodes from these bytes from now on; false when they are no picture of the importer's type.
+    // Decodes these bytes; false when they are no picture of the importer's type.
     bool setData(std::span<std::byte const> bytes);
 
+    // All 0 before there are data.
     ImageDescription description() const;
-    FourCharCode type() const;
+    FourCharCode type() const { return m_type; }
 
     // False for a buffer without memory.
     bool setTarget(PixelBuffer const& target);
 
-    // A point (x, y) of the picture goes to (x * scaleX + translateX, y * scaleY + translateY) of the target;
-    // identity at first.
-    void setMatrix(double scaleX, double scaleY, double translateX, double translateY);
+    void setMatrix(PictureMatrix const& matrix) { m_matrix = matrix; }
 
     // Draws over the target; false, and the target as it was, without data or target.
     bool draw();
@@ -60,12 +58,9 @@ private:
     explicit ImageImporter(FourCharCode type);
 
     FourCharCode m_type;
-    std::unique_ptr<Decoded> m_decoded;
+    std::unique_ptr<Decoded> m_decoded; // null until there are data
     PixelBuffer m_target;
-    double m_scaleX = 1.0;
-    double m_scaleY = 1.0;
-    double m_translateX = 0.0;
-    double m_translateY = 0.0;
+    PictureMatrix m_matrix;
 };
 
 } // namespace platform

@@ -4,8 +4,6 @@
 // Borrowed pixel memory that pictures are drawn into.
 #pragma once
 
-#include <cstddef>
-
 namespace platform
 {
 
@@ -17,17 +15,24 @@ struct PixelBuffer
     int width = 0;
     int height = 0;
     int bitDepth = 32;
-
-    std::size_t size() const
-    {
-        return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
-               static_cast<std::size_t>(bitDepth / 8);
-    }
 };
+
+// A point (x, y) of the picture goes to (x * scaleX + translateX, y * scaleY + translateY) of the target.
+struct PictureMatrix
+{
+    double scaleX = 1.0;
+    double scaleY = 1.0;
+    double translateX = 0.0;
+    double translateY = 0.0;
+};
+
+// Replaces what the picture's rectangle covers of the target; pixels beyond it stay. The picture has 32 bits
+// per pixel. False when memory is missing.
+bool DrawPicture(PixelBuffer const& picture, PictureMatrix const& matrix, PixelBuffer const& target);
 
 // Draws the source, scaled with interpolation, over the destination's whole area; what was there is replaced.
 // The source's memory is read as 32-bit pixels whatever its depth; what that reaches beyond its end is
-// transparent. False, and the destination as it was, when memory is missing or refused.
+// transparent. False when memory is missing.
 bool DrawScaled(PixelBuffer const& source, PixelBuffer const& destination);
 
 } // namespace platform

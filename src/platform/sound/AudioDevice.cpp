@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Opening, losing and finding again. OpenAL Soft mixes in a thread of its own; ours never waits for it.
+// OpenAL Soft mixes in a thread of its own; the game's thread never waits for it.
 #include "platform/sound/AudioDevice.h"
 
 #include "platform/base/Clock.h"
@@ -27,26 +27,17 @@ bool FailedSinceLastAsked()
 
 } // namespace
 
-// OpenAL complains about a device that is still open when the program ends. The AudioDevice itself is never
-// destroyed: sounds and movies in other statics may still let go of their names after this.
-struct AudioDeviceCloser
-{
-    ~AudioDeviceCloser()
-    {
-        AudioDevice& device = AudioDevice::shared();
-        device.m_hasEnded = true;
-        device.close();
-    }
-};
-
+// Never destroyed: sounds and movies in other statics release their names after main().
 AudioDevice& AudioDevice::shared()
 {
     static AudioDevice& device = *new AudioDevice;
     return device;
 }
 
+// OpenAL complains about a device that is still open when the program ends.
 AudioDevice::AudioDevice() : m_opening(systemOpening())
 {
+    std::atexit([] { shared().close(); });
 }
 
 AudioDevice::Opening AudioDevice::systemOpening()
@@ -54,7 +45,7 @@ AudioDevice::Opening AudioDevice::systemOpening()
     Opening opening;
     opening.open = []
     {
-        // Whoever asks the library to report wants to read it.
+        // A user who sets this variable wants to read the library's messages.
         std::optional<QuietStandardError> quiet;
         if (std::getenv("ALSOFT_LOGLEVEL") == nullptr)
         {
@@ -70,10 +61,7 @@ AudioDevice::Opening AudioDevice::systemOpening()
 
 bool AudioDevice::isReady()
 {
-    if (m_hasEnded)
-    {
-        return false;
-    }
+    m_isUntried = false;
     if (m_device != nullptr && !m_opening.isConnected(m_device))
     {
         close();
@@ -89,6 +77,7 @@ void AudioDevice::setOpening(Opening opening)
 {
     close();
     m_opening = std::move(opening);
+    m_isUntried = false;
     m_lastTry = 0;
 }
 
@@ -99,7 +88,6 @@ void AudioDevice::open()
     {
         return;
     }
-    static AudioDeviceCloser const closer;
     m_lastTry = now;
     m_device = m_opening.open();
     std::vector<ALCint> attributes = m_opening.attributes;
@@ -132,14 +120,11 @@ void AudioDevice::close()
     }
 }
 
-bool AudioDevice::AnswersAsConnected(ALCdevice* device)
+// A library that cannot tell leaves the number as it is.
+bool AudioDevice::answersAsConnected(ALCdevice* device)
 {
-    static bool const canTell = alcIsExtensionPresent(device, "ALC_EXT_disconnect") == ALC_TRUE;
     ALCint connected = ALC_TRUE;
-    if (canTell)
-    {
-        alcGetIntegerv(device, ALC_CONNECTED, 1, &connected);
-    }
+    alcGetIntegerv(device, ALC_CONNECTED, 1, &connected);
     return connected != ALC_FALSE;
 }
 

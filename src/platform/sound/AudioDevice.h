@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The one sound device of the program, opened when the first sound is needed, and the OpenAL sources and
-// buffers that live in it. Sound and MovieAudio are the callers. A device may be missing, vanish and come
-// back. What was made in one that is gone answers false to isAlive(), and its destruction does nothing.
+// buffers that live in it. A device may be missing, vanish and come back. What was made in one that is gone
+// answers false to isAlive(), and its destruction does nothing.
 #pragma once
 
 #include <AL/al.h>
@@ -21,14 +21,13 @@ namespace platform
 class AudioDevice
 {
 public:
-    // How a device is opened, the attributes of its context up to the closing 0, and how to tell whether it
-    // is still there. A test that listens through a loopback device puts its own here; a null device says
-    // that there is none.
+    // How a device is opened (null: there is none), the attributes of its context up to the closing 0, and
+    // how to tell whether it is still there. Tests put a loopback device here.
     struct Opening
     {
         std::function<ALCdevice*()> open;
         std::vector<ALCint> attributes;
-        std::function<bool(ALCdevice*)> isConnected = AnswersAsConnected;
+        std::function<bool(ALCdevice*)> isConnected = answersAsConnected;
     };
 
     static AudioDevice& shared();
@@ -42,11 +41,13 @@ public:
     // Closes the device; the next isReady() opens one anew, in this way from now on.
     void setOpening(Opening opening);
 
-    // The system's own device.
-    static Opening systemOpening();
-    static bool AnswersAsConnected(ALCdevice* device);
+    // True until a device is asked for, or a way to open one is set.
+    bool isUntried() const { return m_isUntried; }
 
 private:
+    static bool answersAsConnected(ALCdevice* device);
+    static Opening systemOpening();
+
     AudioDevice();
     void open();
     void close();
@@ -56,10 +57,8 @@ private:
     ALCcontext* m_context = nullptr;
     std::uint64_t m_generation = 0;
     std::uint64_t m_lastTry = 0; // UpTime() of the last vain try, 0 for none
+    bool m_isUntried = true;
     bool m_saidMissing = false;
-    bool m_hasEnded = false; // the program is on its way out
-
-    friend struct AudioDeviceCloser;
 };
 
 // A name of the current device, 0 for none.

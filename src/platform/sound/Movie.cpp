@@ -1,14 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The time base: it travels as far as was heard, stops at every time that somebody waits for, and goes on
-// from wherever the callbacks left it. Sound that was fed ahead of a bend is kept when the callbacks made
-// that bend.
+// Movie time follows the samples that the device has played. It stops at every time that a callback is set
+// to, and goes on from where the callback leaves it. When a callback jumps or turns as MovieAudio foresaw,
+// the samples that are queued past that place stay queued.
 #include "platform/sound/Movie.h"
 
 #include "platform/base/Clock.h"
-#include "platform/sound/AudioTrack.h"
-#include "platform/sound/MediaFile.h"
 #include "platform/sound/MovieAudio.h"
 
 #include <algorithm>
@@ -25,34 +23,25 @@ namespace
 constexpr Fixed kNormalRate = 0x10000;
 constexpr float kFullVolume = 256.0F;
 
-// Beyond these rates there is nothing to be heard but rumble and chirping.
+// Slower or faster, music is rumble or chirping: such a movie is silent.
 constexpr Fixed kSlowestHeard = kNormalRate / 8;
 constexpr Fixed kFastestHeard = kNormalRate * 8;
 
-// A movie of a few samples would come to its end thousands of times a frame; the rest of the distance is
-// dropped.
+// Ends and callbacks that one task serves. A looping movie of a few samples would come to its end thousands
+// of times a frame; the rest of the distance is dropped.
 constexpr int kMostArrivals = 64;
 
 } // namespace
 
 std::unique_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
 {
-    auto media = MediaFile::open(file);
-    if (!media)
-    {
-        return nullptr;
-    }
-    std::unique_ptr<Movie> movie(new Movie(std::move(media)));
-    return movie->m_track || movie->m_file->video ? std::move(movie) : nullptr;
+    auto sound = SoundFile::open(file);
+    return std::unique_ptr<Movie>(sound ? new Movie(std::make_unique<MovieAudio>(std::move(*sound)))
+                                        : nullptr);
 }
 
-Movie::Movie(std::unique_ptr<MediaFile> file) : m_file(std::move(file))
+Movie::Movie(std::unique_ptr<MovieAudio> audio) : m_audio(std::move(audio))
 {
-    m_track = m_file->openAudio();
-    if (m_track)
-    {
-        m_audio = std::make_unique<MovieAudio>(*m_track, m_file->scale);
-    }
 }
 
 Movie::~Movie() = default;
@@ -65,7 +54,7 @@ void Movie::start()
 
 void Movie::setRate(Fixed rate)
 {
-    rate = std::max(rate, -INT32_MAX); // can be negated
+    rate = std::max(rate, -INT32_MAX); // so that it can be negated
     if (rate == m_rate)
     {
         return;
@@ -120,78 +109,14 @@ void Movie::setTimeValue(TimeValue time)
     }
 }
 
-void Movie::goToBeginning()
-{
-    setTimeValue(low());
-}
-
-void Movie::goToEnd()
-{
-    setTimeValue(stopTime());
-}
-
 TimeValue Movie::duration() const
 {
-    return static_cast<TimeValue>(m_file->duration);
-}
-
-int Movie::timeScale() const
-{
-    return m_file->scale;
-}
-
-TimeValue Movie::low() const
-{
-    return std::max(m_activeSegment.start, 0);
-}
-
-TimeValue Movie::stopTime() const
-{
-    return m_activeSegment.start < 0 ? duration() : m_activeSegment.start + m_activeSegment.duration;
-}
-
-void Movie::setActiveSegment(TimeRange segment)
-{
-    catchUp();
-    silence();
-    if (segment.start < 0)
-    {
-        m_activeSegment = {-1, 0};
-        return;
-    }
-    TimeValue const start = std::min(segment.start, duration());
-    m_activeSegment = {start, std::clamp(segment.duration, 0, duration() - start)};
-    m_time = std::clamp(m_time, static_cast<double>(low()), static_cast<double>(stopTime()));
-}
-
-Rect Movie::box() const
-{
-    if (!m_file->video)
-    {
-        return {};
-    }
-    return {{}, {static_cast<float>(m_file->video->width), static_cast<float>(m_file->video->height)}};
-}
-
-TimeValue Movie::nextInterestingTime(TimeValue time, bool forwards) const
-{
-    if (!m_file->video)
-    {
-        return -1;
-    }
-    auto const& times = m_file->video->times;
-    if (forwards)
-    {
-        auto const next = std::upper_bound(times.begin(), times.end(), time);
-        return static_cast<TimeValue>(next != times.end() ? *next : m_file->video->end);
-    }
-    auto const notBefore = std::lower_bound(times.begin(), times.end(), time);
-    return static_cast<TimeValue>(notBefore != times.begin() ? *(notBefore - 1) : times.front());
+    return static_cast<TimeValue>(m_audio->file().duration());
 }
 
 void Movie::moviesTask()
 {
-    // A callback that jumps asks for a task, too; the one that serves it goes on by itself.
+    // A callback may ask for a task as well; the one that serves it goes on afterwards.
     if (m_isServing || !m_isActive)
     {
         return;
@@ -208,22 +133,23 @@ double Movie::takeDistance()
     double const seconds = SecondsBetween(m_lastTask, now);
     m_lastTask = now;
     double const owed = std::exchange(m_owed, 0.0);
-    if (auto const heard = m_audio ? m_audio->takeHeard() : std::nullopt)
+    if (auto const heard = m_audio->takeHeard())
     {
         return owed + static_cast<double>(*heard);
     }
-    return owed + seconds * m_file->scale * std::abs(static_cast<double>(m_rate)) / kNormalRate;
+    return owed +
+           seconds * m_audio->file().sampleRate() * std::abs(static_cast<double>(m_rate)) / kNormalRate;
 }
 
 bool Movie::isAtEnd() const
 {
-    return m_rate > 0 ? m_time >= stopTime() : m_time <= low();
+    return m_rate > 0 ? m_time >= duration() : m_time <= 0.0;
 }
 
-// To the next time in the direction of travel that somebody waits for, or the end.
+// To the next callback in the direction of travel, or to the end.
 double Movie::distanceToNextEvent() const
 {
-    double nearest = m_rate > 0 ? stopTime() - m_time : m_time - low();
+    double nearest = m_rate > 0 ? duration() - m_time : m_time;
     auto const forward = MovieCallBack::Trigger::TimeForward;
     for (MovieCallBack const* const callBack : m_callBacks)
     {
@@ -242,7 +168,7 @@ void Movie::travel(double distance)
     {
         double const event = isAtEnd() ? 0.0 : distanceToNextEvent();
         double step = std::min(distance, event);
-        if (m_audio && m_audio->isPlaying() && m_audio->stretchLeft() > 0)
+        if (m_audio->isPlaying() && m_audio->stretchLeft() > 0)
         {
             step = std::min(step, static_cast<double>(m_audio->stretchLeft()));
             m_audio->consume(static_cast<std::int64_t>(step));
@@ -251,12 +177,12 @@ void Movie::travel(double distance)
         distance -= step;
         if (step >= event)
         {
-            bool const wasHeard = m_audio && m_audio->isPlaying();
+            bool const wasHeard = m_audio->isPlaying();
             arrive();
             ++arrivals;
             if (wasHeard && !m_audio->isPlaying())
             {
-                return; // what else was heard did not lie on the new course
+                return; // what else was heard lies past the place that the callback left
             }
         }
         else if (distance <= 0.0 || step <= 0.0)
@@ -266,8 +192,7 @@ void Movie::travel(double distance)
     }
 }
 
-// At a time that somebody waits for, or at the end, where the movie stops unless a callback sends it
-// elsewhere.
+// At a callback's time, or at the end, where the movie stops unless a callback sends it elsewhere.
 void Movie::arrive()
 {
     m_time = std::nearbyint(m_time);
@@ -276,7 +201,7 @@ void Movie::arrive()
     {
         m_rate = 0;
     }
-    bool const isOnCourse = m_rate != 0 && m_audio && m_audio->isPlaying() &&
+    bool const isOnCourse = m_rate != 0 && m_audio->isPlaying() &&
                             m_audio->expects(static_cast<std::int64_t>(m_time), direction());
     if (!isOnCourse)
     {
@@ -284,7 +209,7 @@ void Movie::arrive()
     }
 }
 
-// A callback may dispose of itself and others, and arm new ones: each that is due now fires once.
+// Each callback that is due now fires once. An action may destroy callbacks, its own too, and arm new ones.
 void Movie::fireDue()
 {
     int const way = direction();
@@ -303,7 +228,7 @@ void Movie::fireDue()
     }
 }
 
-// Brings the time up to what was heard, short of anything that a task has to serve.
+// Brings the time up to what was heard, but not to the next callback or end: those belong to a task.
 void Movie::catchUp()
 {
     if (m_isServing || !m_isActive || m_rate == 0)
@@ -315,16 +240,13 @@ void Movie::catchUp()
     double const step = std::min(distance, most);
     m_owed = distance - step;
     m_time += step * direction();
-    if (m_audio)
-    {
-        m_audio->consume(static_cast<std::int64_t>(step));
-    }
+    m_audio->consume(static_cast<std::int64_t>(step));
 }
 
 bool Movie::isAudible() const
 {
     Fixed const speed = std::abs(m_rate);
-    return m_audio && m_isActive && speed >= kSlowestHeard && speed <= kFastestHeard;
+    return m_isActive && speed >= kSlowestHeard && speed <= kFastestHeard;
 }
 
 bool Movie::hasTrigger(MovieCallBack::Trigger trigger, TimeValue time) const
@@ -336,20 +258,19 @@ bool Movie::hasTrigger(MovieCallBack::Trigger trigger, TimeValue time) const
                        });
 }
 
-// Whoever waits at both ends most likely turns the movie round there.
+// A movie with callbacks at both ends most likely turns there.
 MovieCourse Movie::course() const
 {
     MovieCourse course;
     course.position = static_cast<std::int64_t>(m_time);
     course.direction = direction();
-    course.low = low();
-    course.high = stopTime();
-    bool const waitsAtStop = hasTrigger(MovieCallBack::Trigger::TimeForward, stopTime());
-    if (m_loopingHint && waitsAtStop)
+    course.end = duration();
+    bool const waitsAtEnd = hasTrigger(MovieCallBack::Trigger::TimeForward, duration());
+    if (m_loopingHint && waitsAtEnd)
     {
-        course.atEnd = MovieCourse::AtEnd::JumpToLow;
+        course.atEnd = MovieCourse::AtEnd::JumpToBeginning;
     }
-    else if (waitsAtStop && hasTrigger(MovieCallBack::Trigger::TimeBackward, low()))
+    else if (waitsAtEnd && hasTrigger(MovieCallBack::Trigger::TimeBackward, 0))
     {
         course.atEnd = MovieCourse::AtEnd::Turn;
     }
@@ -379,10 +300,7 @@ void Movie::keepSounding()
 void Movie::silence()
 {
     m_owed = 0.0;
-    if (m_audio)
-    {
-        m_audio->halt();
-    }
+    m_audio->halt();
 }
 
 } // namespace platform

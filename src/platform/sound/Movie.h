@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A movie, with sound, pictures or both, that plays at any rate in either direction. CBMovie is the caller.
-// Everything happens on the caller's thread inside moviesTask(): sound is fed, time is brought up to what is
-// heard, callbacks are served. Without sound, or without a device to hear it, time follows the clock.
+// A movie of sound that plays at any rate in either direction, read from its file as it plays. Times count
+// samples. Everything happens on the caller's thread inside moviesTask(): sound is fed, time is brought up to
+// what is heard, callbacks are served. Without a device, or at a rate that cannot be heard, time follows the
+// clock.
 #pragma once
 
-#include "platform/base/Geometry.h"
 #include "platform/sound/MovieCallBack.h"
 
 #include <cstdint>
@@ -26,14 +26,12 @@ struct TimeRange
 };
 
 class MovieAudio;
-class AudioTrack;
-struct MediaFile;
 struct MovieCourse;
 
 class Movie
 {
 public:
-    // Null when the file cannot be read or decoded.
+    // Null when the file cannot be decoded.
     static std::unique_ptr<Movie> openFile(std::filesystem::path const& file);
     ~Movie();
     Movie(Movie const&) = delete;
@@ -42,7 +40,7 @@ public:
     void start(); // at rate 1, and makes it active
     void stop() { setRate(0); }
     void setRate(Fixed rate);
-    Fixed rate() const { return m_rate; } // 0 as well after the movie came to its end
+    Fixed rate() const { return m_rate; } // 0 also once the movie has come to its end
     void setActive(bool isActive);        // an inactive movie is silent and its time stands
 
     // 8.8, 256 is full; a negative volume is silent and remembers its amount.
@@ -52,41 +50,22 @@ public:
     // As of the last moviesTask() or change.
     TimeValue time() const { return static_cast<TimeValue>(m_time); }
     void setTimeValue(TimeValue time);
-    void goToBeginning(); // of the active segment
-    void goToEnd();
     TimeValue duration() const;
-    int timeScale() const; // units per second
-    static TimeValue posterTime() { return 0; }
-
-    // Where the time base stops when it runs forwards.
-    TimeValue stopTime() const;
-
-    // The part that plays. Its start is -1 while that is all of the movie, and setting that makes it so
-    // again.
-    TimeRange activeSegment() const { return m_activeSegment; }
-    void setActiveSegment(TimeRange segment);
 
     TimeRange selection() const { return m_selection; }
     void setSelection(TimeRange selection) { m_selection = selection; }
 
-    Rect box() const; // pixels; empty without video
-
-    // The start of the next video sample after the time, or of the one before it. The track's two ends count
-    // and are not passed; -1 without video.
-    TimeValue nextInterestingTime(TimeValue time, bool forwards) const;
-
-    // Says that whoever waits for the end will send the movie back to its beginning, so that no gap is heard
-    // there.
+    // The callback at the end will send the movie to its beginning: sound is fed ahead over that seam, so
+    // that no gap is heard.
     void setLoopingHint(bool loops) { m_loopingHint = loops; }
 
     void moviesTask();
 
 private:
     friend class MovieCallBack;
-    explicit Movie(std::unique_ptr<MediaFile> file);
+    explicit Movie(std::unique_ptr<MovieAudio> audio);
 
     int direction() const { return m_rate < 0 ? -1 : 1; }
-    TimeValue low() const;
     bool isAtEnd() const;
     bool isAudible() const;
     bool hasTrigger(MovieCallBack::Trigger trigger, TimeValue time) const;
@@ -100,21 +79,18 @@ private:
     void keepSounding();
     void silence();
 
-    std::unique_ptr<MediaFile> m_file;
-    std::unique_ptr<AudioTrack> m_track; // null without audio
-    std::unique_ptr<MovieAudio> m_audio; // null without audio
+    std::unique_ptr<MovieAudio> m_audio; // never null
     std::vector<MovieCallBack*> m_callBacks;
 
-    double m_time = 0.0; // units; whole while sound is heard
+    double m_time = 0.0; // whole while sound is heard
     Fixed m_rate = 0;
     std::int16_t m_volume = 256;
-    TimeRange m_activeSegment{-1, 0};
     TimeRange m_selection;
     bool m_isActive = true;
     bool m_loopingHint = false;
     bool m_isServing = false;
     std::uint64_t m_lastTask = 0; // UpTime()
-    double m_owed = 0.0;          // units that went by and were not travelled
+    double m_owed = 0.0;          // samples that were heard, but not travelled yet
 };
 
 } // namespace platform

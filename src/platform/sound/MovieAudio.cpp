@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Buffers are filled without regard to where the course bends; spans remember it, so that a bend needs no
-// buffer's end and makes no gap.
+// The course may jump or turn inside a buffer, so that no gap is heard there. Spans tell which samples of the
+// file the queued ones are.
 #include "platform/sound/MovieAudio.h"
 
 #include <algorithm>
@@ -14,24 +14,20 @@ namespace platform
 namespace
 {
 
-constexpr std::int64_t kBlock = 2048; // samples in a buffer; twenty-four of them hold a second of music
+constexpr std::int64_t kBlock = 2048; // samples in a buffer; all buffers hold a second
 
-// Blocks fed in one go: few while all is well, so that a frame is not held up.
+// Blocks decoded in one task: few, so that a frame is not held up, and more while few are queued.
 constexpr int kBlocksAtOnce = 2;
 constexpr int kBlocksWhenLow = 4;
 constexpr std::size_t kLow = 6; // blocks
 
-// Feeding ahead over the ends of a shorter movie would be all bends and no sound.
-constexpr std::int64_t kShortestAhead = 256; // samples
+// The shortest movie, in samples, that is fed ahead over its ends.
+constexpr std::int64_t kShortestAhead = 256;
 
 } // namespace
 
-MovieAudio::MovieAudio(AudioTrack& track, int sampleRate)
-    : m_track(track),
-      m_sampleRate(sampleRate),
-      m_free(kBuffers)
+MovieAudio::MovieAudio(SoundFile file) : m_file(std::move(file))
 {
-    std::iota(m_free.begin(), m_free.end(), std::size_t{0});
 }
 
 bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
@@ -46,7 +42,7 @@ bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
         }
         begin(course);
     }
-    // Each setting makes the mixer work the source out anew, changed or not.
+    // Setting a value, even the same one, makes the mixer compute the source anew.
     if (std::exchange(m_pitch, pitch) != pitch)
     {
         alSourcef(m_source.get(), AL_PITCH, pitch);
@@ -59,7 +55,7 @@ bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
     for (int i = 0; i < blocks && feedBlock(course); ++i)
     {
     }
-    // A source that ran dry stops by itself. What it played is taken back first: it would be heard again.
+    // A source that has played all its buffers stops; those were unqueued, or it would play them again.
     ALint state = AL_PLAYING;
     alGetSourcei(m_source.get(), AL_SOURCE_STATE, &state);
     bool const hasUnheard = !m_queued.empty() && (state == AL_INITIAL || state == AL_STOPPED);
@@ -78,10 +74,6 @@ void MovieAudio::halt()
 
 void MovieAudio::forgetQueue()
 {
-    for (Queued const& queued : m_queued)
-    {
-        m_free.push_back(queued.buffer);
-    }
     m_queued.clear();
     m_spans.clear();
     m_isPlaying = false;
@@ -110,8 +102,7 @@ std::optional<std::int64_t> MovieAudio::takeHeard()
     alGetSourcei(m_source.get(), AL_SOURCE_STATE, &state);
     alGetSourcei(m_source.get(), AL_SAMPLE_OFFSET, &offset);
     alGetSourcei(m_source.get(), AL_BUFFERS_PROCESSED, &processed);
-    // A device that goes away stops its sources as if they had played all; asked in this order it cannot
-    // deceive.
+    // A device that goes away stops its sources as if they had played all: ask for it after the state.
     if (!AudioDevice::shared().isReady() || !isPlaying())
     {
         return std::nullopt;
@@ -121,15 +112,14 @@ std::optional<std::int64_t> MovieAudio::takeHeard()
     {
         // The offset of a stopped source is 0.
         processed = static_cast<ALint>(m_queued.size());
-        heard = std::accumulate(m_queued.begin(), m_queued.end(), m_unqueued,
-                                [](std::int64_t sum, Queued const& queued) { return sum + queued.samples; });
+        heard = std::accumulate(m_queued.begin(), m_queued.end(), m_unqueued);
     }
     else if (state == AL_PLAYING)
     {
         heard += offset;
     }
     recycle(processed);
-    // It may have stopped between two questions; the next answer makes up for it.
+    // Less than before if the source stopped between two of the questions; the next call makes up for it.
     std::int64_t const news = std::max<std::int64_t>(heard - m_reported, 0);
     m_reported += news;
     return news;
@@ -141,9 +131,9 @@ void MovieAudio::recycle(int count)
     {
         ALuint name = 0;
         alSourceUnqueueBuffers(m_source.get(), 1, &name);
-        m_unqueued += m_queued.front().samples;
-        m_free.push_back(m_queued.front().buffer);
+        m_unqueued += m_queued.front();
         m_queued.pop_front();
+        m_first = (m_first + 1) % kBuffers;
     }
 }
 
@@ -175,7 +165,7 @@ bool MovieAudio::expects(std::int64_t position, int direction) const
 // False when all buffers are in use or the course has ended.
 bool MovieAudio::feedBlock(MovieCourse const& course)
 {
-    if (m_free.empty())
+    if (m_queued.size() == kBuffers)
     {
         return false;
     }
@@ -192,32 +182,32 @@ bool MovieAudio::feedBlock(MovieCourse const& course)
         addSpan(length);
         filled += length;
     }
-    std::size_t const index = m_free.back();
+    AudioBuffer& buffer = m_buffers[(m_first + m_queued.size()) % kBuffers];
     if (filled == 0 ||
-        !m_buffers[index].fill({m_block.data(), static_cast<std::size_t>(2 * filled)}, m_sampleRate))
+        !buffer.fill({m_block.data(), static_cast<std::size_t>(2 * filled)}, m_file.sampleRate()))
     {
         return false;
     }
-    m_free.pop_back();
-    ALuint const name = m_buffers[index].get();
+    ALuint const name = buffer.get();
     alSourceQueueBuffers(m_source.get(), 1, &name);
-    m_queued.push_back({index, filled});
+    m_queued.push_back(filled);
     return true;
 }
 
-// How far the course goes straight on from the cursor, which is moved over a bend first; 0 at its end.
+// How far the course goes straight on from the cursor, which jumps or turns first where the course does. 0 at
+// its end.
 std::int64_t MovieAudio::nextStretch(MovieCourse const& course, std::int64_t most)
 {
-    auto const left = [&] { return m_direction > 0 ? course.high - m_cursor : m_cursor - course.low; };
-    if (left() <= 0 && course.high - course.low >= kShortestAhead)
+    auto const left = [&] { return m_direction > 0 ? course.end - m_cursor : m_cursor; };
+    if (left() <= 0 && course.end >= kShortestAhead)
     {
         if (course.atEnd == MovieCourse::AtEnd::Turn)
         {
             m_direction = -m_direction;
         }
-        else if (course.atEnd == MovieCourse::AtEnd::JumpToLow && m_direction > 0)
+        else if (course.atEnd == MovieCourse::AtEnd::JumpToBeginning && m_direction > 0)
         {
-            m_cursor = course.low;
+            m_cursor = 0;
         }
     }
     return std::clamp<std::int64_t>(left(), 0, most);
@@ -226,10 +216,10 @@ std::int64_t MovieAudio::nextStretch(MovieCourse const& course, std::int64_t mos
 void MovieAudio::readStretch(std::int64_t length, std::int16_t* stereo)
 {
     std::int64_t const from = m_direction > 0 ? m_cursor : m_cursor - length;
-    m_track.read(from, {stereo, static_cast<std::size_t>(2 * length)});
+    m_file.read(from, {stereo, static_cast<std::size_t>(2 * length)});
     if (m_direction < 0)
     {
-        // Reversed as numbers, then left and right put back in their order.
+        // Reversing the numbers swaps left and right as well.
         std::reverse(stereo, stereo + 2 * length);
         for (std::int64_t i = 0; i < length; ++i)
         {

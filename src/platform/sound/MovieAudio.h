@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The sound of a playing movie: keeps a source of the device fed a second ahead, forwards or backwards, and
-// says how far what is heard has come. Movie is the caller.
+// tells how many samples the device has played.
 #pragma once
 
 #include "platform/sound/AudioDevice.h"
-#include "platform/sound/AudioTrack.h"
+#include "platform/sound/SoundFile.h"
 
 #include <array>
 #include <cstdint>
@@ -24,39 +24,39 @@ struct MovieCourse
     enum class AtEnd
     {
         Stop,
-        JumpToLow, // and go on forwards
-        Turn,
+        JumpToBeginning, // and go on forwards
+        Turn,            // at either end
     };
     std::int64_t position = 0;
     int direction = 1; // or -1
-    std::int64_t low = 0;
-    std::int64_t high = 0;
-    AtEnd atEnd =
-        AtEnd::Stop; // what will probably happen there; it is fed ahead, and thrown away if it does not
+    std::int64_t end = 0;
+    AtEnd atEnd = AtEnd::Stop; // what will probably happen there: samples are fed ahead for it
 };
 
 class MovieAudio
 {
 public:
-    MovieAudio(AudioTrack& track, int sampleRate);
+    explicit MovieAudio(SoundFile file);
 
-    // Takes the course up, or keeps it fed while it sounds. False when there is no device or no source to be
-    // had.
+    SoundFile const& file() const { return m_file; }
+
+    // Starts along the course, or keeps it fed while it plays. False without a device, or when it has no
+    // source left.
     bool play(MovieCourse const& course, float pitch, float gain);
     void halt();
 
-    // False as well when the device went away in between.
+    // False also when the device went away in between.
     bool isPlaying() const { return m_isPlaying && m_source.isAlive(); }
 
-    // Samples that were heard since it was asked last; nothing while it does not play or when the device went
+    // Samples that were played since the last call; nothing while it does not play or when the device went
     // away.
     std::optional<std::int64_t> takeHeard();
 
-    // What was fed, from the last consumed sample on: a straight stretch of the course at a time.
+    // Samples that were fed and not consumed yet, up to the first place where the course jumps or turns.
     std::int64_t stretchLeft() const { return m_spans.empty() ? 0 : m_spans.front().length; }
     void consume(std::int64_t samples);
 
-    // True when this is where the course that was fed goes on, or may go on.
+    // True when the samples that come next were fed for this place and direction.
     bool expects(std::int64_t position, int direction) const;
 
 private:
@@ -68,12 +68,6 @@ private:
         std::int64_t length;
         int direction;
     };
-    struct Queued
-    {
-        std::size_t buffer;
-        std::int64_t samples;
-    };
-
     void forgetQueue();
     void begin(MovieCourse const& course);
     void recycle(int count);
@@ -82,13 +76,12 @@ private:
     void readStretch(std::int64_t length, std::int16_t* stereo);
     void addSpan(std::int64_t length);
 
-    AudioTrack& m_track;
-    int m_sampleRate;
+    SoundFile m_file;
     AudioSource m_source;
-    std::array<AudioBuffer, kBuffers> m_buffers;
-    std::vector<std::size_t> m_free; // indices into m_buffers
-    std::deque<Queued> m_queued;
-    std::deque<Span> m_spans; // not consumed
+    std::array<AudioBuffer, kBuffers> m_buffers; // used in turn
+    std::size_t m_first = 0;                     // the buffer that was queued first
+    std::deque<std::int64_t> m_queued;           // samples in each queued buffer
+    std::deque<Span> m_spans;                    // not consumed
     std::vector<std::int16_t> m_block;
 
     bool m_isPlaying = false;
@@ -96,7 +89,7 @@ private:
     float m_gain = 1.0F;       // the source's
     std::int64_t m_cursor = 0; // where feeding goes on
     int m_direction = 1;
-    std::int64_t m_unqueued = 0; // samples since begin() in buffers that were taken back
+    std::int64_t m_unqueued = 0; // samples since begin() in buffers that were unqueued
     std::int64_t m_reported = 0; // samples since begin() that takeHeard() answered
 };
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Tells when a movie comes to a time. CBMovie's loop modes wait for the ends of play with it.
+// Tells when a movie's time reaches a value while it plays.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +12,9 @@ namespace platform
 
 class Movie;
 
-using TimeValue = std::int32_t; // in units of the movie's time scale
+using TimeValue = std::int32_t; // in samples
 
-// Tells when a movie's time reaches a value while it plays. It fires once for each callMeWhen(), inside
-// moviesTask().
+// Fires once for each callMeWhen(), inside moviesTask().
 class MovieCallBack
 {
 public:
@@ -26,12 +25,11 @@ public:
     };
 
     explicit MovieCallBack(Movie& movie); // the movie lives longer
-    ~MovieCallBack();                     // also from within its own action
+    ~MovieCallBack();                     // may run within its own action
     MovieCallBack(MovieCallBack const&) = delete;
     MovieCallBack& operator=(MovieCallBack const&) = delete;
 
     void callMeWhen(Trigger trigger, TimeValue time, std::function<void()> action);
-    void cancel() { m_action = nullptr; }
 
 private:
     friend class Movie;
@@ -40,7 +38,7 @@ private:
     Movie& m_movie;
     Trigger m_trigger = Trigger::TimeForward;
     TimeValue m_time = 0;
-    std::function<void()> m_action; // empty while it waits for nothing
+    std::function<void()> m_action; // empty unless it is armed
 };
 
 } // namespace platform

@@ -1,128 +1,49 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-//
-// Decoded samples are kept by path; a source is taken only while a sound plays, so that any number of sounds
-// can exist.
 #include "platform/sound/Sound.h"
 
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
 #include "platform/sound/AudioDevice.h"
-#include "platform/sound/MediaFile.h"
+#include "platform/sound/SoundFile.h"
 
-#include <algorithm>
-#include <map>
 #include <utility>
 #include <vector>
 
 namespace platform
 {
-namespace
+
+struct Sound::Voice
 {
+    explicit Voice(SoundFile& file);
 
-constexpr std::int64_t kLongest = 600;                              // seconds
-constexpr std::int64_t kMostSamples = (std::int64_t{64} << 20) / 4; // 64 MiB of stereo
+    bool start();
+    bool isPlaying() const;
 
-// A file's samples, and the device's copy of them, made when they are first played there.
-class Clip
-{
-public:
-    explicit Clip(std::filesystem::path file) : m_file(std::move(file)) {}
-
-    bool isDecoded() const { return m_isDecoded; } // as far as it can be
-    void decode();
-
-    // Starts the source with it; false without a device, or when there is nothing to be heard.
-    bool startOn(AudioSource& source);
-
-private:
-    std::filesystem::path m_file;
-    bool m_isDecoded = false;
-    int m_sampleRate = 0;
-    std::vector<std::int16_t> m_stereo;
-    AudioBuffer m_buffer;
+    int sampleRate;
+    std::vector<std::int16_t> stereo;
+    AudioBuffer buffer; // the device's copy of the samples, made when they are first played there
+    AudioSource source;
+    std::shared_ptr<Timer> nextPass; // null unless it waits for that
 };
 
-void Clip::decode()
+Sound::Voice::Voice(SoundFile& file)
+    : sampleRate(file.sampleRate()),
+      stereo(2 * static_cast<std::size_t>(file.duration()))
 {
-    m_isDecoded = true;
-    auto const media = MediaFile::open(m_file);
-    bool const isShort = media && media->duration <= std::min(kMostSamples, kLongest * media->scale);
-    auto const track = isShort ? media->openAudio() : nullptr;
-    if (!track)
-    {
-        LogFormat("cannot decode the sound %s", m_file.c_str());
-        return;
-    }
-    m_sampleRate = media->scale;
-    m_stereo.resize(2 * static_cast<std::size_t>(media->duration));
-    track->read(0, m_stereo);
+    file.read(0, stereo);
 }
 
-bool Clip::startOn(AudioSource& source)
+bool Sound::Voice::start()
 {
-    bool const hasBuffer = m_buffer.isAlive() || (!m_stereo.empty() && m_buffer.fill(m_stereo, m_sampleRate));
+    bool const hasBuffer = buffer.isAlive() || buffer.fill(stereo, sampleRate);
     if (!hasBuffer || !source.acquire())
     {
         return false;
     }
-    alSourcei(source.get(), AL_BUFFER, static_cast<ALint>(m_buffer.get()));
+    alSourcei(source.get(), AL_BUFFER, static_cast<ALint>(buffer.get()));
     alSourcePlay(source.get());
     return true;
-}
-
-} // namespace
-
-struct Sound::Voice
-{
-    explicit Voice(Clip& sharedClip) : clip(sharedClip) {}
-
-    bool start();
-    void stop();
-    bool isPlaying() const;
-
-    Clip& clip;
-    AudioSource source;
-    bool isWaiting = false; // for its clip
-
-private:
-    // The voices that hold a source. Who has played to the end gives it back when the next one starts.
-    static std::vector<Voice*>& holders()
-    {
-        static std::vector<Voice*>& all = *new std::vector<Voice*>;
-        return all;
-    }
-};
-
-bool Sound::Voice::start()
-{
-    // Asked in this order: a device that went away takes its sources with it.
-    if (!AudioDevice::shared().isReady() || isPlaying())
-    {
-        return false;
-    }
-    std::erase_if(holders(),
-                  [](Voice* voice)
-                  {
-                      bool const hasEnded = !voice->isPlaying();
-                      if (hasEnded)
-                      {
-                          voice->source.release();
-                      }
-                      return hasEnded;
-                  });
-    bool const hasStarted = clip.startOn(source);
-    if (hasStarted)
-    {
-        holders().push_back(this);
-    }
-    return hasStarted;
-}
-
-void Sound::Voice::stop()
-{
-    source.release();
-    std::erase(holders(), this);
 }
 
 bool Sound::Voice::isPlaying() const
@@ -135,74 +56,6 @@ bool Sound::Voice::isPlaying() const
     return state == AL_PLAYING;
 }
 
-// Every file that was asked for, and who waits for one to be decoded. That happens in the run loop's next
-// pass: loading the codecs and opening the device keep the first frame from nobody's eyes.
-class Sound::Library
-{
-public:
-    // Never destroyed: sounds in other statics may still be let go of after it.
-    static Library& shared()
-    {
-        static Library& library = *new Library;
-        return library;
-    }
-
-    // Null when there is no such file.
-    Clip* clip(std::filesystem::path const& file)
-    {
-        std::error_code error;
-        auto known = m_clips.find(file);
-        if (known == m_clips.end() && std::filesystem::is_regular_file(file, error))
-        {
-            known = m_clips.try_emplace(file, file).first;
-            decodeLater();
-        }
-        return known != m_clips.end() ? &known->second : nullptr;
-    }
-
-    void wait(Voice& voice)
-    {
-        voice.isWaiting = true;
-        m_waiting.push_back(&voice);
-    }
-
-    void forget(Voice& voice)
-    {
-        voice.isWaiting = false;
-        std::erase(m_waiting, &voice);
-    }
-
-private:
-    void decodeLater()
-    {
-        if (!m_timer)
-        {
-            m_timer = Timer::scheduledTimer(0.0, [this] { decode(); });
-        }
-    }
-
-    void decode()
-    {
-        std::exchange(m_timer, nullptr)->invalidate();
-        for (auto& [file, clip] : m_clips)
-        {
-            if (!clip.isDecoded())
-            {
-                clip.decode();
-            }
-        }
-        for (Voice* const voice : std::exchange(m_waiting, {}))
-        {
-            voice->isWaiting = false;
-            voice->start();
-        }
-    }
-
-    std::map<std::filesystem::path, Clip> m_clips;
-    std::vector<Voice*> m_waiting;
-    std::shared_ptr<Timer> m_timer;
-};
-
 Sound::Sound(std::unique_ptr<Voice> voice) : m_voice(std::move(voice))
 {
 }
@@ -214,38 +67,54 @@ Sound::~Sound()
 
 std::unique_ptr<Sound> Sound::initWithContentsOfFile(std::filesystem::path const& file)
 {
-    Clip* const clip = Library::shared().clip(file);
-    if (clip == nullptr)
+    auto opened = SoundFile::open(file);
+    if (!opened)
     {
-        LogFormat("cannot read the sound %s", file.c_str());
+        LogFormat("cannot decode the sound %s", file.c_str());
         return nullptr;
     }
-    return std::unique_ptr<Sound>(new Sound(std::make_unique<Voice>(*clip)));
+    return std::unique_ptr<Sound>(new Sound(std::make_unique<Voice>(*opened)));
 }
 
 bool Sound::play()
 {
-    if (m_voice->clip.isDecoded())
+    AudioDevice& device = AudioDevice::shared();
+    if (device.isUntried())
     {
-        return m_voice->start();
+        return playInNextPass();
     }
-    bool const isFirst = !m_voice->isWaiting;
-    if (isFirst)
+    // Asked in this order: a device that went away takes its sources with it.
+    return device.isReady() && !isPlaying() && m_voice->start();
+}
+
+// Opening the device takes 12 ms; done after the first frame so that it does not delay it.
+bool Sound::playInNextPass()
+{
+    if (m_voice->nextPass)
     {
-        Library::shared().wait(*m_voice);
+        return false;
     }
-    return isFirst;
+    m_voice->nextPass = Timer::scheduledTimer(0.0,
+                                              [this]
+                                              {
+                                                  stop();
+                                                  m_voice->start();
+                                              });
+    return true;
 }
 
 void Sound::stop()
 {
-    Library::shared().forget(*m_voice);
-    m_voice->stop();
+    if (auto const timer = std::exchange(m_voice->nextPass, nullptr))
+    {
+        timer->invalidate();
+    }
+    m_voice->source.release();
 }
 
 bool Sound::isPlaying() const
 {
-    return m_voice->isWaiting || m_voice->isPlaying();
+    return m_voice->nextPass || m_voice->isPlaying();
 }
 
 } // namespace platform

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Styled strings: measured and drawn into a bitmap. One point is one pixel. StringTexture is the caller.
+// Styled strings: measured and drawn into a bitmap. One point is one pixel.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -14,42 +14,27 @@
 namespace platform
 {
 
-// A font and a foreground colour. Equal sets are one object, kept until the process ends.
-class TextAttributes
+struct TextAttributes
 {
-public:
-    // fontName: a family; one that the system lacks falls back to a sans-serif. fontSize: pixels, at least 1
-    // is used.
-    static std::shared_ptr<TextAttributes const> shared(std::string const& fontName, float fontSize,
-                                                        Color foreground);
-
-    std::string const& fontName() const { return m_fontName; }
-    float fontSize() const { return m_fontSize; }
-    Color foreground() const { return m_foreground; }
-
-private:
-    TextAttributes(std::string fontName, float fontSize, Color foreground);
-
-    std::string m_fontName;
-    float m_fontSize;
-    Color m_foreground;
+    std::string fontName; // a family; one that the system lacks falls back to a sans-serif
+    float fontSize;       // pixels
 };
 
-// UTF-8 text with one set of attributes for all of it. Invalid bytes show as replacement characters.
+// One line of UTF-8 text with one set of attributes for all of it.
 class AttributedString
 {
 public:
-    AttributedString(std::string string, std::shared_ptr<TextAttributes const> attributes);
+    AttributedString(std::string string, TextAttributes attributes);
 
     std::string const& string() const { return m_string; }
-    TextAttributes const& attributes() const { return *m_attributes; }
+    TextAttributes const& attributes() const { return m_attributes; }
 
     // Width and line height in pixels, blanks at the ends included; (0, 0) for the empty string.
     Size size() const;
 
 private:
     std::string m_string;
-    std::shared_ptr<TextAttributes const> m_attributes;
+    TextAttributes m_attributes;
 };
 
 // A bitmap to draw boxes and text into: RGBA bytes, premultiplied, top row first, transparent at first.
@@ -57,7 +42,7 @@ private:
 class TextBitmap
 {
 public:
-    // size: pixels; the bitmap has the whole pixels of it, and none where that is 0 or the memory is refused.
+    // size: pixels; the bitmap has the whole pixels of it, and none where the memory is refused.
     explicit TextBitmap(Size size);
     ~TextBitmap();
     TextBitmap(TextBitmap const&) = delete;

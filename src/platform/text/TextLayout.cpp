@@ -1,15 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-//
-// The shared Pango context: greyscale, slightly hinted, with whole-pixel metrics, whatever the desktop is set
-// to, so that the same text gives the same pixels everywhere.
 #include "platform/text/TextLayout.h"
 
 #include "platform/base/CairoHandles.h"
 #include "platform/text/Text.h"
 
-#include <algorithm>
-#include <cmath>
 #include <memory>
 
 namespace platform
@@ -21,14 +16,14 @@ struct PangoDeleter
 {
     void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
     void operator()(gpointer object) const { g_object_unref(object); }
-    void operator()(char* text) const { g_free(text); }
 };
 
 template <typename Object>
 using PangoHandle = std::unique_ptr<Object, PangoDeleter>;
 
-// Never released: what is laid out while the program ends still finds it.
-PangoLayout* MakeLayout()
+// Greyscale, slightly hinted, with whole-pixel metrics, whatever the desktop is set to, so that the same text
+// gives the same pixels everywhere.
+PangoHandle<PangoLayout> MakeLayout()
 {
     PangoHandle<PangoContext> const context(
         pango_font_map_create_context(pango_cairo_font_map_get_default()));
@@ -41,34 +36,7 @@ PangoLayout* MakeLayout()
 
     PangoHandle<PangoLayout> layout(pango_layout_new(context.get()));
     pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-    return layout.release();
-}
-
-void SetFont(PangoLayout* layout, TextAttributes const& attributes)
-{
-    PangoHandle<PangoFontDescription> const description(pango_font_description_new());
-    pango_font_description_set_family(description.get(), attributes.fontName().c_str());
-    pango_font_description_set_absolute_size(description.get(), double{attributes.fontSize()} * PANGO_SCALE);
-    pango_layout_set_font_description(layout, description.get());
-}
-
-// Pango counts in 1024ths of a pixel in an int. No glyph is wider than four times the font size on average,
-// and a bitmap shows 16,384 pixels at most, so that what is cut off here could neither be counted nor seen.
-std::size_t LongestText(float fontSize)
-{
-    constexpr float kLongestAtOnePixel = 500000.0F;
-    constexpr std::size_t kLongest = 32768;
-    return std::min(kLongest, static_cast<std::size_t>(kLongestAtOnePixel / fontSize));
-}
-
-std::string PlainLine(std::string const& text, std::size_t longest)
-{
-    PangoHandle<char> const valid(
-        g_utf8_make_valid(text.data(), static_cast<gssize>(std::min(text.size(), longest))));
-    std::string line(valid.get());
-    auto const isControl = [](char c) { return (static_cast<unsigned char>(c) < 0x20) || (c == 0x7F); };
-    std::replace_if(line.begin(), line.end(), isControl, ' ');
-    return line;
+    return layout;
 }
 
 } // namespace
@@ -80,26 +48,19 @@ void PrepareText()
 
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes)
 {
-    static PangoLayout* const layout = MakeLayout();
-    static std::string laidOut;
-    static std::string fontName;
-    static float fontSize = 0.0F;
+    // Shared by all lines: making a layout costs more than laying out a short line.
+    static PangoHandle<PangoLayout> const layout = MakeLayout();
 
-    if (fontSize != attributes.fontSize() || fontName != attributes.fontName())
+    PangoHandle<PangoFontDescription> const font(pango_font_description_new());
+    pango_font_description_set_family_static(font.get(), attributes.fontName.c_str());
+    pango_font_description_set_absolute_size(font.get(), double{attributes.fontSize} * PANGO_SCALE);
+    pango_layout_set_font_description(layout.get(), font.get());
+    // A string is measured and then drawn; the same text need not be laid out again.
+    if (text != pango_layout_get_text(layout.get()))
     {
-        SetFont(layout, attributes);
-        fontName = attributes.fontName();
-        fontSize = attributes.fontSize();
-        laidOut.clear();
-        pango_layout_set_text(layout, "", 0);
+        pango_layout_set_text(layout.get(), text.data(), static_cast<int>(text.size()));
     }
-    if (laidOut != text)
-    {
-        std::string const line = PlainLine(text, LongestText(fontSize));
-        pango_layout_set_text(layout, line.data(), static_cast<int>(line.size()));
-        laidOut = text;
-    }
-    return layout;
+    return layout.get();
 }
 
 } // namespace platform

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// One line of text laid out by Pango. Text measures and draws with it.
-// The layout object is shared by all lines: making one costs more than laying out a short line.
+// One line of text laid out by Pango.
 #pragma once
 
 #include <pango/pangocairo.h>
@@ -12,13 +11,12 @@
 namespace platform
 {
 
-class TextAttributes;
+struct TextAttributes;
 
 // Has Pango look for fonts, which it does on a thread of its own until the first line is laid out.
 void PrepareText();
 
-// The line, laid out without wrapping; control characters stand as blanks and invalid bytes as replacement
-// characters. Borrowed, and valid until the next call.
+// The line, laid out without wrapping. Borrowed, and valid until the next call.
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes);
 
 } // namespace platform

@@ -13,16 +13,13 @@
 #include "platform/window/MouseTranslation.h"
 #include "platform/window/OpenGLView.h"
 #include "platform/window/Window.h"
-#include "platform/window/WindowList.h"
 
 #include <SDL.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <csignal>
 #include <exception>
-#include <optional>
 #include <thread>
 
 namespace platform
@@ -32,35 +29,24 @@ namespace
 {
 
 constexpr char const* kInterfaceName = "Main.ini";
-constexpr double kSaveInterval = 0.4;   // seconds: a change is on the disk well within one
-constexpr double kLongestSleep = 0.05;  // seconds without a look at the signals
-constexpr double kPreciseSleep = 0.002; // seconds: SDL's own waiting is no finer
+constexpr double kSaveInterval = 0.4;  // seconds: a change is on the disk well within one
+constexpr double kLongestSleep = 0.05; // seconds without a look at signals and events
 
-Application* theApplication = nullptr;
-
-volatile std::sig_atomic_t endWasSignalled = 0;
+// Process-wide, because a signal handler can reach nothing else.
+volatile std::sig_atomic_t endIsWanted = 0;
 
 extern "C" void NoteSignal(int)
 {
-    endWasSignalled = 1;
+    endIsWanted = 1;
 }
 
 void CatchEndingSignals()
 {
-    endWasSignalled = 0;
-    for (int const signal : {
-             SIGTERM, SIGINT
-#if !defined(_WIN32)
-                 ,
-                 SIGHUP
-#endif
-         })
+    for (int const signal : {SIGTERM, SIGINT, SIGHUP})
     {
         std::signal(signal, NoteSignal);
     }
-#if !defined(_WIN32)
-    std::signal(SIGPIPE, SIG_IGN); // whoever read the log may have gone
-#endif
+    std::signal(SIGPIPE, SIG_IGN); // comes when the program that reads the log has ended
 }
 
 // A layout of another script has no such letter at all: there the place on the keyboard counts.
@@ -78,50 +64,56 @@ bool Matches(KeyEquivalent const& equivalent, SDL_Keysym const& key)
            equivalent.alt == held(KMOD_ALT) && equivalent.shift == held(KMOD_SHIFT) && !held(KMOD_GUI);
 }
 
+bool HasKey(Command const& command, SDL_Keysym const& key)
+{
+    return std::ranges::any_of(command.keys,
+                               [&key](KeyEquivalent const& equivalent) { return Matches(equivalent, key); });
+}
+
 // The text that came with a key that went down: SDL queues it right behind the key.
 std::string TakeTypedText()
 {
     SDL_Event next;
     SDL_PumpEvents();
-    if (SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
-        next.type == SDL_TEXTINPUT)
-    {
-        return next.text.text;
-    }
-    return {};
+    bool const hasNext = SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1;
+    return hasNext && next.type == SDL_TEXTINPUT ? next.text.text : "";
 }
 
-class DesktopApplication final : public Application
+class Application
 {
 public:
-    DesktopApplication() { theApplication = this; }
-    ~DesktopApplication() { theApplication = nullptr; }
-    DesktopApplication(DesktopApplication const&) = delete;
-    DesktopApplication& operator=(DesktopApplication const&) = delete;
+    explicit Application(std::unique_ptr<OpenGLView> view) : m_view(std::move(view)) {}
 
-    bool loadInterface(ViewClasses const& viewClasses);
-    int run() override;
-    void terminate() override { m_running = false; }
-    Window* keyWindow() override;
+    bool load();
+    void run();
 
 private:
-    bool makeViewAndWindow(ViewClasses const& viewClasses);
+    bool loadInterface();
+    bool makeWindow();
     void pumpEvents();
     void dispatch(SDL_Event const& event);
     void dispatchWindowEvent(SDL_WindowEvent const& event);
+    void dispatchMouse(SDL_Event const& event);
     void dispatchKeyDown(SDL_KeyboardEvent const& event);
-    bool performKeyEquivalent(SDL_KeyboardEvent const& event);
-    void send(unsigned windowIdentifier, std::optional<Event> const& event);
-    static void waitForWork();
+    bool performCommand(SDL_KeyboardEvent const& event);
 
     InterfaceFile m_interface;
     std::unique_ptr<OpenGLView> m_view;
     std::unique_ptr<Window> m_window; // goes before the view, whose context draws into it
-    KeyTranslator m_keys;
-    bool m_running = true;
 };
 
-bool DesktopApplication::loadInterface(ViewClasses const& viewClasses)
+bool Application::load()
+{
+    if (!loadInterface() || !OpenDisplay())
+    {
+        return false;
+    }
+    // Threads only from here on: the start of the display changes the environment, and may fork.
+    PrepareText();
+    return makeWindow();
+}
+
+bool Application::loadInterface()
 {
     auto const path = Bundle::pathForResource(kInterfaceName, "Interface");
     if (!path)
@@ -130,35 +122,20 @@ bool DesktopApplication::loadInterface(ViewClasses const& viewClasses)
         return false;
     }
     auto interface = InterfaceFile::load(*path);
-    if (!interface)
+    if (interface)
     {
-        return false;
+        m_interface = std::move(*interface);
     }
-    m_interface = std::move(*interface);
-    if (!viewClasses.contains(m_interface.viewClass))
-    {
-        Log("The interface file " + path->string() + " cannot be used: there is no view class '" +
-            m_interface.viewClass + "'");
-        return false;
-    }
-    return makeViewAndWindow(viewClasses);
+    return interface.has_value();
 }
 
-bool DesktopApplication::makeViewAndWindow(ViewClasses const& viewClasses)
+bool Application::makeWindow()
 {
-    Rect const content{{}, m_interface.contentSize};
-    if (!OpenDisplay())
+    if (!m_view->initWithFrame({{}, m_interface.contentSize}))
     {
         return false;
     }
-    // Threads only from here on: the start of the display changes the environment, and may fork.
-    PrepareText();
-    m_view = viewClasses.at(m_interface.viewClass)();
-    if (!m_view->initWithFrame(content))
-    {
-        return false;
-    }
-    m_window = Window::initWithContentRect(content, WindowStyle::Titled);
+    m_window = Window::initWithContentSize(m_interface.contentSize);
     if (!m_window)
     {
         return false;
@@ -169,172 +146,123 @@ bool DesktopApplication::makeViewAndWindow(ViewClasses const& viewClasses)
     return true;
 }
 
-int DesktopApplication::run()
+void Application::run()
 {
-    RunLoop& loop = RunLoop::current();
     auto const saver = Timer::scheduledTimer(kSaveInterval, [] { Preferences::standard().synchronize(); });
-    while (m_running && endWasSignalled == 0)
+    while (endIsWanted == 0)
     {
         pumpEvents();
-        if (m_running)
+        if (endIsWanted == 0)
         {
-            loop.runTimersOnce(RunLoop::Mode::Default);
-            waitForWork();
+            RunLoop::runTimersOnce();
+            double const wait = std::min(RunLoop::secondsUntilNextTimer(), kLongestSleep);
+            std::this_thread::sleep_for(std::chrono::duration<double>(wait));
         }
     }
     saver->invalidate();
     Preferences::standard().synchronize();
-    return 0;
 }
 
-Window* DesktopApplication::keyWindow()
-{
-    Window* const key = WindowList::key();
-    return key != nullptr ? key : m_window.get();
-}
-
-void DesktopApplication::waitForWork()
-{
-    double const wait =
-        std::min(RunLoop::current().secondsUntilNextTimer(RunLoop::Mode::Default), kLongestSleep);
-    if (wait <= 0.0)
-    {
-        return;
-    }
-    if (wait <= kPreciseSleep)
-    {
-        std::this_thread::sleep_for(std::chrono::duration<double>(wait));
-        return;
-    }
-    SDL_WaitEventTimeout(nullptr, static_cast<int>(wait * 1000.0));
-}
-
-void DesktopApplication::pumpEvents()
+void Application::pumpEvents()
 {
     SDL_Event event;
-    while (m_running && SDL_PollEvent(&event) != 0)
+    while (endIsWanted == 0 && SDL_PollEvent(&event) != 0)
     {
         dispatch(event);
     }
 }
 
-void DesktopApplication::dispatch(SDL_Event const& event)
+void Application::dispatch(SDL_Event const& event)
 {
     switch (event.type)
     {
     case SDL_QUIT:
-        terminate();
-        break;
+        return Terminate();
     case SDL_WINDOWEVENT:
-        dispatchWindowEvent(event.window);
-        break;
+        return dispatchWindowEvent(event.window);
     case SDL_KEYDOWN:
-        dispatchKeyDown(event.key);
-        break;
-    case SDL_KEYUP:
-        send(event.key.windowID, m_keys.keyUp(event.key.keysym));
-        break;
+        return dispatchKeyDown(event.key);
     case SDL_MOUSEMOTION:
-        if (Window const* const window = WindowList::withIdentifier(event.motion.windowID))
-        {
-            send(event.motion.windowID, TranslateMouseMotion(event.motion, *window));
-        }
-        break;
     case SDL_MOUSEBUTTONUP:
-        if (Window const* const window = WindowList::withIdentifier(event.button.windowID))
-        {
-            send(event.button.windowID, TranslateMouseUp(event.button, *window));
-        }
-        break;
     case SDL_MOUSEWHEEL:
-        if (Window const* const window = WindowList::withIdentifier(event.wheel.windowID))
-        {
-            send(event.wheel.windowID, TranslateMouseWheel(event.wheel, *window));
-        }
-        break;
+        return dispatchMouse(event);
     default:
-        break;
+        return;
     }
 }
 
-void DesktopApplication::dispatchWindowEvent(SDL_WindowEvent const& event)
+void Application::dispatchWindowEvent(SDL_WindowEvent const& event)
 {
     if (event.event == SDL_WINDOWEVENT_CLOSE)
     {
-        terminate();
+        Terminate();
     }
-    else if (event.event == SDL_WINDOWEVENT_SIZE_CHANGED)
+    Window* const window = Window::withIdentifier(event.windowID);
+    if (event.event == SDL_WINDOWEVENT_SIZE_CHANGED && window != nullptr)
     {
-        if (Window* const window = WindowList::withIdentifier(event.windowID))
-        {
-            window->drawableSizeChanged();
-        }
+        window->drawableSizeChanged();
     }
 }
 
-void DesktopApplication::dispatchKeyDown(SDL_KeyboardEvent const& event)
+void Application::dispatchMouse(SDL_Event const& event)
 {
-    std::string const typed = TakeTypedText();
-    if (!performKeyEquivalent(event))
+    Window* const window =
+        Window::withIdentifier(event.motion.windowID); // the same offset in all three kinds
+    auto const translated = window != nullptr ? TranslateMouse(event, *window) : std::nullopt;
+    if (translated)
     {
-        send(event.windowID, m_keys.keyDown(event.keysym, typed));
+        window->sendEvent(*translated);
     }
 }
 
-// A command's key never reaches the view; while it is held, its repeats do nothing.
-bool DesktopApplication::performKeyEquivalent(SDL_KeyboardEvent const& event)
+// Without a window manager keys may come for no window in particular; they are for the one that shows the
+// view.
+void Application::dispatchKeyDown(SDL_KeyboardEvent const& event)
 {
-    for (Command const& command : m_interface.commands)
+    Event key;
+    key.charactersIgnoringModifiers = CharactersForKey(event.keysym, TakeTypedText());
+    Window* const window = event.windowID != 0 ? Window::withIdentifier(event.windowID) : m_view->window();
+    if (!performCommand(event) && !key.charactersIgnoringModifiers.empty() && window != nullptr)
     {
-        bool const matches = std::ranges::any_of(command.keys, [&event](KeyEquivalent const& key)
-                                                 { return Matches(key, event.keysym); });
-        if (!matches)
-        {
-            continue;
-        }
-        if (command.action == "terminate")
-        {
-            terminate();
-        }
-        else if (event.repeat == 0)
-        {
-            m_view->toggleFullScreen();
-        }
-        return true;
-    }
-    return false;
-}
-
-// Without a window manager keys may come for no window in particular; they are the key window's.
-void DesktopApplication::send(unsigned windowIdentifier, std::optional<Event> const& event)
-{
-    Window* const window = windowIdentifier != 0 ? WindowList::withIdentifier(windowIdentifier) : keyWindow();
-    if (event && window != nullptr)
-    {
-        window->sendEvent(*event);
+        window->sendEvent(key);
     }
 }
 
-int LoadAndRun(ViewClasses const& viewClasses)
+// False when the key is no command's. While the key is held, its repeats do nothing.
+bool Application::performCommand(SDL_KeyboardEvent const& event)
 {
-    CatchEndingSignals();
-    DesktopApplication application;
-    return application.loadInterface(viewClasses) ? application.run() : 1;
+    auto const command = std::ranges::find_if(m_interface.commands,
+                                              [&event](Command const& c) { return HasKey(c, event.keysym); });
+    if (command == m_interface.commands.end())
+    {
+        return false;
+    }
+    if (command->action == "terminate")
+    {
+        Terminate();
+    }
+    else if (event.repeat == 0)
+    {
+        m_view->toggleFullScreen();
+    }
+    return true;
 }
 
 } // namespace
 
-Application* Application::shared()
-{
-    return theApplication;
-}
-
-int ApplicationMain(ViewClasses const& viewClasses)
+int ApplicationMain(std::unique_ptr<OpenGLView> view)
 {
     int status = 1;
+    endIsWanted = 0;
+    CatchEndingSignals();
     try
     {
-        status = LoadAndRun(viewClasses);
+        Application application(std::move(view));
+        if (application.load())
+        {
+            application.run();
+            status = 0;
+        }
     }
     catch (std::exception const& problem)
     {
@@ -342,6 +270,11 @@ int ApplicationMain(ViewClasses const& viewClasses)
     }
     CloseDisplay();
     return status;
+}
+
+void Terminate()
+{
+    endIsWanted = 1;
 }
 
 } // namespace platform

@@ -2,12 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window/Display.h"
 
+#include "platform/base/Bundle.h"
 #include "platform/base/Log.h"
 
-#include <SDL.h>
+#include <SDL_image.h>
+#include <SDL_syswm.h>
 
 #include <cstdlib>
 #include <string_view>
+
+#if defined(SDL_VIDEO_DRIVER_X11)
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#endif
 
 namespace platform
 {
@@ -15,8 +22,8 @@ namespace platform
 namespace
 {
 
-// Key bindings take keys as they are: an input method would swallow and compose them, and so would Xlib with
-// the dead ones. Its table of compositions takes 6 ms to read, too.
+// A control is bound to the character of one key. An input method would swallow keys and compose characters
+// from several, and Xlib does so with dead keys; reading its table of compositions takes 6 ms besides.
 void SwitchOffInputMethods()
 {
     setenv("XMODIFIERS", "@im=none", 1);
@@ -25,15 +32,11 @@ void SwitchOffInputMethods()
     setenv("XCOMPOSEFILE", "/dev/null", 1);
 }
 
-// Desktops find the program's entry and icon by its window class.
-void NameWindowClass()
-{
-    setenv("SDL_VIDEO_X11_WMCLASS", "quarrow", 1);
-    setenv("SDL_VIDEO_WAYLAND_WMCLASS", "quarrow", 1);
-}
-
 void SetHints()
 {
+    // By the class of its windows the desktop finds the program's entry and icon.
+    setenv("SDL_VIDEO_X11_WMCLASS", "quarrow", 1);
+    setenv("SDL_VIDEO_WAYLAND_WMCLASS", "quarrow", 1);
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // the application has its own
     SDL_SetHint(SDL_HINT_APP_NAME, "Quarrow");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
@@ -46,6 +49,49 @@ bool ShowsNothing(std::string_view driver)
     return driver == "offscreen" || driver == "dummy" || driver == "evdev";
 }
 
+struct SurfaceDeleter
+{
+    void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
+};
+using Icon = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
+
+Icon LoadIcon()
+{
+    constexpr char const* kName = "quarrow-64.png";
+    auto const file = Bundle::pathForResource(kName, "Icons");
+    Icon icon(file ? IMG_Load(file->c_str()) : nullptr);
+    if (!icon)
+    {
+        LogFormat("The window's icon %s cannot be used", kName);
+    }
+    return icon;
+}
+
+bool IsX11()
+{
+    return std::string_view(SDL_GetCurrentVideoDriver()) == "x11";
+}
+
+// On X11 a window may ask for the whole screen before it is shown, and has it from its first frame. SDL asks
+// only afterwards, and then waits a tenth of a second for a change of size that never comes, since the window
+// has the screen's size already.
+void AskForFullScreenOnX11([[maybe_unused]] SDL_Window* window)
+{
+#if defined(SDL_VIDEO_DRIVER_X11)
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version)
+    if (SDL_GetWindowWMInfo(window, &info) != SDL_TRUE)
+    {
+        return;
+    }
+    Display* const display = info.info.x11.display;
+    Atom const state = XInternAtom(display, "_NET_WM_STATE", False);
+    Atom const fullScreen = XInternAtom(display, "_NET_WM_STATE_FULLSCREEN", False);
+    XChangeProperty(display, info.info.x11.window, state, XA_ATOM, 32, PropModeReplace,
+                    reinterpret_cast<unsigned char const*>(&fullScreen), 1);
+#endif
+}
+
 } // namespace
 
 bool OpenDisplay()
@@ -55,19 +101,16 @@ bool OpenDisplay()
         return true;
     }
     SwitchOffInputMethods();
-    NameWindowClass();
     SetHints();
-    SDL_SetMainReady();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
     {
         LogFormat("There is no display: %s", SDL_GetError());
         return false;
     }
     char const* const driver = SDL_GetCurrentVideoDriver();
-    if (driver == nullptr || ShowsNothing(driver))
+    if (ShowsNothing(driver))
     {
-        LogFormat("There is no display: the video driver \"%s\" shows nothing",
-                  driver != nullptr ? driver : "");
+        LogFormat("There is no display: the video driver \"%s\" shows nothing", driver);
         CloseDisplay();
         return false;
     }
@@ -78,6 +121,38 @@ bool OpenDisplay()
 void CloseDisplay()
 {
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+void WindowDestroyer::operator()(SDL_Window* window) const
+{
+    SDL_DestroyWindow(window);
+}
+
+RawWindow MakeRawWindow(SDL_Rect const& bounds, unsigned flags)
+{
+    static Icon const icon = LoadIcon();
+    RawWindow window(
+        SDL_CreateWindow("Quarrow", bounds.x, bounds.y, bounds.w, bounds.h,
+                         flags | SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI));
+    if (window && icon)
+    {
+        SDL_SetWindowIcon(window.get(), icon.get());
+    }
+    return window;
+}
+
+RawWindow MakeFullScreenRawWindow(SDL_Rect const& screen)
+{
+    if (!IsX11())
+    {
+        return MakeRawWindow(screen, SDL_WINDOW_BORDERLESS | SDL_WINDOW_FULLSCREEN_DESKTOP);
+    }
+    RawWindow window = MakeRawWindow(screen, SDL_WINDOW_BORDERLESS);
+    if (window)
+    {
+        AskForFullScreenOnX11(window.get());
+    }
+    return window;
 }
 
 } // namespace platform

@@ -1,16 +1,34 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The connection to the desktop's display, which windows and the OpenGL context need.
+// The desktop's display: the connection to it, and SDL's windows on it.
 #pragma once
+
+#include <memory>
+
+struct SDL_Rect;
+struct SDL_Window;
 
 namespace platform
 {
 
-// Opens it unless it is open. False, with one log line, when nobody could see what is drawn: there is no
-// display, or only a driver that shows nothing.
+// Opens the display unless it is open. False, with one log line, when nobody could see what is drawn: there
+// is no display, or only a driver that shows nothing.
 bool OpenDisplay();
 
 void CloseDisplay();
+
+struct WindowDestroyer
+{
+    void operator()(SDL_Window* window) const;
+};
+using RawWindow = std::unique_ptr<SDL_Window, WindowDestroyer>;
+
+// Hidden, with the game's icon; OpenGL can draw into it. bounds: in the desktop's units. flags: SDL's,
+// besides those that every window of the game has. Null when the display refuses; SDL_GetError() tells why.
+RawWindow MakeRawWindow(SDL_Rect const& bounds, unsigned flags);
+
+// Hidden; when it is shown it covers the screen with those bounds, above panels and docks.
+RawWindow MakeFullScreenRawWindow(SDL_Rect const& screen);
 
 } // namespace platform

@@ -3,7 +3,9 @@
 #include "platform/window/GLContext.h"
 
 #include "platform/base/OpenGL.h"
-#include "platform/window/GLSurface.h"
+#include "platform/window/OpenGLContext.h"
+
+#include <SDL.h>
 
 namespace platform
 {
@@ -15,14 +17,10 @@ GLContextRef CurrentGLContext()
 
 void DeleteTextureInContext(GLContextRef context, unsigned texture)
 {
-    OpenGLContext::Surface const* const owner = OpenGLContext::Surface::owning(context);
-    if (owner == nullptr)
-    {
-        return;
-    }
+    OpenGLContext const* const owner = OpenGLContext::withHandle(context);
     SDL_GLContext const current = SDL_GL_GetCurrentContext();
     SDL_Window* const currentWindow = SDL_GL_GetCurrentWindow();
-    if (current != context && !owner->makeCurrent())
+    if (owner == nullptr || (current != context && !owner->makeCurrentContext()))
     {
         return;
     }

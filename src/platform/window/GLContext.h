@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The current OpenGL context, for those who keep names of objects that live in it.
-// Alone in its own source file, so that a recording OpenGL can stand in for both at once.
+// The current OpenGL context, and how a texture is deleted in the context that owns it.
+// Tests replace this source file together with OpenGL itself.
 #pragma once
 
 namespace platform

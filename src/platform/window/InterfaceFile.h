@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The main interface file "Main.ini": the window, the class of the view in it, and the commands with their
-// keys. It is installed with the game and trusted.
+// The main interface file "Main.ini": the window, and the commands with their keys. It is installed with the
+// game and trusted.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -33,7 +33,6 @@ struct InterfaceFile
 {
     std::string windowTitle;
     Size contentSize; // pixels
-    std::string viewClass;
     std::vector<Command> commands;
 
     // Nothing, with one log line that names the file, when it cannot be read or is no key file.

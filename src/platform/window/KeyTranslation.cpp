@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window/KeyTranslation.h"
 
-#include "platform/base/Encoding.h"
 #include "platform/window/KeyCodes.h"
+
+#include <glib.h>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace platform
 {
@@ -82,7 +84,7 @@ constexpr std::array kKeypadKeys = {
 template <typename Table>
 auto Find(Table const& table, SDL_Keycode key)
 {
-    return std::find_if(table.begin(), table.end(), [key](auto const& row) { return row.key == key; });
+    return std::ranges::find_if(table, [key](auto const& row) { return row.key == key; });
 }
 
 // 0 when the key is none of them.
@@ -100,95 +102,74 @@ char16_t FixedCharacter(SDL_Keycode key)
     return row != kFixedKeys.end() ? row->character : char16_t{0};
 }
 
-// The accent of a dead key comes from Xlib as one byte of Latin-1, which SDL hands on as it is.
-bool IsDeadKeysAccent(std::string_view typedText)
-{
-    return typedText.size() == 1 && static_cast<unsigned char>(typedText.front()) >= 0xA0;
-}
-
-// Control, Alt and Command change or suppress the text that comes with a key.
-std::u16string TypedCharacters(SDL_Keysym const& key, std::string_view typedText)
-{
-    if ((key.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0)
-    {
-        return {};
-    }
-    return IsDeadKeysAccent(typedText) ? std::u16string(1, static_cast<unsigned char>(typedText.front()))
-                                       : Utf16FromUtf8(std::string(typedText));
-}
-
-std::u16string KeypadCharacters(SDL_Keysym const& key)
+char16_t KeypadCharacter(SDL_Keysym const& key)
 {
     auto const row = Find(kKeypadKeys, key.sym);
     if (row == kKeypadKeys.end())
     {
-        return {};
+        return 0;
     }
-    return std::u16string(1, (key.mod & KMOD_NUM) != 0 ? row->withNumLock : row->withoutNumLock);
+    return (key.mod & KMOD_NUM) != 0 ? row->withNumLock : row->withoutNumLock;
 }
 
-char16_t UpperCase(char16_t c)
-{
-    bool const isLower = (c >= u'a' && c <= u'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7);
-    return isLower ? static_cast<char16_t>(c - 0x20) : c;
-}
-
-// The layout's own character for a key whose text is not to be had.
-std::u16string LayoutCharacters(SDL_Keysym const& key)
+// For a key without usable text: the character that the layout gives the key; 0 when it gives none.
+char16_t LayoutCharacter(SDL_Keysym const& key)
 {
     if (key.sym < 0x20 || key.sym > 0xFFFF)
     {
-        return {};
+        return 0;
     }
-    auto const plain = static_cast<char16_t>(key.sym);
     bool const shift = (key.mod & KMOD_SHIFT) != 0;
     bool const capsLock = (key.mod & KMOD_CAPS) != 0;
-    return std::u16string(1, shift != capsLock ? UpperCase(plain) : plain);
+    auto const plain = static_cast<gunichar>(key.sym);
+    return static_cast<char16_t>(shift != capsLock ? g_unichar_toupper(plain) : plain);
 }
 
-Event KeyEvent(EventType type, std::u16string characters)
+// The accent of a dead key comes from Xlib as one byte of Latin-1, which SDL hands on as it is.
+bool IsDeadKeysAccent(std::string const& typedText)
 {
-    Event event;
-    event.type = type;
-    event.charactersIgnoringModifiers = std::move(characters);
-    return event;
+    return typedText.size() == 1 && static_cast<unsigned char>(typedText.front()) >= 0xA0;
+}
+
+// Empty for text that is no UTF-8.
+std::u16string Utf16(std::string const& text)
+{
+    glong length = 0;
+    std::unique_ptr<gunichar2, decltype(&g_free)> const units(
+        g_utf8_to_utf16(text.c_str(), -1, nullptr, &length, nullptr), g_free);
+    return {units.get(), units.get() + length};
+}
+
+std::u16string TypedCharacters(SDL_Keysym const& key, std::string const& typedText)
+{
+    if ((key.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0)
+    {
+        return {}; // these change or suppress the text that comes with a key
+    }
+    return IsDeadKeysAccent(typedText) ? std::u16string(1, static_cast<unsigned char>(typedText.front()))
+                                       : Utf16(typedText);
 }
 
 } // namespace
 
-std::u16string CharactersForKey(SDL_Keysym const& key, std::string_view typedText)
+std::u16string CharactersForKey(SDL_Keysym const& key, std::string const& typedText)
 {
     if (char16_t const fixed = FixedCharacter(key.sym); fixed != 0)
     {
-        return std::u16string(1, fixed);
+        return {fixed};
     }
     if (std::u16string typed = TypedCharacters(key, typedText); !typed.empty())
     {
         return typed;
     }
-    std::u16string keypad = KeypadCharacters(key);
-    return keypad.empty() ? LayoutCharacters(key) : keypad;
-}
-
-std::optional<Event> KeyTranslator::keyDown(SDL_Keysym const& key, std::string_view typedText)
-{
-    std::u16string characters = CharactersForKey(key, typedText);
-    if (characters.empty())
+    for (char16_t const character : {KeypadCharacter(key), LayoutCharacter(key)})
     {
-        return std::nullopt;
+        if (character != 0)
+        {
+            return {character};
+        }
     }
-    m_down[key.scancode] = characters;
-    return KeyEvent(EventType::KeyDown, std::move(characters));
-}
-
-std::optional<Event> KeyTranslator::keyUp(SDL_Keysym const& key)
-{
-    auto node = m_down.extract(key.scancode);
-    if (node.empty())
-    {
-        return std::nullopt;
-    }
-    return KeyEvent(EventType::KeyUp, std::move(node.mapped()));
+    return {};
 }
 
 } // namespace platform

@@ -12,59 +12,57 @@ namespace platform
 namespace
 {
 
-EventType MotionType(Uint32 buttons)
-{
-    if (buttons == 0)
-    {
-        return EventType::MouseMoved;
-    }
-    if ((buttons & SDL_BUTTON_LMASK) != 0)
-    {
-        return EventType::LeftMouseDragged;
-    }
-    return (buttons & SDL_BUTTON_RMASK) != 0 ? EventType::RightMouseDragged : EventType::OtherMouseDragged;
-}
-
-} // namespace
-
-Event TranslateMouseMotion(SDL_MouseMotionEvent const& motion, Window const& window)
+Event Moved(SDL_MouseMotionEvent const& motion, Window const& window)
 {
     Point const origin = window.pixelsFromWindow(0, 0);
     Point const step = window.pixelsFromWindow(motion.xrel, motion.yrel);
     Event event;
-    event.type = MotionType(motion.state);
+    event.type = EventType::MouseMoved;
     event.locationInWindow = window.pixelsFromWindow(motion.x, motion.y);
     event.mouseDeltaX = static_cast<int>(std::lround(step.x - origin.x));
     event.mouseDeltaY = static_cast<int>(std::lround(origin.y - step.y));
     return event;
 }
 
-std::optional<Event> TranslateMouseUp(SDL_MouseButtonEvent const& button, Window const& window)
+Event Released(SDL_MouseButtonEvent const& button, Window const& window)
 {
-    if (button.button != SDL_BUTTON_LEFT && button.button != SDL_BUTTON_RIGHT)
-    {
-        return std::nullopt;
-    }
     Event event;
-    event.type = button.button == SDL_BUTTON_LEFT ? EventType::LeftMouseUp : EventType::RightMouseUp;
+    event.type = EventType::LeftMouseUp;
     event.locationInWindow = window.pixelsFromWindow(button.x, button.y);
     return event;
 }
 
-std::optional<Event> TranslateMouseWheel(SDL_MouseWheelEvent const& wheel, Window const& window)
+Event Turned(SDL_MouseWheelEvent const& wheel, Window const& window)
 {
-    if (wheel.x == 0 && wheel.y == 0)
-    {
-        return std::nullopt;
-    }
     Event event;
     event.type = EventType::ScrollWheel;
     event.locationInWindow = window.pixelsFromWindow(wheel.mouseX, wheel.mouseY);
-    // "Natural" scrolling turns the notches round; the game goes by the hand.
+    // Natural scrolling reports the opposite sign; undo it, so that pushing the wheel away is always a
+    // throttle step up.
     float const sign = wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1.0F : 1.0F;
     event.deltaX = sign * static_cast<float>(wheel.x);
     event.deltaY = sign * static_cast<float>(wheel.y);
     return event;
+}
+
+} // namespace
+
+std::optional<Event> TranslateMouse(SDL_Event const& event, Window const& window)
+{
+    if (event.type == SDL_MOUSEMOTION && event.motion.state == 0) // no button is down
+    {
+        return Moved(event.motion, window);
+    }
+    if (event.type == SDL_MOUSEBUTTONUP && event.button.button == SDL_BUTTON_LEFT)
+    {
+        return Released(event.button, window);
+    }
+    // A finely graded wheel reports (0, 0) between two notches.
+    if (event.type == SDL_MOUSEWHEEL && (event.wheel.x != 0 || event.wheel.y != 0))
+    {
+        return Turned(event.wheel, window);
+    }
+    return std::nullopt;
 }
 
 } // namespace platform

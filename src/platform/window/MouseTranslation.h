@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// From SDL's mouse events to the game's, for the window in which they happened. Application is the caller.
+// From SDL's mouse events to the game's.
 #pragma once
 
 #include "platform/window/Event.h"
@@ -15,12 +15,8 @@ namespace platform
 
 class Window;
 
-Event TranslateMouseMotion(SDL_MouseMotionEvent const& motion, Window const& window);
-
-// Nothing for a button other than the left and the right.
-std::optional<Event> TranslateMouseUp(SDL_MouseButtonEvent const& button, Window const& window);
-
-// Nothing while a finely graded wheel is between two notches.
-std::optional<Event> TranslateMouseWheel(SDL_MouseWheelEvent const& wheel, Window const& window);
+// A plain move, a release of the left button, or at least a notch of a wheel, in the window where it
+// happened; nothing for any other event.
+std::optional<Event> TranslateMouse(SDL_Event const& event, Window const& window);
 
 } // namespace platform

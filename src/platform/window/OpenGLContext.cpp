@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-//
-// Making the one context: the nearest depth that the driver has, and a swap that waits for the display if it
-// can.
+#include "platform/window/OpenGLContext.h"
+
 #include "platform/base/Log.h"
 #include "platform/window/Display.h"
-#include "platform/window/GLSurface.h"
+
+#include <SDL.h>
 
 #include <algorithm>
 #include <string_view>
@@ -17,33 +17,24 @@ namespace platform
 namespace
 {
 
-std::vector<OpenGLContext::Surface*>& LiveSurfaces()
+// A texture names its context by a bare handle, and may outlive it.
+std::vector<OpenGLContext const*>& LivingContexts()
 {
-    static std::vector<OpenGLContext::Surface*> surfaces;
-    return surfaces;
+    static std::vector<OpenGLContext const*> contexts;
+    return contexts;
 }
 
 // These hold for every window made later too, so that the context fits them all.
-void SetAttributes(PixelFormat const& format, int depthSize)
+void SetAttributes(int colorSize, int depthSize)
 {
-    int const component = format.colorSize() >= 24 ? 8 : format.colorSize() / 3;
+    int const component = colorSize >= 24 ? 8 : colorSize / 3;
     SDL_GL_ResetAttributes();
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_COMPATIBILITY);
     SDL_GL_SetAttribute(SDL_GL_RED_SIZE, component);
     SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, component);
     SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, component);
     SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, depthSize);
-    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, format.doubleBuffer() ? 1 : 0);
-}
-
-std::shared_ptr<SDL_Window> MakeHome(Size size)
-{
-    constexpr Uint32 kFlags =
-        SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
-    SDL_Window* const window = SDL_CreateWindow("Quarrow", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                                std::max(1, static_cast<int>(size.width)),
-                                                std::max(1, static_cast<int>(size.height)), kFlags);
-    return window != nullptr ? std::shared_ptr<SDL_Window>(window, SDL_DestroyWindow) : nullptr;
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
 }
 
 // A driver without desktop OpenGL may hand out OpenGL ES, which lacks everything that the game draws with.
@@ -58,30 +49,6 @@ bool IsDesktopOpenGL()
            !std::string_view(reinterpret_cast<char const*>(version)).starts_with("OpenGL ES");
 }
 
-bool MakeWithDepth(OpenGLContext::Surface& surface, PixelFormat const& format, int depthSize, Size size)
-{
-    SetAttributes(format, depthSize);
-    surface.home = MakeHome(size);
-    if (!surface.home)
-    {
-        return false;
-    }
-    surface.context.reset(SDL_GL_CreateContext(surface.home.get()));
-    return surface.context != nullptr;
-}
-
-bool MakeWithNearestDepth(OpenGLContext::Surface& surface, PixelFormat const& format, Size size)
-{
-    for (int const depthSize : {format.depthSize(), 24, 16})
-    {
-        if (depthSize <= format.depthSize() && MakeWithDepth(surface, format, depthSize, size))
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
 // The interval belongs to the window on some systems, hence after every change of windows.
 void WaitForDisplayAtSwap()
 {
@@ -94,88 +61,79 @@ void WaitForDisplayAtSwap()
 
 } // namespace
 
-OpenGLContext::Surface::Surface()
+void OpenGLContext::Deleter::operator()(void* context) const
 {
-    LiveSurfaces().push_back(this);
+    SDL_GL_DeleteContext(context);
 }
 
-OpenGLContext::Surface::~Surface()
+std::unique_ptr<OpenGLContext> OpenGLContext::initWithFormat(PixelFormat format)
 {
-    std::erase(LiveSurfaces(), this);
+    if (!OpenDisplay())
+    {
+        return nullptr;
+    }
+    std::unique_ptr<OpenGLContext> context(new OpenGLContext);
+    bool const made =
+        context->make(format, format.depthSize) || context->make(format, 24) || context->make(format, 16);
+    if (!made || !IsDesktopOpenGL())
+    {
+        LogFormat("There is no OpenGL: %s", made ? "the driver has OpenGL ES only" : SDL_GetError());
+        return nullptr;
+    }
+    context->drawInto(context->m_home.get());
+    return context;
 }
 
-OpenGLContext::Surface* OpenGLContext::Surface::main()
+OpenGLContext const* OpenGLContext::withHandle(void* handle)
 {
-    auto const& live = LiveSurfaces();
-    auto const found =
-        std::find_if(live.begin(), live.end(), [](Surface const* s) { return s->home != nullptr; });
-    return found != live.end() ? *found : nullptr;
+    auto const& living = LivingContexts();
+    auto const found = std::ranges::find_if(living, [handle](OpenGLContext const* context)
+                                            { return context->m_context.get() == handle; });
+    return handle != nullptr && found != living.end() ? *found : nullptr;
 }
 
-OpenGLContext::Surface* OpenGLContext::Surface::owning(void* contextHandle)
+OpenGLContext::OpenGLContext()
 {
-    auto const& live = LiveSurfaces();
-    auto const found = std::find_if(live.begin(), live.end(),
-                                    [contextHandle](Surface const* s)
-                                    { return s->context && s->context.get() == contextHandle; });
-    return found != live.end() ? *found : nullptr;
+    LivingContexts().push_back(this);
 }
 
-bool OpenGLContext::Surface::makeCurrent() const
+OpenGLContext::~OpenGLContext()
 {
-    return context && SDL_GL_MakeCurrent(target, context.get()) == 0;
+    std::erase(LivingContexts(), this);
 }
 
-void OpenGLContext::Surface::drawInto(SDL_Window* window)
+bool OpenGLContext::make(PixelFormat format, int depthSize)
 {
-    target = window;
-    if (makeCurrent())
+    SetAttributes(format.colorSize, depthSize);
+    m_home = MakeRawWindow({SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, 1, 1}, 0);
+    m_context.reset(m_home ? SDL_GL_CreateContext(m_home.get()) : nullptr);
+    return m_context != nullptr;
+}
+
+bool OpenGLContext::makeCurrentContext() const
+{
+    return SDL_GL_MakeCurrent(m_target, m_context.get()) == 0;
+}
+
+void OpenGLContext::flushBuffer()
+{
+    SDL_GL_SwapWindow(m_target);
+}
+
+void OpenGLContext::drawInto(SDL_Window* window)
+{
+    m_target = window;
+    if (makeCurrentContext())
     {
         WaitForDisplayAtSwap();
     }
 }
 
-void OpenGLContext::Surface::leave(SDL_Window* window)
+void OpenGLContext::leave(SDL_Window* window)
 {
-    if (target == window && window != home.get())
+    if (m_target == window)
     {
-        drawInto(home.get());
-    }
-}
-
-OpenGLContext::OpenGLContext() : m_surface(std::make_unique<Surface>())
-{
-}
-
-OpenGLContext::~OpenGLContext() = default;
-
-bool OpenGLContext::create(PixelFormat const& format, Size size)
-{
-    if (!OpenDisplay())
-    {
-        return false;
-    }
-    bool const made = MakeWithNearestDepth(*m_surface, format, size);
-    if (!made || !IsDesktopOpenGL())
-    {
-        LogFormat("There is no OpenGL: %s", made ? "the driver has OpenGL ES only" : SDL_GetError());
-        m_surface = std::make_unique<Surface>();
-        return false;
-    }
-    m_surface->drawInto(m_surface->home.get());
-    return true;
-}
-
-void OpenGLContext::makeCurrentContext()
-{
-    m_surface->makeCurrent();
-}
-
-void OpenGLContext::flushBuffer()
-{
-    if (m_surface->context)
-    {
-        SDL_GL_SwapWindow(m_surface->target);
+        drawInto(m_home.get());
     }
 }
 

@@ -3,38 +3,28 @@
 #include "platform/window/Window.h"
 
 #include "platform/base/Log.h"
-#include "platform/window/Display.h"
-#include "platform/window/FullScreen.h"
-#include "platform/window/GLSurface.h"
-#include "platform/window/WindowIcon.h"
-#include "platform/window/WindowList.h"
+#include "platform/window/OpenGLView.h"
 
 #include <SDL.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform
 {
 
-struct Window::Handle
-{
-    std::shared_ptr<SDL_Window> window;
-};
-
 namespace
 {
 
-struct PixelSize
-{
-    int width = 1;
-    int height = 1;
-};
+constexpr char const* kDataName = "Window"; // under this name an SDL window keeps its Window
 
-PixelSize DrawableSize(SDL_Window* window)
+// A minimised window may report nothing at all; a view always has something to draw into.
+Size DrawableSize(SDL_Window* window)
 {
-    PixelSize size;
-    SDL_GL_GetDrawableSize(window, &size.width, &size.height);
-    return size;
+    int width = 0;
+    int height = 0;
+    SDL_GL_GetDrawableSize(window, &width, &height);
+    return {static_cast<float>(std::max(1, width)), static_cast<float>(std::max(1, height))};
 }
 
 // Pixels of the drawable for each unit in which the desktop places and sizes windows.
@@ -42,156 +32,116 @@ float PixelsPerUnit(SDL_Window* window)
 {
     int width = 0;
     SDL_GetWindowSize(window, &width, nullptr);
-    int const pixels = DrawableSize(window).width;
-    return width > 0 && pixels > 0 ? static_cast<float>(pixels) / static_cast<float>(width) : 1.0F;
+    return width > 0 ? DrawableSize(window).width / static_cast<float>(width) : 1.0F;
 }
 
-// The screen that shows the window from the interface file, or the first.
-int MainScreen()
-{
-    auto const* const surface = OpenGLContext::Surface::main();
-    return surface != nullptr ? std::max(0, SDL_GetWindowDisplayIndex(surface->home.get())) : 0;
-}
-
-SDL_Rect ScreenBounds(int screen)
+// Of the screen that shows the view now, or of the first.
+SDL_Rect MainScreenBounds()
 {
     SDL_Rect bounds{0, 0, 1, 1};
-    SDL_GetDisplayBounds(screen, &bounds);
+    SDL_GetDisplayBounds(std::max(0, SDL_GetWindowDisplayIndex(SDL_GL_GetCurrentWindow())), &bounds);
     return bounds;
 }
 
 // Whatever its size, the title bar's end of the window stays on the screen.
-void PlaceInTheMiddle(SDL_Window* window)
+void SizeAndPlaceInTheMiddle(SDL_Window* window, Size content)
 {
-    SDL_Rect const bounds = ScreenBounds(MainScreen());
-    int width = 0;
-    int height = 0;
-    SDL_GetWindowSize(window, &width, &height);
-    SDL_SetWindowPosition(window, bounds.x + std::max(0, (bounds.w - width) / 2),
-                          bounds.y + std::max(0, (bounds.h - height) / 2));
-}
-
-std::shared_ptr<SDL_Window> MakeWindow(SDL_Rect const& bounds, Uint32 flags)
-{
-    SDL_Window* const window =
-        SDL_CreateWindow("Quarrow", bounds.x, bounds.y, bounds.w, bounds.h,
-                         flags | SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI);
-    return window != nullptr ? std::shared_ptr<SDL_Window>(window, SDL_DestroyWindow) : nullptr;
-}
-
-// The context's home while no window has it, else a new one.
-std::shared_ptr<SDL_Window> TakeTitledWindow()
-{
-    auto const* const surface = OpenGLContext::Surface::main();
-    bool const homeIsFree = surface != nullptr && surface->home.use_count() == 1;
-    return homeIsFree ? surface->home : MakeWindow({0, 0, 1, 1}, SDL_WINDOW_RESIZABLE);
-}
-
-std::shared_ptr<SDL_Window> MakeTitledWindow(Size size)
-{
-    auto window = TakeTitledWindow();
-    if (window)
-    {
-        float const scale = PixelsPerUnit(window.get());
-        SDL_SetWindowSize(window.get(), std::max(1, static_cast<int>(size.width / scale)),
-                          std::max(1, static_cast<int>(size.height / scale)));
-        PlaceInTheMiddle(window.get());
-    }
-    return window;
-}
-
-std::shared_ptr<SDL_Window> MakeFullScreenWindow()
-{
-    auto window = MakeWindow(ScreenBounds(MainScreen()), FullScreenFlags());
-    if (window)
-    {
-        AskForFullScreen(window.get());
-    }
-    return window;
+    SDL_Rect const screen = MainScreenBounds();
+    float const scale = PixelsPerUnit(window);
+    int const width = std::max(1, static_cast<int>(content.width / scale));
+    int const height = std::max(1, static_cast<int>(content.height / scale));
+    SDL_SetWindowSize(window, width, height);
+    SDL_SetWindowPosition(window, screen.x + std::max(0, (screen.w - width) / 2),
+                          screen.y + std::max(0, (screen.h - height) / 2));
 }
 
 } // namespace
 
-Rect MainScreenFrame()
+std::unique_ptr<Window> Window::initWithContentSize(Size content)
 {
-    if (!OpenDisplay())
+    RawWindow window = MakeRawWindow({0, 0, 1, 1}, SDL_WINDOW_RESIZABLE);
+    if (window)
     {
-        return {};
+        SizeAndPlaceInTheMiddle(window.get(), content);
     }
-    auto const* const surface = OpenGLContext::Surface::main();
-    float const scale = surface != nullptr ? PixelsPerUnit(surface->home.get()) : 1.0F;
-    SDL_Rect const bounds = ScreenBounds(MainScreen());
-    return {{0.0F, 0.0F}, {static_cast<float>(bounds.w) * scale, static_cast<float>(bounds.h) * scale}};
+    return wrap(std::move(window));
 }
 
-std::unique_ptr<Window> Window::initWithContentRect(Rect contentRect, WindowStyle style)
+std::unique_ptr<Window> Window::initOverMainScreen()
 {
-    if (!OpenDisplay())
-    {
-        return nullptr;
-    }
-    auto handle = std::make_unique<Handle>();
-    handle->window =
-        style == WindowStyle::Titled ? MakeTitledWindow(contentRect.size) : MakeFullScreenWindow();
-    if (!handle->window)
+    return wrap(MakeFullScreenRawWindow(MainScreenBounds()));
+}
+
+std::unique_ptr<Window> Window::wrap(RawWindow window)
+{
+    if (!window)
     {
         LogFormat("A window could not be made: %s", SDL_GetError());
         return nullptr;
     }
-    SetWindowIcon(handle->window.get());
-    return std::unique_ptr<Window>(new Window(std::move(handle)));
+    return std::unique_ptr<Window>(new Window(std::move(window)));
 }
 
-Window::Window(std::unique_ptr<Handle> handle) : m_handle(std::move(handle))
+Window::Window(RawWindow window) : m_window(std::move(window))
 {
-    WindowList::add(this);
+    SDL_SetWindowData(m_window.get(), kDataName, this);
 }
 
 Window::~Window()
 {
-    WindowList::remove(this);
-    SDL_HideWindow(m_handle->window.get());
+    SDL_HideWindow(m_window.get());
     if (m_view != nullptr)
     {
-        m_view->m_window = nullptr;
-        m_view->openGLContext()->surface().leave(m_handle->window.get());
+        m_view->openGLContext()->leave(m_window.get());
+        releaseView();
     }
+}
+
+Window* Window::withIdentifier(unsigned identifier)
+{
+    SDL_Window* const window = SDL_GetWindowFromID(identifier);
+    return window != nullptr ? static_cast<Window*>(SDL_GetWindowData(window, kDataName)) : nullptr;
+}
+
+unsigned Window::identifier() const
+{
+    return SDL_GetWindowID(m_window.get());
 }
 
 void Window::setTitle(std::string const& title)
 {
-    SDL_SetWindowTitle(m_handle->window.get(), title.c_str());
+    SDL_SetWindowTitle(m_window.get(), title.c_str());
 }
 
 void Window::setContentView(OpenGLView* view)
 {
-    if (m_view != nullptr && m_view != view)
+    if (view->m_window != nullptr && view->m_window != this)
     {
-        m_view->m_window = nullptr;
-        m_firstResponder = nullptr;
-    }
-    if (Window* const former = view->m_window; former != nullptr && former != this)
-    {
-        former->m_view = nullptr;
-        former->m_firstResponder = nullptr;
+        view->m_window->releaseView();
     }
     m_view = view;
     view->m_window = this;
-    view->openGLContext()->surface().drawInto(m_handle->window.get());
+    view->openGLContext()->drawInto(m_window.get());
     drawableSizeChanged();
+}
+
+void Window::releaseView()
+{
+    m_view->m_window = nullptr;
+    m_view = nullptr;
+    m_firstResponder = nullptr;
 }
 
 void Window::makeKeyAndOrderFront()
 {
-    SDL_ShowWindow(m_handle->window.get());
-    SDL_RaiseWindow(m_handle->window.get());
-    WindowList::setKey(this);
+    SDL_ShowWindow(m_window.get());
+    SDL_RaiseWindow(m_window.get());
     drawableSizeChanged();
 }
 
 void Window::orderOut()
 {
-    SDL_HideWindow(m_handle->window.get());
+    SDL_HideWindow(m_window.get());
 }
 
 bool Window::makeFirstResponder(OpenGLView* view)
@@ -204,50 +154,30 @@ bool Window::makeFirstResponder(OpenGLView* view)
     {
         return false;
     }
-    m_firstResponder = nullptr;
-    if (view == nullptr)
-    {
-        return true;
-    }
-    if (view != m_view || !view->acceptsFirstResponder() || !view->becomeFirstResponder())
-    {
-        return false;
-    }
-    m_firstResponder = view;
-    return true;
+    bool const accepted = view != nullptr && view->acceptsFirstResponder() && view->becomeFirstResponder();
+    m_firstResponder = accepted ? view : nullptr;
+    return m_firstResponder == view;
 }
 
 void Window::sendEvent(Event const& event)
 {
-    if (m_firstResponder == nullptr)
+    if (m_firstResponder == nullptr || (event.type == EventType::MouseMoved && !m_acceptsMouseMoved))
     {
         return;
     }
     switch (event.type)
     {
     case EventType::KeyDown:
-        m_firstResponder->keyDown(event);
-        break;
+        return m_firstResponder->keyDown(event);
     case EventType::MouseMoved:
-        if (m_acceptsMouseMoved)
-        {
-            m_firstResponder->mouseMoved(event);
-        }
-        break;
+        return m_firstResponder->mouseMoved(event);
     case EventType::LeftMouseUp:
-        m_firstResponder->mouseUp(event);
-        break;
+        return m_firstResponder->mouseUp(event);
     case EventType::ScrollWheel:
-        m_firstResponder->scrollWheel(event);
-        break;
+        return m_firstResponder->scrollWheel(event);
     default: // a view has no use for drags, the right button and keys let go
-        break;
+        return;
     }
-}
-
-unsigned Window::identifier() const
-{
-    return SDL_GetWindowID(m_handle->window.get());
 }
 
 void Window::drawableSizeChanged()
@@ -256,17 +186,19 @@ void Window::drawableSizeChanged()
     {
         return;
     }
-    // A minimised window may report nothing at all; a view always has something to draw into.
-    PixelSize const size = DrawableSize(m_handle->window.get());
-    m_view->setFrameSize(
-        {static_cast<float>(std::max(1, size.width)), static_cast<float>(std::max(1, size.height))});
+    Size const size = DrawableSize(m_window.get());
+    Size const former = std::exchange(m_view->m_frame.size, size);
+    bool const isSame = former.width == size.width && former.height == size.height;
+    if (!std::exchange(m_view->m_shaped, true) || !isSame)
+    {
+        m_view->reshape();
+    }
 }
 
 Point Window::pixelsFromWindow(int x, int y) const
 {
-    SDL_Window* const window = m_handle->window.get();
-    float const scale = PixelsPerUnit(window);
-    auto const height = static_cast<float>(DrawableSize(window).height);
+    float const scale = PixelsPerUnit(m_window.get());
+    float const height = DrawableSize(m_window.get()).height;
     return {static_cast<float>(x) * scale, height - static_cast<float>(y) * scale};
 }
 

@@ -1,73 +1,72 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Windows on the screen. One OpenGL context serves them all: a window shows the view that is its content
-// view, and the context draws into the window that shows its view.
+// Windows on the screen. A window shows the view that is its content view, and the view's OpenGL context
+// draws into it.
 #pragma once
 
 #include "platform/base/Geometry.h"
+#include "platform/window/Display.h"
 #include "platform/window/Event.h"
 
 #include <memory>
 #include <string>
-
-union SDL_Event;
-struct SDL_Window;
 
 namespace platform
 {
 
 class OpenGLView;
 
-// The size in pixels of the screen that a new full-screen window covers.
-Rect MainScreenFrame();
-
-enum class WindowStyle
-{
-    Titled,     // with the desktop's frame, resizable, closable
-    Borderless, // over the whole screen, above panels and docks
-};
-
 class Window
 {
 public:
-    // Null, with one log line, when the display refuses. Hidden until makeKeyAndOrderFront().
-    static std::unique_ptr<Window> initWithContentRect(Rect contentRect, WindowStyle style);
+    // Both are hidden until makeKeyAndOrderFront(). Null, with one log line, when the display refuses.
+
+    // With the desktop's frame, resizable, in the middle of the screen. content: pixels.
+    static std::unique_ptr<Window> initWithContentSize(Size content);
+
+    // Borderless, over the whole of the screen that shows the view now, above panels and docks.
+    static std::unique_ptr<Window> initOverMainScreen();
+
     ~Window(); // the window closes; the view and its context stay
     Window(Window const&) = delete;
     Window& operator=(Window const&) = delete;
 
+    // The window with that identifier of SDL's; null when there is none.
+    static Window* withIdentifier(unsigned identifier);
+    unsigned identifier() const;
+
     void setTitle(std::string const& title);
 
     // Shows the view here from now on: its context draws into this window, its frame takes this window's
-    // size.
+    // size. A window that showed it before shows nothing, and has no responder.
     void setContentView(OpenGLView* view);
-    OpenGLView* contentView() const { return m_view; }
 
     void makeKeyAndOrderFront();
     void orderOut(); // hides it
 
-    // True when the view accepted. The view that loses the keyboard is asked to resign first.
+    // Gives the view the keyboard, or nobody. True when the view accepted. The view that loses the keyboard
+    // is asked to resign first.
     bool makeFirstResponder(OpenGLView* view);
-    OpenGLView* firstResponder() const { return m_firstResponder; }
 
     // Plain moves of the pointer reach the view only while this is on; off at first.
     void setAcceptsMouseMovedEvents(bool accepts) { m_acceptsMouseMoved = accepts; }
-    bool acceptsMouseMovedEvents() const { return m_acceptsMouseMoved; }
 
-    // Hands a translated event to the first responder, by its type.
+    // Hands the event to the first responder, by its type.
     void sendEvent(Event const& event);
 
-    // For Application, which owns the event pump.
-    unsigned identifier() const;
+    // The view's frame follows the drawable's size.
     void drawableSizeChanged();
-    Point pixelsFromWindow(int x, int y) const; // bottom-left origin
+
+    // From the desktop's units, origin at the top left, to pixels, origin at the bottom left.
+    Point pixelsFromWindow(int x, int y) const;
 
 private:
-    struct Handle;
-    explicit Window(std::unique_ptr<Handle> handle);
+    explicit Window(RawWindow window);
+    static std::unique_ptr<Window> wrap(RawWindow window);
+    void releaseView();
 
-    std::unique_ptr<Handle> m_handle;
+    RawWindow m_window;
     OpenGLView* m_view = nullptr;
     OpenGLView* m_firstResponder = nullptr;
     bool m_acceptsMouseMoved = false;

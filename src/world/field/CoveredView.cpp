@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "world/field/CoveredView.h"
 
-#include "world/Camera.h"
 #include "world/field/BallOutline.h"
-#include "world/field/Lens.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,8 +17,8 @@ constexpr float kMostColumns = 160.0F;
 constexpr float kMostRows = 90.0F;
 constexpr float kHalfDiagonal = 0.7071F; // of a cell
 constexpr float kOpen = std::numeric_limits<float>::infinity();
-constexpr auto kNear = static_cast<float>(lens::kNear);
-constexpr auto kFar = static_cast<float>(lens::kFar);
+constexpr auto kNear = static_cast<float>(Eye::kNear);
+constexpr auto kFar = static_cast<float>(Eye::kFar);
 
 constexpr float kPixelSlack = 0.125F; // pixels by which a drawn edge may lie beside the exact one
 constexpr float kPlaceSlack = 1e-6F;  // of the coordinates: how far OpenGL's rounding may move an asteroid
@@ -42,23 +40,23 @@ int CellsAcross(float halfExtent, float cellSlope)
 
 } // namespace
 
-void CoveredView::Start(Camera const& camera, int width, int height)
+void CoveredView::Start(Eye const& eye, int width, int height)
 {
     auto const pixelWidth = static_cast<float>(std::max(width, 1));
     auto const pixelHeight = static_cast<float>(std::max(height, 1));
-    m_eye = camera.GetPosition();
-    camera.GetFacingNormal(&m_ahead);
-    Vector3D_Cross(&m_ahead, &camera.GetUp(), &m_right);
+    m_eye = eye;
+    Vector3D_Cross(&eye.facing, &eye.up, &m_right);
     Vector3D_Normalize(&m_right, &m_right);
-    Vector3D_Cross(&m_right, &m_ahead, &m_up);
+    Vector3D_Cross(&m_right, &eye.facing, &m_up);
 
-    m_halfHeight = lens::kHalfTangent;
-    m_halfWidth = lens::kHalfTangent * pixelWidth / pixelHeight;
+    m_halfHeight = Eye::kHalfTangent;
+    m_halfWidth = Eye::kHalfTangent * pixelWidth / pixelHeight;
     m_cellSlope = std::max(2.0F * m_halfWidth / kMostColumns, 2.0F * m_halfHeight / kMostRows);
     m_cellsPerSlope = 1.0F / m_cellSlope;
     m_sidePerRadius = std::sqrt(1.0F + m_halfWidth * m_halfWidth);
     m_topPerRadius = std::sqrt(1.0F + m_halfHeight * m_halfHeight);
-    m_placeSlack = kPlaceSlack * (1.0F + std::fabs(m_eye.x) + std::fabs(m_eye.y) + std::fabs(m_eye.z));
+    TQ3Vector3D const& place = eye.position;
+    m_placeSlack = kPlaceSlack * (1.0F + std::fabs(place.x) + std::fabs(place.y) + std::fabs(place.z));
     m_pixelSlack = kPixelSlack * 2.0F * m_halfHeight / pixelHeight;
 
     m_columns = CellsAcross(m_halfWidth, m_cellSlope);

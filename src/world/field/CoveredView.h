@@ -4,15 +4,13 @@
 // Which parts of the picture near asteroids cover, so that those wholly behind them need not be drawn. The
 // picture is divided into coarse cells; each knows the distance within which one asteroid covers all of it.
 // Whatever is in doubt counts as not covered and as not hidden: leaving out what IsHidden() names changes no
-// pixel, in whatever order the asteroids come. FieldView is the caller.
+// pixel, in whatever order the asteroids come.
 #pragma once
 
-#include "math/qmath.h"
+#include "world/field/Eye.h"
 
 #include <cstddef>
 #include <vector>
-
-class Camera;
 
 class CoveredView
 {
@@ -27,14 +25,15 @@ public:
     };
 
     // A new picture, with nothing covered. Sizes in pixels.
-    void Start(Camera const& camera, int width, int height);
+    void Start(Eye const& eye, int width, int height);
 
     Ball Seen(TQ3Vector3D const& centre, float radius) const
     {
-        TQ3Vector3D const d{centre.x - m_eye.x, centre.y - m_eye.y, centre.z - m_eye.z};
+        TQ3Vector3D const d{centre.x - m_eye.position.x, centre.y - m_eye.position.y,
+                            centre.z - m_eye.position.z};
         return {d.x * m_right.x + d.y * m_right.y + d.z * m_right.z,
                 d.x * m_up.x + d.y * m_up.y + d.z * m_up.z,
-                d.x * m_ahead.x + d.y * m_ahead.y + d.z * m_ahead.z, radius};
+                d.x * m_eye.facing.x + d.y * m_eye.facing.y + d.z * m_eye.facing.z, radius};
     }
 
     // Notes that something opaque is drawn that fills the ball and reaches nowhere beyond outerRadius.
@@ -56,10 +55,9 @@ private:
         return m_coveredWithin.data() + static_cast<std::ptrdiff_t>(row) * m_columns;
     }
 
-    TQ3Vector3D m_eye;
-    TQ3Vector3D m_right;
+    Eye m_eye;
+    TQ3Vector3D m_right; // the picture's axes
     TQ3Vector3D m_up;
-    TQ3Vector3D m_ahead;
 
     // Places in the picture are slopes: units from its middle for one unit ahead.
     float m_halfWidth = 0.0F;

@@ -5,7 +5,7 @@
 #include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "math/util.h"
-#include "world/field/FieldRows.h"
+#include "world/field/AsteroidField.h"
 
 #include <algorithm>
 #include <array>
@@ -24,10 +24,10 @@ std::size_t BucketOf(FieldView::Rock const& rock)
 
 } // namespace
 
-std::vector<FieldView::Rock> const& FieldView::Choose(FieldRows const& field, Frustum const& frustum,
-                                                      Camera const& camera, int width, int height)
+std::vector<FieldView::Rock> const& FieldView::Choose(AsteroidField const& field, Frustum const& frustum,
+                                                      Eye const& eye, int width, int height)
 {
-    m_covered.Start(camera, width, height);
+    m_covered.Start(eye, width, height);
     Collect(field, frustum);
     SortNearestFirst();
     MarkShown();
@@ -36,7 +36,7 @@ std::vector<FieldView::Rock> const& FieldView::Choose(FieldRows const& field, Fr
 
 // Walks the frustum's box, whose upper ends are excluded, row by row along z. Most cells of the box lie
 // outside the view, which is a pyramid in it: those of a row are skipped at one go.
-void FieldView::Collect(FieldRows const& field, Frustum const& frustum)
+void FieldView::Collect(AsteroidField const& field, Frustum const& frustum)
 {
     float low[3];
     float high[3];
@@ -70,7 +70,7 @@ inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Frus
     if (frustum.IsPointInside(place))
     {
         int const levelOfDetail = Roid::LevelOfDetail(DistSquared(frustum.GetApex(), place));
-        m_rocks.push_back({place, m_covered.Seen(place, Roid::m_aradius[sizeClass]),
+        m_rocks.push_back({place, m_covered.Seen(place, Roid::MeshRadius(sizeClass)),
                            static_cast<std::uint8_t>(sizeClass), static_cast<std::uint8_t>(levelOfDetail),
                            false});
     }
@@ -101,7 +101,7 @@ void FieldView::MarkShown()
         if (rock.isShown)
         {
             CoveredView::Ball solid = rock.seen;
-            solid.radius *= Roid::m_asolidShare[rock.levelOfDetail];
+            solid.radius *= Roid::SolidShare(rock.levelOfDetail);
             m_covered.Cover(solid, rock.seen.radius);
         }
     }

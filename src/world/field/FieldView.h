@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Chooses the asteroids to draw in a frame: those whose centres are in view and that nearer ones do not hide.
-// Universe keeps one, so that its lists keep their memory from frame to frame.
+// The lists keep their memory from frame to frame.
 #pragma once
 
 #include "math/qmath.h"
@@ -11,8 +11,7 @@
 #include <cstdint>
 #include <vector>
 
-class Camera;
-class FieldRows;
+class AsteroidField;
 class Frustum;
 
 class FieldView
@@ -27,13 +26,13 @@ public:
         bool isShown = false;
     };
 
-    // frustum: of that camera. Sizes of the picture in pixels. All that are in view, in the order of the
+    // frustum: what that eye sees. Sizes of the picture in pixels. All that are in view, in the order of the
     // cells, z innermost; to be drawn are those that are shown. Holds until the next call.
-    std::vector<Rock> const& Choose(FieldRows const& field, Frustum const& frustum, Camera const& camera,
+    std::vector<Rock> const& Choose(AsteroidField const& field, Frustum const& frustum, Eye const& eye,
                                     int width, int height);
 
 private:
-    void Collect(FieldRows const& field, Frustum const& frustum);
+    void Collect(AsteroidField const& field, Frustum const& frustum);
     void AddIfInView(TQ3Vector3D const& place, int sizeClass, Frustum const& frustum);
     void SortNearestFirst();
     void MarkShown();

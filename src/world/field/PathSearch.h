@@ -1,35 +1,33 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Finds the asteroid that a moving sphere hits first. Universe::WillPathCollide asks it once a frame.
+// Finds the asteroid that a moving sphere hits first.
 //
-// The answer is that of a test of every cell in the box around the path. The box of a long frame, after the
-// computer slept, would hold as many cells as the cube of its length: such a path is walked cell by cell
-// instead, no farther from it than an asteroid can be found to touch it in single precision.
+// All the cells in the box around the path are tested. The box of a long frame, after the computer slept,
+// would hold as many cells as the cube of its length: such a path is cut into pieces, each with a box of its
+// own, and the first piece with a hit ends the search.
 #pragma once
 
-#include "world/field/FilledCells.h"
+#include "math/qmath.h"
+
+#include <limits>
+
+class AsteroidField;
 
 struct SearchedPath
 {
     TQ3Vector3D start;
     TQ3Vector3D end;
     float radius = 0.0F; // of the moving sphere
-    float margin = 0.0F; // the box reaches this far beyond a path towards greater coordinates
+    float margin = 0.0F; // the box reaches this far beyond the path towards greater coordinates
 };
 
-class PathSearch
+struct PathHit
 {
-public:
-    // The universe is kept; its field is read now and must not change.
-    explicit PathSearch(Universe const& universe);
-
-    // The squared distance from the start to the nearest hit of the path or of its continuation, infinity
-    // without one; hitPoint is set where one was found. Of hits equally near, that of the cell with the
-    // smallest coordinates counts, x before y before z.
-    float NearestHit(SearchedPath const& path, TQ3Vector3D* hitPoint) const;
-
-private:
-    Universe const& m_universe;
-    FilledCells m_filled;
+    float squaredDistance = std::numeric_limits<float>::infinity(); // from the start; infinity: no hit
+    TQ3Vector3D point;                                              // of the sphere's centre
 };
+
+// The nearest hit; it may lie beyond the path's end. Of hits equally near, that of the cell with the smallest
+// coordinates counts, x before y before z.
+PathHit NearestHit(AsteroidField const& field, SearchedPath const& path);

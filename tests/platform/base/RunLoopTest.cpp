@@ -13,16 +13,15 @@ namespace
 
 using platform::RunLoop;
 using platform::Timer;
-using Mode = RunLoop::Mode;
 
-// Runs passes of the default mode until the condition holds or a second is over.
+// Runs passes until the condition holds or a second is over.
 template <typename Condition>
 bool RunUntil(Condition const& condition)
 {
     std::uint64_t const start = platform::UpTime();
     while (!condition() && platform::SecondsBetween(start, platform::UpTime()) < 1.0)
     {
-        RunLoop::current().runTimersOnce(Mode::Default);
+        RunLoop::runTimersOnce();
     }
     return condition();
 }
@@ -33,11 +32,11 @@ TEST(RunLoopTest, TimerOfZeroSecondsFiresAtEveryPass)
     auto const timer = Timer::scheduledTimer(0.0, [&count] { ++count; });
     for (int pass = 1; pass <= 5; ++pass)
     {
-        RunLoop::current().runTimersOnce(Mode::Default);
+        RunLoop::runTimersOnce();
         EXPECT_EQ(count, pass);
     }
     timer->invalidate();
-    RunLoop::current().runTimersOnce(Mode::Default);
+    RunLoop::runTimersOnce();
     EXPECT_EQ(count, 5);
 }
 
@@ -45,13 +44,13 @@ TEST(RunLoopTest, TimerIsNotDueBeforeItsInterval)
 {
     int count = 0;
     auto const timer = Timer::scheduledTimer(3600.0, [&count] { ++count; });
-    RunLoop::current().runTimersOnce(Mode::Default);
+    RunLoop::runTimersOnce();
     EXPECT_EQ(count, 0);
-    double const wait = RunLoop::current().secondsUntilNextTimer(Mode::Default);
+    double const wait = RunLoop::secondsUntilNextTimer();
     EXPECT_GT(wait, 3590.0);
     EXPECT_LE(wait, 3600.0);
     timer->invalidate();
-    EXPECT_TRUE(std::isinf(RunLoop::current().secondsUntilNextTimer(Mode::Default)));
+    EXPECT_TRUE(std::isinf(RunLoop::secondsUntilNextTimer()));
 }
 
 TEST(RunLoopTest, TimerRepeats)
@@ -70,24 +69,9 @@ TEST(RunLoopTest, TimerThatFellBehindFiresOnceAndSkipsTheRest)
     while (platform::SecondsBetween(start, platform::UpTime()) < 0.02)
     {
     }
-    RunLoop::current().runTimersOnce(Mode::Default);
+    RunLoop::runTimersOnce();
     EXPECT_EQ(count, 1);
-    EXPECT_GT(RunLoop::current().secondsUntilNextTimer(Mode::Default), 0.0);
-    timer->invalidate();
-}
-
-TEST(RunLoopTest, TimerInSeveralModesIsOneTimer)
-{
-    int count = 0;
-    auto const timer = Timer::scheduledTimer(0.0, [&count] { ++count; });
-    RunLoop::current().addTimer(timer, Mode::EventTracking);
-    RunLoop::current().addTimer(timer, Mode::Default);
-    RunLoop::current().runTimersOnce(Mode::Default);
-    EXPECT_EQ(count, 1);
-    RunLoop::current().runTimersOnce(Mode::EventTracking);
-    EXPECT_EQ(count, 2);
-    RunLoop::current().runTimersOnce(Mode::ModalPanel);
-    EXPECT_EQ(count, 2);
+    EXPECT_GT(RunLoop::secondsUntilNextTimer(), 0.0);
     timer->invalidate();
 }
 
@@ -105,11 +89,11 @@ TEST(RunLoopTest, TimerMayEndItselfAndOthersFromItsAction)
                                     other->invalidate();
                                 });
     other = Timer::scheduledTimer(0.0, [&otherCount] { ++otherCount; });
-    RunLoop::current().runTimersOnce(Mode::Default);
-    RunLoop::current().runTimersOnce(Mode::Default);
+    RunLoop::runTimersOnce();
+    RunLoop::runTimersOnce();
     EXPECT_EQ(ownCount, 1);
     EXPECT_EQ(otherCount, 0);
-    EXPECT_FALSE(own->isValid());
+    EXPECT_TRUE(std::isinf(RunLoop::secondsUntilNextTimer()));
 }
 
 TEST(RunLoopTest, TimerMayBeAddedFromAnAction)
@@ -125,8 +109,8 @@ TEST(RunLoopTest, TimerMayBeAddedFromAnAction)
                                                          Timer::scheduledTimer(0.0, [&count] { ++count; });
                                                  }
                                              });
-    RunLoop::current().runTimersOnce(Mode::Default);
-    RunLoop::current().runTimersOnce(Mode::Default);
+    RunLoop::runTimersOnce();
+    RunLoop::runTimersOnce();
     EXPECT_GE(count, 1);
     first->invalidate();
     added->invalidate();

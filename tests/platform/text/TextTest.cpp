@@ -5,24 +5,20 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 using namespace testing;
 using platform::AttributedString;
 using platform::Color;
-using platform::TextAttributes;
 using platform::TextBitmap;
 
 namespace
 {
 
 constexpr Color kWhite{1.0F, 1.0F, 1.0F, 1.0F};
-constexpr Color kClear{0.0F, 0.0F, 0.0F, 0.0F};
 
 AttributedString Text(std::string const& text, std::string const& font = "Helvetica", float size = 20.0F)
 {
-    return {text, TextAttributes::shared(font, size, kWhite)};
+    return {text, {font, size}};
 }
 
 std::array<int, 4> Pixel(TextBitmap const& bitmap, int x, int rowFromTop)
@@ -52,18 +48,6 @@ int InkOf(std::string const& text, float size = 20.0F)
 }
 
 } // namespace
-
-TEST(TextTest, EqualAttributesAreOneObject)
-{
-    EXPECT_EQ(TextAttributes::shared("Helvetica", 20.0F, kWhite),
-              TextAttributes::shared("Helvetica", 20.0F, kWhite));
-    EXPECT_NE(TextAttributes::shared("Helvetica", 20.0F, kWhite),
-              TextAttributes::shared("Helvetica", 21.0F, kWhite));
-    EXPECT_NE(TextAttributes::shared("Helvetica", 20.0F, kWhite),
-              TextAttributes::shared("Courier", 20.0F, kWhite));
-    EXPECT_NE(TextAttributes::shared("Helvetica", 20.0F, kWhite),
-              TextAttributes::shared("Helvetica", 20.0F, kClear));
-}
 
 TEST(TextTest, EmptyStringMeasuresNothing)
 {
@@ -99,33 +83,10 @@ TEST(TextTest, SizeIsInPixels)
     EXPECT_NEAR(Text("Start Race").size().height, 23.0F, 2.0F); // a line is 1.15 sizes high
 }
 
-TEST(TextTest, AbsurdSizesAreHeldInBounds)
-{
-    EXPECT_EQ(TextAttributes::shared("Helvetica", 0.0F, kWhite)->fontSize(), 1.0F);
-    EXPECT_EQ(TextAttributes::shared("Helvetica", -5.0F, kWhite)->fontSize(), 1.0F);
-    EXPECT_EQ(TextAttributes::shared("Helvetica", std::nanf(""), kWhite)->fontSize(), 1.0F);
-    EXPECT_EQ(TextAttributes::shared("Helvetica", 1e9F, kWhite)->fontSize(), 2000.0F);
-    std::string const longText(1000000, 'M');
-    EXPECT_GT(Text(longText, "Helvetica", 2000.0F).size().width, 100000.0F);
-}
-
 TEST(TextTest, BlanksAtTheEndsCount)
 {
     EXPECT_GT(Text("a ").size().width, Text("a").size().width);
     EXPECT_GT(Text(" a").size().width, Text("a").size().width);
-}
-
-TEST(TextTest, LineEndsShowAsBlanks)
-{
-    EXPECT_EQ(Text("a\nb").size().width, Text("a b").size().width);
-    EXPECT_EQ(Text("a\nb").size().height, Text("a b").size().height);
-    EXPECT_EQ(InkOf("\n\t\r"), 0);
-}
-
-TEST(TextTest, InvalidBytesShowAsReplacements)
-{
-    EXPECT_EQ(Text("a\xFF").size().width, Text("a\xEF\xBF\xBD").size().width);
-    EXPECT_GT(Text(std::string("a\0b", 3)).size().width, Text("ab").size().width);
 }
 
 TEST(TextTest, OtherScriptsFindAFont)
@@ -163,25 +124,6 @@ TEST(TextBitmapTest, HasTheWholePixelsOfItsSize)
     EXPECT_EQ(bitmap.pixelsHigh(), 5);
     EXPECT_EQ(bitmap.size().width, 10.9F);
     EXPECT_EQ(bitmap.rgba().size(), 200U);
-}
-
-TEST(TextBitmapTest, AbsurdSizesHaveNoPixels)
-{
-    float const infinite = std::numeric_limits<float>::infinity();
-    for (platform::Size const size : {platform::Size{0.0F, 5.0F},
-                                      {-3.0F, 5.0F},
-                                      {std::nanf(""), 5.0F},
-                                      {infinite, 5.0F},
-                                      {20000.0F, 5.0F},
-                                      {16000.0F, 16000.0F}})
-    {
-        TextBitmap bitmap(size);
-        bitmap.fillRect({{0.0F, 0.0F}, size}, kWhite);
-        bitmap.frameRect({{0.0F, 0.0F}, size}, kWhite, 1.5F);
-        bitmap.drawString(Text("a"), kWhite, {0.0F, 0.0F});
-        EXPECT_EQ(bitmap.pixelsWide() * bitmap.pixelsHigh(), 0) << size.width;
-        EXPECT_TRUE(bitmap.rgba().empty());
-    }
 }
 
 TEST(TextBitmapTest, FillReplacesAndIsPremultiplied)

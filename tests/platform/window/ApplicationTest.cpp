@@ -125,18 +125,7 @@ TEST_F(ApplicationTest, ChangedPreferencesReachTheDiskWithinASecond)
     EXPECT_LT(saved, 1.0);
 }
 
-TEST_F(ApplicationTest, UnknownViewClassIsToldInOneLine)
-{
-    testing::internal::CaptureStderr();
-    int const status = platform::ApplicationMain({});
-    std::string const told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(status, 1);
-    EXPECT_THAT(told, HasSubstr("Main.ini"));
-    EXPECT_THAT(told, HasSubstr("kGLView"));
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
-}
-
-// A view that no driver can make.
+// A view that fails as if the driver had no OpenGL.
 class ImpossibleView : public TestView
 {
 public:
@@ -145,7 +134,7 @@ public:
 
 TEST_F(ApplicationTest, ViewThatCannotBeMadeEndsTheStart)
 {
-    EXPECT_EQ(platform::ApplicationMain({{"kGLView", [] { return std::make_unique<ImpossibleView>(); }}}), 1);
+    EXPECT_EQ(platform::ApplicationMain(std::make_unique<ImpossibleView>()), 1);
 }
 
 TEST_F(ApplicationTest, DriverThatShowsNothingIsNoDisplay)

@@ -31,13 +31,12 @@ protected:
 
 TEST_F(InterfaceFileTest, WindowAndCommandsAreRead)
 {
-    auto const interface = load("[Window]\ntitle=T\nwidth=10\nheight=20\nview=V\n"
+    auto const interface = load("[Window]\ntitle=T\nwidth=10\nheight=20\n"
                                 "[Commands]\ntoggleFullScreen=F11;Alt+Return\nterminate=Ctrl+Q\n");
     ASSERT_TRUE(interface);
     EXPECT_EQ(interface->windowTitle, "T");
     EXPECT_EQ(interface->contentSize.width, 10.0F);
     EXPECT_EQ(interface->contentSize.height, 20.0F);
-    EXPECT_EQ(interface->viewClass, "V");
     ASSERT_EQ(interface->commands.size(), 2U);
     EXPECT_EQ(interface->commands[0].action, "toggleFullScreen");
     ASSERT_EQ(interface->commands[0].keys.size(), 2U);
@@ -51,7 +50,6 @@ TEST_F(InterfaceFileTest, TheGamesOwnNamesFullScreenAndQuit)
     auto const interface = InterfaceFile::load(QUARROW_RESOURCE_DIR "/Interface/Main.ini");
     ASSERT_TRUE(interface);
     EXPECT_EQ(interface->windowTitle, "Quarrow");
-    EXPECT_EQ(interface->viewClass, "kGLView");
     ASSERT_EQ(interface->commands.size(), 2U);
     EXPECT_EQ(interface->commands[0].action, "toggleFullScreen");
     EXPECT_EQ(interface->commands[0].keys.size(), 2U);

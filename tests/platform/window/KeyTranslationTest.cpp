@@ -11,7 +11,6 @@ namespace
 
 namespace KeyCode = platform::KeyCode;
 using platform::CharactersForKey;
-using platform::KeyTranslator;
 
 SDL_Keysym Key(SDL_Keycode code, int modifiers = KMOD_NONE)
 {
@@ -78,25 +77,29 @@ TEST(KeyTranslationTest, SpaceIsItself)
 
 TEST(KeyTranslationTest, ModifierKeysAloneSendNothing)
 {
-    KeyTranslator translator;
     for (SDL_Keycode const code : {SDLK_LSHIFT, SDLK_RCTRL, SDLK_LALT, SDLK_LGUI, SDLK_CAPSLOCK})
     {
-        EXPECT_FALSE(translator.keyDown(Key(code), "")) << SDL_GetKeyName(code);
-        EXPECT_FALSE(translator.keyUp(Key(code))) << SDL_GetKeyName(code);
+        EXPECT_EQ(CharactersForKey(Key(code), ""), u"") << SDL_GetKeyName(code);
     }
 }
 
-TEST(KeyTranslationTest, ReleaseHasTheCharacterOfItsPress)
+TEST(KeyTranslationTest, KeypadFollowsNumLock)
 {
-    KeyTranslator translator;
-    auto const down = translator.keyDown(Key(SDLK_1, KMOD_LSHIFT), "!");
-    ASSERT_TRUE(down);
-    EXPECT_EQ(down->type, platform::EventType::KeyDown);
-    EXPECT_EQ(down->charactersIgnoringModifiers, u"!");
-    auto const up = translator.keyUp(Key(SDLK_1)); // Shift was let go first
-    ASSERT_TRUE(up);
-    EXPECT_EQ(up->type, platform::EventType::KeyUp);
-    EXPECT_EQ(up->charactersIgnoringModifiers, u"!");
+    EXPECT_EQ(CharactersForKey(Key(SDLK_KP_4, KMOD_NUM), "4"), u"4");
+    EXPECT_EQ(CharactersForKey(Key(SDLK_KP_4, KMOD_NUM | KMOD_LCTRL), ""), u"4");
+    EXPECT_EQ(CharactersForKey(Key(SDLK_KP_4), ""), One(KeyCode::kLeftArrow));
+    EXPECT_EQ(CharactersForKey(Key(SDLK_KP_PLUS), ""), u"+");
+}
+
+TEST(KeyTranslationTest, TextBeyondSixteenBitsIsTwoUnits)
+{
+    EXPECT_EQ(CharactersForKey(Key(SDLK_a), "\xF0\x9F\x9A\x80"), u"\U0001F680");
+}
+
+TEST(KeyTranslationTest, BrokenTextLeavesTheLayoutsCharacter)
+{
+    EXPECT_EQ(CharactersForKey(Key(SDLK_a), "\xC3"), u"\u00C3") << "one byte is a dead key's accent";
+    EXPECT_EQ(CharactersForKey(Key(SDLK_a), "\xFF\xFE"), u"a");
 }
 
 } // namespace

@@ -16,7 +16,10 @@ ScriptedView::ScriptedView(std::vector<Step> script, TestView* record)
 
 ScriptedView::~ScriptedView()
 {
-    m_timer->invalidate();
+    if (m_timer)
+    {
+        m_timer->invalidate();
+    }
     m_record->told = told;
     m_record->events = events;
     m_record->shapes = shapes;
@@ -24,7 +27,7 @@ ScriptedView::~ScriptedView()
 
 void ScriptedView::awakeFromNib()
 {
-    SDL_WarpMouseGlobal(0, 0); // beside the window, which would report the pointer in it
+    SDL_WarpMouseGlobal(0, 0); // outside the window, which would report a move otherwise
     window()->makeKeyAndOrderFront();
     window()->makeFirstResponder(this);
     window()->setAcceptsMouseMovedEvents(true);
@@ -33,7 +36,7 @@ void ScriptedView::awakeFromNib()
 
 void ScriptedView::push(SDL_Event event) const
 {
-    event.window.windowID = window()->identifier(); // lies at the same place in every event of a window
+    event.window.windowID = window()->identifier(); // at the same offset in every kind of event
     SDL_PushEvent(&event);
 }
 
@@ -94,6 +97,5 @@ void ApplicationTest::TearDown()
 
 int ApplicationTest::run(std::vector<Step> const& script)
 {
-    return platform::ApplicationMain(
-        {{"kGLView", [&] { return std::make_unique<ScriptedView>(script, &record); }}});
+    return platform::ApplicationMain(std::make_unique<ScriptedView>(script, &record));
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A view of the tests' own in the application's window, and the fixture that runs an application with it.
-// Input is put into SDL's queue, where that of a desktop arrives too.
+// It puts its input into SDL's queue, as a desktop does.
 #pragma once
 
 #include "platform/base/RunLoop.h"
@@ -19,8 +19,8 @@
 class ScriptedView;
 using Step = std::function<void(ScriptedView&)>;
 
-// Takes one step at each pass of the run loop, so that what a step puts into the queue is handled before the
-// next. A view that has taken them all closes its window.
+// Takes one step at each pass of the run loop: what a step puts into the queue is handled before the next
+// step. After the last step it closes its window.
 class ScriptedView : public TestView
 {
 public:
@@ -40,7 +40,7 @@ public:
     // The window's close button.
     void close() const;
 
-    // Past the last step the view waits for somebody else to end the run.
+    // The view does not close its window after the last step.
     void stay() { m_closesAtEnd = false; }
 
 private:
@@ -53,7 +53,7 @@ private:
     bool m_closesAtEnd = true;
 };
 
-// Puts the signals' own ways back after each test.
+// Restores the handlers of signals after each test.
 class ApplicationTest : public testing::Test
 {
 protected:

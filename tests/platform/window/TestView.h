@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A view that notes what it is told. The tests of windows and of the application show it.
+// A view that records the messages it gets.
 #pragma once
 
-#include "support/PassiveView.h"
+#include "support/window/PassiveView.h"
 
 #include <string>
 #include <vector>

@@ -19,9 +19,7 @@ namespace
 
 using platform::Event;
 using platform::EventType;
-using platform::PixelFormat;
 using platform::Window;
-using platform::WindowStyle;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -29,7 +27,7 @@ constexpr platform::Rect kContent{{0.0F, 0.0F}, {640.0F, 480.0F}};
 
 std::unique_ptr<Window> MakeFullScreenWindow()
 {
-    return Window::initWithContentRect(platform::MainScreenFrame(), WindowStyle::Borderless);
+    return Window::initOverMainScreen();
 }
 
 SDL_Window* Underlying(Window const& window)
@@ -49,7 +47,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_view.initWithFrame(kContent));
-        m_window = Window::initWithContentRect(kContent, WindowStyle::Titled);
+        m_window = Window::initWithContentSize(kContent.size);
         ASSERT_TRUE(m_window);
         m_window->setContentView(&m_view);
     }
@@ -71,16 +69,13 @@ protected:
     std::unique_ptr<Window> m_window; // goes before the view, whose context draws into it
 };
 
-TEST_F(WindowTest, ContextsOwnWindowBecomesTheFirstTitledOne)
+TEST_F(WindowTest, IdentifierLeadsBackToTheWindow)
 {
-    TestView view;
-    ASSERT_TRUE(view.initWithFrame(kContent));
-    SDL_Window* const home = SDL_GL_GetCurrentWindow();
+    unsigned const identifier = m_window->identifier();
+    EXPECT_EQ(Window::withIdentifier(identifier), m_window.get());
     m_window.reset();
-    m_view.openGLContext()->makeCurrentContext();
-    SDL_Window* const first = SDL_GL_GetCurrentWindow();
-    EXPECT_NE(first, home);
-    EXPECT_EQ(Underlying(*Window::initWithContentRect(kContent, WindowStyle::Titled)), first);
+    EXPECT_EQ(Window::withIdentifier(identifier), nullptr);
+    EXPECT_EQ(Window::withIdentifier(0), nullptr);
 }
 
 TEST_F(WindowTest, HiddenUntilItIsOrderedToTheFront)
@@ -121,7 +116,7 @@ TEST_F(WindowTest, ViewHasAPixelHoweverSmallItsWindow)
 {
     for (platform::Size const size : {platform::Size{640.0F, 0.0F}, platform::Size{0.0F, 0.0F}})
     {
-        auto const window = Window::initWithContentRect({{}, size}, platform::WindowStyle::Titled);
+        auto const window = Window::initWithContentSize(size);
         ASSERT_NE(window, nullptr);
         window->setContentView(&m_view);
         EXPECT_GE(m_view.frame().size.width, 1.0F);
@@ -143,7 +138,6 @@ TEST_F(WindowTest, FullScreenWindowCoversTheWholeScreen)
     EXPECT_EQ(y, screen.y);
     EXPECT_EQ(m_view.frame().size.width, static_cast<float>(screen.w));
     EXPECT_EQ(m_view.frame().size.height, static_cast<float>(screen.h));
-    EXPECT_EQ(platform::MainScreenFrame().size.width, static_cast<float>(screen.w));
 }
 
 TEST_F(WindowTest, ContextDrawsIntoTheWindowThatShowsTheView)
@@ -153,7 +147,6 @@ TEST_F(WindowTest, ContextDrawsIntoTheWindowThatShowsTheView)
     showFullScreen(full);
     EXPECT_EQ(SDL_GL_GetCurrentWindow(), Underlying(*full));
     EXPECT_EQ(m_view.window(), full.get());
-    EXPECT_EQ(m_window->contentView(), nullptr);
     showWindowed();
     EXPECT_EQ(SDL_GL_GetCurrentWindow(), Underlying(*m_window));
 }
@@ -206,43 +199,6 @@ TEST_F(WindowTest, PixelsCountFromTheBottomLeft)
     EXPECT_EQ(other.y, 10.0F);
 }
 
-TEST_F(WindowTest, FirstResponderIsAskedToTakeTheKeyboardOnce)
-{
-    EXPECT_EQ(m_window->firstResponder(), nullptr);
-    EXPECT_TRUE(m_window->makeFirstResponder(&m_view));
-    EXPECT_TRUE(m_window->makeFirstResponder(&m_view));
-    EXPECT_EQ(m_window->firstResponder(), &m_view);
-    EXPECT_THAT(m_view.told, ElementsAre("become"));
-}
-
-TEST_F(WindowTest, ViewThatRefusesTheKeyboardIsNoResponder)
-{
-    m_view.accepts = false;
-    EXPECT_FALSE(m_window->makeFirstResponder(&m_view));
-    EXPECT_EQ(m_window->firstResponder(), nullptr);
-}
-
-TEST_F(WindowTest, ResponderMayKeepTheKeyboard)
-{
-    m_window->makeFirstResponder(&m_view);
-    m_view.resigns = false;
-    EXPECT_FALSE(m_window->makeFirstResponder(nullptr));
-    EXPECT_EQ(m_window->firstResponder(), &m_view);
-    m_view.resigns = true;
-    EXPECT_TRUE(m_window->makeFirstResponder(nullptr));
-    EXPECT_EQ(m_window->firstResponder(), nullptr);
-}
-
-TEST_F(WindowTest, ViewThatMovesToAnotherWindowRespondsThereOnly)
-{
-    m_window->makeFirstResponder(&m_view);
-    auto const full = MakeFullScreenWindow();
-    showFullScreen(full);
-    EXPECT_EQ(m_window->firstResponder(), nullptr);
-    EXPECT_TRUE(full->makeFirstResponder(&m_view));
-    EXPECT_EQ(full->firstResponder(), &m_view);
-}
-
 void SendOneOfEachKind(Window& window)
 {
     for (EventType const type :
@@ -254,6 +210,46 @@ void SendOneOfEachKind(Window& window)
         event.type = type;
         window.sendEvent(event);
     }
+}
+
+TEST_F(WindowTest, FirstResponderIsAskedToTakeTheKeyboardOnce)
+{
+    EXPECT_TRUE(m_window->makeFirstResponder(&m_view));
+    EXPECT_TRUE(m_window->makeFirstResponder(&m_view));
+    EXPECT_THAT(m_view.told, ElementsAre("become"));
+}
+
+TEST_F(WindowTest, ViewThatRefusesTheKeyboardIsNoResponder)
+{
+    m_view.accepts = false;
+    EXPECT_FALSE(m_window->makeFirstResponder(&m_view));
+    SendOneOfEachKind(*m_window);
+    EXPECT_THAT(m_view.told, IsEmpty());
+}
+
+TEST_F(WindowTest, ResponderMayKeepTheKeyboard)
+{
+    m_window->makeFirstResponder(&m_view);
+    m_view.resigns = false;
+    EXPECT_FALSE(m_window->makeFirstResponder(nullptr));
+    m_window->sendEvent(Event{});
+    EXPECT_THAT(m_view.told, ElementsAre("become", "resign", "keyDown"));
+    m_view.resigns = true;
+    EXPECT_TRUE(m_window->makeFirstResponder(nullptr));
+    m_window->sendEvent(Event{});
+    EXPECT_THAT(m_view.told, ElementsAre("become", "resign", "keyDown", "resign"));
+}
+
+TEST_F(WindowTest, ViewThatMovesToAnotherWindowRespondsThereOnly)
+{
+    m_window->makeFirstResponder(&m_view);
+    auto const full = MakeFullScreenWindow();
+    showFullScreen(full);
+    m_window->sendEvent(Event{});
+    EXPECT_THAT(m_view.told, ElementsAre("become"));
+    EXPECT_TRUE(full->makeFirstResponder(&m_view));
+    full->sendEvent(Event{});
+    EXPECT_THAT(m_view.told, ElementsAre("become", "become", "keyDown"));
 }
 
 TEST_F(WindowTest, FourKindsOfEventsReachTheView)
@@ -328,34 +324,6 @@ TEST_F(WindowTest, DeletingATextureOfALostContextDoesNothing)
     platform::DeleteTextureInContext(lost, texture);
     platform::DeleteTextureInContext(nullptr, texture);
     EXPECT_TRUE(glIsTexture(texture));
-}
-
-TEST(PixelFormatTest, AttributesAreRead)
-{
-    constexpr unsigned kAttributes[] = {platform::kPixelFormatDoubleBuffer,
-                                        platform::kPixelFormatAccelerated,
-                                        platform::kPixelFormatColorSize,
-                                        32,
-                                        platform::kPixelFormatDepthSize,
-                                        24,
-                                        0};
-    auto const format = PixelFormat::initWithAttributes(kAttributes);
-    ASSERT_TRUE(format);
-    EXPECT_TRUE(format->doubleBuffer());
-    EXPECT_TRUE(format->accelerated());
-    EXPECT_EQ(format->colorSize(), 32);
-    EXPECT_EQ(format->depthSize(), 24);
-}
-
-TEST(PixelFormatTest, MalformedAttributesGiveNoFormat)
-{
-    constexpr unsigned kUnended[] = {platform::kPixelFormatDoubleBuffer};
-    constexpr unsigned kWithoutValue[] = {platform::kPixelFormatColorSize};
-    constexpr unsigned kUnknown[] = {999, 0};
-    EXPECT_FALSE(PixelFormat::initWithAttributes({}));
-    EXPECT_FALSE(PixelFormat::initWithAttributes(kUnended));
-    EXPECT_FALSE(PixelFormat::initWithAttributes(kWithoutValue));
-    EXPECT_FALSE(PixelFormat::initWithAttributes(kUnknown));
 }
 
 } // namespace

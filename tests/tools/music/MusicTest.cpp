@@ -2,19 +2,22 @@
 // SPDX-License-Identifier: MIT
 //
 // The four tracks as players get them: format, length, loudness after the playlist's factors, peaks, and a
-// loop that nobody hears close. ffmpeg decodes and measures; it trims what the encoder added, as the game
-// does.
+// loop without an audible seam. libsndfile decodes them, as in the game, and trims what the encoder added;
+// ffmpeg measures loudness and peaks.
+#include "common/Fourier.h"
+#include "synth/SoundFile.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <complex>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -22,6 +25,8 @@
 
 namespace
 {
+
+using namespace maker;
 
 struct Track
 {
@@ -56,35 +61,20 @@ std::string OutputOf(std::string const& command)
     return output;
 }
 
-struct Samples
-{
-    std::vector<float> interleaved;
-
-    std::size_t Frames() const { return interleaved.size() / 2; }
-
-    // Around the loop: the frame after the last is the first.
-    double At(std::size_t frame, std::size_t channel) const
-    {
-        return static_cast<double>(interleaved[frame % Frames() * 2 + channel]);
-    }
-};
-
 // Every track is decoded once for all tests.
-Samples const& Decoded(Track const& track)
+SoundFile const& Decoded(Track const& track)
 {
-    static std::array<Samples, kTracks.size()> decoded;
-    std::size_t index = 0;
-    while (std::string(kTracks[index].name) != track.name)
-        ++index;
-    Samples& samples = decoded[index];
-    if (samples.interleaved.empty())
-    {
-        std::string const raw = OutputOf("ffmpeg -v error -nostdin -i '" + PathOf(track) + "' -f f32le -");
-        samples.interleaved.resize(raw.size() / sizeof(float));
-        std::copy_n(raw.data(), samples.interleaved.size() * sizeof(float),
-                    reinterpret_cast<char*>(samples.interleaved.data()));
-    }
-    return samples;
+    static std::map<std::string, SoundFile> decoded;
+    auto const [entry, isNew] = decoded.try_emplace(track.name);
+    if (isNew)
+        entry->second = ReadSound(PathOf(track));
+    return entry->second;
+}
+
+// Around the loop: the frame after the last is the first.
+double Around(SoundFile const& track, std::size_t frame, std::size_t channel)
+{
+    return track.At(frame % track.Length(), channel);
 }
 
 // The last value after that label in the summary of ffmpeg's loudness meter.
@@ -113,24 +103,22 @@ constexpr std::size_t kWindow = 256;
 constexpr std::size_t kOctaves = 7;
 
 // Energy in the octaves below half the sample rate, of the frames around one.
-std::array<double, kOctaves> Spectrum(Samples const& samples, std::size_t middle)
+std::array<double, kOctaves> Spectrum(SoundFile const& track, std::size_t middle)
 {
-    std::size_t const begin = middle + samples.Frames() - kWindow / 2;
+    std::size_t const begin = middle + track.Length() - kWindow / 2;
     std::array<double, kOctaves> octaves = {};
-    double const turn = 2.0 * 3.14159265358979323846 / kWindow;
+    Waves waves;
+    for (std::size_t i = 0; i < kWindow; ++i)
+    {
+        double const hann = 0.5 - 0.5 * Cosine(static_cast<double>(i) / kWindow);
+        waves.emplace_back(hann * (Around(track, begin + i, 0) + Around(track, begin + i, 1)));
+    }
+    Transform(waves);
     for (std::size_t bin = 1, octave = 0; bin < kWindow / 2; ++bin)
     {
         if (bin == std::size_t{2} << octave)
             ++octave;
-        std::complex<double> const rotation = std::polar(1.0, -turn * static_cast<double>(bin));
-        std::complex<double> angle = 1.0;
-        std::complex<double> sum = 0.0;
-        for (std::size_t i = 0; i < kWindow; ++i, angle *= rotation)
-        {
-            double const hann = 0.5 - 0.5 * std::cos(turn * static_cast<double>(i));
-            sum += hann * angle * (samples.At(begin + i, 0) + samples.At(begin + i, 1));
-        }
-        octaves[octave] += std::norm(sum);
+        octaves[octave] += std::norm(waves[bin]);
     }
     return octaves;
 }
@@ -150,7 +138,7 @@ TEST_P(Music, IsStereoAt44100HzAnd192KilobitsASecond)
 
 TEST_P(Music, DecodesToExactlyItsBars)
 {
-    EXPECT_EQ(Decoded(GetParam()).Frames(), GetParam().frames);
+    EXPECT_EQ(Decoded(GetParam()).Length(), GetParam().frames);
     EXPECT_GE(GetParam().frames, 90U * 44100U);
     EXPECT_LE(GetParam().frames, 180U * 44100U);
 }
@@ -162,23 +150,23 @@ TEST_P(Music, PeaksStayADecibelBelowFullScale)
 
 TEST_P(Music, HasNoSteadyOffset)
 {
-    Samples const& samples = Decoded(GetParam());
+    SoundFile const& track = Decoded(GetParam());
     double sum = 0.0;
-    for (float const value : samples.interleaved)
-        sum += static_cast<double>(value);
+    for (double const value : track.samples)
+        sum += value;
     // -60 dB: far below anything that could click at start and stop
-    EXPECT_LT(std::fabs(sum / static_cast<double>(samples.interleaved.size())), 0.001);
+    EXPECT_LT(std::fabs(sum / static_cast<double>(track.samples.size())), 0.001);
 }
 
 TEST_P(Music, StepFromLastToFirstSampleIsNoLargerThanWithin)
 {
-    Samples const& samples = Decoded(GetParam());
-    ASSERT_GT(samples.Frames(), 0U);
+    SoundFile const& track = Decoded(GetParam());
+    ASSERT_GT(track.Length(), 0U);
     for (std::size_t channel = 0; channel < 2; ++channel)
     {
-        std::vector<double> steps(samples.Frames());
+        std::vector<double> steps(track.Length());
         for (std::size_t i = 0; i < steps.size(); ++i)
-            steps[i] = std::fabs(samples.At(i + 1, channel) - samples.At(i, channel));
+            steps[i] = std::fabs(Around(track, i + 1, channel) - Around(track, i, channel));
         double const seam = steps.back();
         // a drum opens two of the pieces, so the seam may be as steep as their drums are
         EXPECT_LE(seam, Quantile(std::move(steps), 0.9999));
@@ -187,41 +175,41 @@ TEST_P(Music, StepFromLastToFirstSampleIsNoLargerThanWithin)
 
 TEST_P(Music, SpectrumAroundTheSeamIsNoBrighterThanWithin)
 {
-    Samples const& samples = Decoded(GetParam());
-    ASSERT_GT(samples.Frames(), 0U);
+    SoundFile const& track = Decoded(GetParam());
+    ASSERT_GT(track.Length(), 0U);
     std::array<std::vector<double>, kOctaves> within;
     // the seam is a beat like any other, and is measured against them
     for (std::size_t beat = 1; beat < GetParam().beats; ++beat)
     {
         std::array<double, kOctaves> const spectrum =
-            Spectrum(samples, beat * samples.Frames() / GetParam().beats);
+            Spectrum(track, beat * track.Length() / GetParam().beats);
         for (std::size_t octave = 0; octave < kOctaves; ++octave)
             within[octave].push_back(spectrum[octave]);
     }
-    std::array<double, kOctaves> const seam = Spectrum(samples, 0);
+    std::array<double, kOctaves> const seam = Spectrum(track, 0);
     for (std::size_t octave = 0; octave < kOctaves; ++octave)
         EXPECT_LE(seam[octave], Quantile(within[octave], 0.99)) << "octave " << octave;
 }
 
 TEST_P(Music, DoesNotFallSilentAtTheSeam)
 {
-    Samples const& samples = Decoded(GetParam());
-    ASSERT_GT(samples.Frames(), 0U);
+    SoundFile const& track = Decoded(GetParam());
+    ASSERT_GT(track.Length(), 0U);
     // 20 ms on both sides; a gap of the encoder's making would be 25 to 50 ms of zeros
     auto const energy = [&](std::size_t begin)
     {
         double sum = 0.0;
         for (std::size_t i = begin; i < begin + 882; ++i)
-            sum += samples.At(i, 0) * samples.At(i, 0) + samples.At(i, 1) * samples.At(i, 1);
+            sum += Around(track, i, 0) * Around(track, i, 0) + Around(track, i, 1) * Around(track, i, 1);
         return sum;
     };
     std::vector<double> within;
-    for (std::size_t begin = 0; begin < samples.Frames(); begin += 882)
+    for (std::size_t begin = 0; begin < track.Length(); begin += 882)
         within.push_back(energy(begin));
     // notes may die away before a beat, but 30 dB under the usual level is no music
     double const floor = 0.001 * Quantile(std::move(within), 0.5);
     EXPECT_GE(energy(0), floor);
-    EXPECT_GE(energy(samples.Frames() - 882), floor);
+    EXPECT_GE(energy(track.Length() - 882), floor);
 }
 
 INSTANTIATE_TEST_SUITE_P(Tracks, Music, testing::ValuesIn(kTracks),

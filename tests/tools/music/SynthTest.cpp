@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The synthesiser's own promises: loops without ends, pure intervals, true loudness, peaks below the ceiling.
-#include "synth/Effects.h"
 #include "synth/Mastering.h"
+#include "synth/Treatment.h"
 #include "synth/Voices.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 namespace
 {
 
-using namespace music;
+using namespace maker;
 
 StereoLoop Tone(double hertz, double amplitude, std::size_t frames)
 {

@@ -2,10 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "world/field/CoveredView.h"
 
-#include "support/Stage.h"
-#include "support/Worlds.h"
-#include "world/Camera.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -17,22 +13,20 @@ namespace
 
 using Ball = CoveredView::Ball;
 
-// A picture of 1280 x 720, seen from a ship that looks along -z.
-class CoveredViewTest : public Stage
+// A picture of 1280 x 720, seen by an eye that looks along -z.
+class CoveredViewTest : public testing::Test
 {
 protected:
     CoveredViewTest() { StartAt({0.0F, 0.0F, 0.0F}); }
 
-    void StartAt(TQ3Vector3D const& eye)
+    void StartAt(TQ3Vector3D const& eye, int width = 1280, int height = 720)
     {
-        test::LayShip(m_ship, eye);
-        m_view.Start(m_ship, 1280, 720);
+        m_view.Start({eye, {0.0F, 0.0F, -1.0F}, {0.0F, 1.0F, 0.0F}}, width, height);
     }
 
     // Covers with a ball that is drawn exactly.
     void Cover(Ball const& ball) { m_view.Cover(ball, ball.radius); }
 
-    Camera m_ship{nullptr};
     CoveredView m_view;
 };
 
@@ -128,7 +122,7 @@ TEST_F(CoveredViewTest, NothingCoversFarFromTheOrigin)
 
 TEST_F(CoveredViewTest, PictureWithoutASizeIsHarmless)
 {
-    m_view.Start(m_ship, 0, 0);
+    StartAt({0.0F, 0.0F, 0.0F}, 0, 0);
     Cover({0.0F, 0.0F, 3.0F, 0.6F});
     EXPECT_FALSE(m_view.IsHidden({0.0F, 0.0F, 1.0F, 0.6F}));
 }

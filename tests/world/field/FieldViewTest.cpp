@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "world/field/FieldView.h"
 
-#include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
 #include "support/Worlds.h"
-#include "world/Camera.h"
-#include "world/field/FieldRows.h"
+#include "world/field/AsteroidField.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,7 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <random>
 #include <set>
 #include <vector>
 
@@ -28,45 +25,36 @@ using Cell = std::array<int, 3>;
 class FieldViewTest : public Stage
 {
 protected:
-    FieldViewTest() { Roid::ReadSettings(); }
+    FieldViewTest() { LookFrom({40.0F, 40.0F, 39.0F}); }
 
-    void Fill(unsigned oneIn, int sizeClass)
+    // Asteroids of one size, in that share of the cells.
+    void Fill(float density, float radius) { m_field = test::SeededField(density, density, radius, radius); }
+
+    // Along -z, or turned by an angle about an axis that leans.
+    void LookFrom(TQ3Vector3D const& place, float angle = 0.0F)
     {
-        std::mt19937 dice(11);
-        for (int i = 0; i < 16 * 16 * 16 * 8; ++i)
-        {
-            if (dice() % oneIn == 0)
-            {
-                m_field.Add(i / 16 / 16 / 8, i / 16 / 8 % 16, i / 8 % 16, i % 8, sizeClass);
-                m_filled.insert(i);
-            }
-        }
+        TQ3Vector3D axis{0.3F, 1.0F, 0.2F};
+        Vector3D_Normalize(&axis, &axis);
+        TQ3Quaternion turn;
+        Q3Quaternion_SetRotateAboutAxis(&turn, &axis, angle);
+        m_eye = {place, {0.0F, 0.0F, -1.0F}, {0.0F, 1.0F, 0.0F}};
+        Q3Vector3D_TransformQuaternion(&m_eye.facing, &turn, &m_eye.facing);
+        Q3Vector3D_TransformQuaternion(&m_eye.up, &turn, &m_eye.up);
     }
 
-    bool IsFilled(int x, int y, int z) const
-    {
-        int const level = std::min(std::min({x, y, z}) / 16, 7);
-        return m_filled.count(((x % 16 * 16 + y % 16) * 16 + z % 16) * 8 + level) > 0;
-    }
+    // What the eye sees 20 units deep.
+    std::vector<FieldView::Rock> const& Look() { return m_view.Choose(*m_field, View(), m_eye, 640, 480); }
 
-    // What the ship sees 20 units deep.
-    std::vector<FieldView::Rock> const& Look()
+    Frustum View() const
     {
-        return m_view.Choose(m_field, ShipsView(), m_ship, 640, 480);
-    }
-
-    Frustum ShipsView() const
-    {
-        TQ3Vector3D facing;
-        m_ship.GetFacingNormal(&facing);
         TQ3Vector3D apex;
-        Vector3D_Subtract(&m_ship.GetPosition(), &facing, &apex);
-        return {0.7853982F, 4.0F / 3.0F, &apex, &facing, &m_ship.GetUp(), 21.0F};
+        Vector3D_Subtract(&m_eye.position, &m_eye.facing, &apex);
+        return {0.7853982F, 4.0F / 3.0F, &apex, &m_eye.facing, &m_eye.up, 21.0F};
     }
 
     std::vector<Cell> CellsInView() const
     {
-        Frustum const view = ShipsView();
+        Frustum const view = View();
         std::vector<Cell> cells;
         for (int x = 0; x < 80; ++x)
         {
@@ -76,7 +64,7 @@ protected:
                 {
                     TQ3Vector3D const place{static_cast<float>(x), static_cast<float>(y),
                                             static_cast<float>(z)};
-                    if (IsFilled(x, y, z) && view.IsPointInside(place))
+                    if (m_field->RoidAt(x, y, z) != nullptr && view.IsPointInside(place))
                     {
                         cells.push_back({x, y, z});
                     }
@@ -86,10 +74,9 @@ protected:
         return cells;
     }
 
-    FieldRows m_field;
-    std::set<int> m_filled;
+    std::unique_ptr<AsteroidField> m_field;
     FieldView m_view;
-    Camera m_ship{nullptr};
+    Eye m_eye;
 };
 
 Cell CellOf(FieldView::Rock const& rock)
@@ -116,27 +103,24 @@ std::set<int> LayersOf(std::vector<FieldView::Rock> const& rocks)
 
 TEST_F(FieldViewTest, ListsEveryAsteroidWhoseCentreIsInViewInTheOrderOfTheCells)
 {
-    Fill(5, 0);
+    Fill(0.2F, 0.1F);
     for (int turn = 0; turn < 12; ++turn)
     {
-        test::LayShip(m_ship, {40.3F, 38.6F, 45.1F});
-        m_ship.SetRotationRate({0.3F, 1.0F, 0.2F}, 0.0F);
-        m_ship.SetRotation(static_cast<float>(turn) * 0.55F);
-        m_ship.Tick(0.0);
+        LookFrom({40.3F, 38.6F, 45.1F}, static_cast<float>(turn) * 0.55F);
         std::vector<Cell> const expected = CellsInView();
         ASSERT_GT(expected.size(), 100U);
         EXPECT_EQ(CellsOf(Look()), expected) << "turn " << turn;
     }
 }
 
-// The frustum's apex lies at z = 1.3 for a ship at 0.3 that faces -z; its box ends there, and the ceiled end,
-// 2, is excluded. A ship at 0 has its apex at 1: the ceiled end is 1 itself, and that layer is left out.
+// The frustum's apex lies at z = 1.3 for an eye at 0.3 that faces -z; its box ends there, and the ceiled end,
+// 2, is excluded. An eye at 0 has its apex at 1: the ceiled end is 1 itself, and that layer is left out.
 TEST_F(FieldViewTest, UpperEndOfTheCellRangeIsExcluded)
 {
-    Fill(1, 0);
-    test::LayShip(m_ship, {20.0F, 20.0F, 0.3F});
+    Fill(1.0F, 0.1F);
+    LookFrom({20.0F, 20.0F, 0.3F});
     EXPECT_THAT(LayersOf(Look()), testing::ElementsAre(0, 1));
-    test::LayShip(m_ship, {20.0F, 20.0F, 0.0F});
+    LookFrom({20.0F, 20.0F, 0.0F});
     EXPECT_THAT(LayersOf(Look()), testing::ElementsAre(0));
 }
 
@@ -144,9 +128,8 @@ TEST_F(FieldViewTest, LevelOfDetailFollowsTheDistanceFromTheApex)
 {
     test::ScopedSetting const medium(setting::kLodDistMedium, 10.0F);
     test::ScopedSetting const farthest(setting::kLodDistFar, 15.0F);
-    Roid::ReadSettings();
-    Fill(1, 0);
-    test::LayShip(m_ship, {40.5F, 40.5F, 40.0F}); // the apex is at z = 41
+    Fill(1.0F, 0.1F);
+    LookFrom({40.5F, 40.5F, 40.0F}); // the apex is at z = 41
     for (FieldView::Rock const& rock : Look())
     {
         float const x = rock.place.x - 40.5F;
@@ -157,11 +140,11 @@ TEST_F(FieldViewTest, LevelOfDetailFollowsTheDistanceFromTheApex)
     }
 }
 
-// The ship looks along a row of the lattice, from between two of its cells: the nearest hides all the others.
+// The eye looks along a row of the lattice, from between two of its cells: the nearest hides all the others.
 TEST_F(FieldViewTest, AsteroidsBehindNearerOnesAreNotShown)
 {
-    Fill(1, 3);
-    test::LayShip(m_ship, {40.0F, 40.0F, 39.0F});
+    Fill(1.0F, 0.6F);
+    LookFrom({40.0F, 40.0F, 39.0F});
     std::vector<FieldView::Rock> const& rocks = Look();
     auto const shownAt = [&rocks](int z)
     {
@@ -177,8 +160,8 @@ TEST_F(FieldViewTest, AsteroidsBehindNearerOnesAreNotShown)
 
 TEST_F(FieldViewTest, InAThinFieldAllThatIsInThePictureIsShown)
 {
-    Fill(400, 0);
-    test::LayShip(m_ship, {40.3F, 40.4F, 60.2F});
+    Fill(0.0025F, 0.1F);
+    LookFrom({40.3F, 40.4F, 60.2F});
     std::vector<FieldView::Rock> const& rocks = Look();
     ASSERT_GT(rocks.size(), 3U);
     for (FieldView::Rock const& rock : rocks)
@@ -191,8 +174,8 @@ TEST_F(FieldViewTest, InAThinFieldAllThatIsInThePictureIsShown)
 
 TEST_F(FieldViewTest, NegativeSpaceIsEmpty)
 {
-    Fill(1, 3);
-    test::LayShip(m_ship, {-60.0F, -60.0F, -20.0F});
+    Fill(1.0F, 0.6F);
+    LookFrom({-60.0F, -60.0F, -20.0F});
     EXPECT_TRUE(Look().empty());
 }
 

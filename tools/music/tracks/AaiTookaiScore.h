@@ -4,11 +4,22 @@
 // The melodies, figures and roots of "Aai_Tookai", for its piece alone.
 #pragma once
 
+#include "music/Piece.h"
+
 #include <array>
 #include <string_view>
 
-namespace music::tookai
+namespace maker::tookai
 {
+
+// The bars in which the sections begin.
+inline constexpr int kOpening = 0;
+inline constexpr int kTheme = 8;
+inline constexpr int kEpisode = 24;
+inline constexpr int kQuiet = 40;
+inline constexpr int kFinale = 56;
+inline constexpr int kClosing = 80;
+inline constexpr int kBars = 88;
 
 // Lines are written in overtones, with lengths in eighths.
 inline constexpr std::string_view kThemeFirst =
@@ -40,4 +51,7 @@ inline constexpr std::array<Root, 8> kThemeRoots = {Root::D, Root::D, Root::D, R
 inline constexpr std::array<Root, 8> kEpisodeRoots = {Root::A, Root::A, Root::G, Root::G,
                                                       Root::D, Root::D, Root::A, Root::D};
 
-} // namespace music::tookai
+// The untuned parts.
+void Drums(Piece& piece);
+
+} // namespace maker::tookai

@@ -4,11 +4,23 @@
 // The chords and melodies of "Electro0032", for its piece alone.
 #pragma once
 
+#include "music/Piece.h"
+
 #include <array>
 #include <string_view>
 
-namespace music::electro
+namespace maker::electro
 {
+
+// The bars in which the sections begin.
+inline constexpr int kIntro = 0;
+inline constexpr int kVerse = 8;
+inline constexpr int kBreak = 24;
+inline constexpr int kBuild = 32;
+inline constexpr int kHook = 36;
+inline constexpr int kReturn = 52;
+inline constexpr int kOutro = 60;
+inline constexpr int kBars = 64;
 
 struct BarHarmony
 {
@@ -52,11 +64,15 @@ inline constexpr std::string_view kCall =
     "r:2 B4:.5 D5:.25 E5:.75 r:.5  r:2 C#5:.5 E5:.25 F#5:.75 r:.5  r:2 G5:.5 E5:.25 D5:.75 r:.5 "
     "r:1.5 F#5:.5! E5:.5 D5:.5 B4:1";
 
-// Semitones above the root for each sixteenth of two bars; rests and slides are marked by kRest and kSlide.
+// Semitones above the root for each sixteenth of two bars; kRest is a rest. Accents: X is louder, x slides up
+// to its pitch.
 inline constexpr int kRest = -99;
 inline constexpr std::array<int, 32> kAcid = {0,  kRest, 12, 0,  kRest, 0, 3,     0,  10, kRest, 0,
                                               12, kRest, 7,  10, 12,    0, kRest, 12, 0,  15,    kRest,
                                               12, kRest, 10, 0,  kRest, 7, 12,    10, 7,  5};
 inline constexpr std::string_view kAcidAccents = "X.x.X...X..x..x.X...X..X...x..XX";
 
-} // namespace music::electro
+// The untuned parts.
+void Drums(Piece& piece);
+
+} // namespace maker::electro

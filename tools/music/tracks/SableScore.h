@@ -4,10 +4,21 @@
 // The chords and melodies of "Sable", for its piece alone.
 #pragma once
 
+#include "music/Piece.h"
+
 #include <string_view>
 
-namespace music::sable
+namespace maker::sable
 {
+
+// The bars in which the sections begin.
+inline constexpr int kOpening = 0;
+inline constexpr int kTheme = 8;
+inline constexpr int kBridge = 24;
+inline constexpr int kSecond = 32;
+inline constexpr int kBreakdown = 48;
+inline constexpr int kFinale = 56;
+inline constexpr int kBars = 72;
 
 struct BarHarmony
 {
@@ -35,6 +46,11 @@ inline constexpr BarHarmony kBreakdownHarmony[] = {
     {"D2", "D3 A3 D4 E4"}, {"D2", "D3 A3 D4 E4"},  {"D2", "Eb3 Bb3 D4 G4"},   {"D2", "Eb3 Bb3 D4 G4"},
     {"D2", "D3 A3 D4 F4"}, {"D2", "F3 Bb3 D4 F4"}, {"Eb2", "Eb3 Bb3 Eb4 G4"}, {"A1", "C#3 A3 E4 G4"}};
 
+// Eight bars each.
+inline constexpr BarHarmony const* kHarmonies[] = {kOpeningHarmony,   kThemeHarmony,  kThemeHarmony,
+                                                   kBridgeHarmony,    kSecondHarmony, kSecondHarmony + 8,
+                                                   kBreakdownHarmony, kThemeHarmony,  kThemeHarmony};
+
 inline constexpr std::string_view kThemeFirst =
     "A4:1.5! G4:.5 F4:1 E4:1  D4:2.5 E4:.5 F4:1  D5:1.5! C5:.5 Bb4:1 A4:1  Bb4:2.5 A4:.5 G4:.5 F4:.5 "
     "G4:1.5 A4:.5 Bb4:1 D5:1  Eb5:2! D5:1 Bb4:1  A4:1 D5:1 E5:1 G5:1  F5:.5! E5:.5 C#5:3";
@@ -55,4 +71,7 @@ inline constexpr std::string_view kBellLine =
     "D5:1 A5:1 F5:1 E5:1  D5:1 F5:1 D6:2  C6:1 A5:1 F5:1 C5:1  Bb4:1 D5:1 G5:2 "
     "A5:1 F5:1 D5:1 A4:1  Bb4:1 D5:1 F5:2  G5:1 Eb5:1 Bb4:1 G4:1  A4:1 C#5:1 E5:1 G5:1";
 
-} // namespace music::sable
+// The untuned parts.
+void Drums(Piece& piece);
+
+} // namespace maker::sable

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The four pieces, finished but for their loudness. main.cpp masters and writes them.
+// The four pieces, mixed, but not yet at their loudness.
 #pragma once
 
 #include "synth/StereoLoop.h"
 
-namespace music
+namespace maker
 {
 
 StereoLoop Sable();
@@ -14,4 +14,4 @@ StereoLoop Electro0032();
 StereoLoop SerialK();
 StereoLoop AaiTookai();
 
-} // namespace music
+} // namespace maker

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 the Quarrow team
+// SPDX-License-Identifier: MIT
+//
+// The game itself, with a pilot at its real window: while a race runs, the pilot's moves go to the X server
+// as those of a mouse and a keyboard, by way of xdotool, and come back to the game as any player's do.
+#include "core/Game.h"
+#include "core/kGLView.h"
+#include "platform/base/RunLoop.h"
+#include "platform/window/Application.h"
+#include "support/flight/Pilot.h"
+#include "world/Universe.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace
+{
+
+constexpr double kInterval = 0.03; // seconds between two moves
+constexpr int kScreenWidth = 1280; // the game runs full screen
+constexpr int kScreenHeight = 720;
+
+class Flyer
+{
+public:
+    Flyer() : m_hands(popen("xdotool -", "w"), pclose) {}
+
+    void Move()
+    {
+        bool const racing = Game::pGame != nullptr && Game::pGame->GetState() == kStatePlaying;
+        if (!racing)
+        {
+            m_pilot.reset();
+            return;
+        }
+        if (!m_pilot)
+        {
+            m_pilot = std::make_unique<Pilot>(*Game::pGame->GetUniverse(), kScreenWidth, kScreenHeight);
+        }
+        PilotInput const input = m_pilot->NextInput();
+        std::fprintf(m_hands.get(), "mousemove %d %d\n", input.mouseX, kScreenHeight - input.mouseY);
+        if (input.throttle != 0)
+        {
+            std::fprintf(m_hands.get(), "key %s\n", input.throttle > 0 ? "w" : "s");
+        }
+        std::fflush(m_hands.get());
+    }
+
+private:
+    std::unique_ptr<FILE, int (*)(FILE*)> m_hands;
+    std::unique_ptr<Pilot> m_pilot;
+};
+
+} // namespace
+
+int main()
+{
+    Flyer flyer;
+    auto const timer = platform::Timer::scheduledTimer(kInterval, [&flyer] { flyer.Move(); });
+    return platform::ApplicationMain(std::make_unique<kGLView>());
+}
