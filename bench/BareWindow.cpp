@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A window of the game's size and kind that is cleared and shown, again and again, until it is told to end:
-// what bench/start compares the game with.
+// A window of the game's size and kind that is cleared and shown until it is told to end: the least that any
+// program with a window costs.
 #include "platform/base/OpenGL.h"
 
 #include <SDL.h>

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The window of 1280 x 720 in which the benchmarks of whole frames draw. Runs under
-// tests/support/with-display.
+// A window of 1280 x 720 to draw whole frames in.
 #pragma once
 
 #include "platform/window/OpenGLView.h"

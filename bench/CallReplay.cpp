@@ -117,7 +117,7 @@ CallReplay::CallReplay(std::vector<recording::Call> const& calls)
         m_steps.push_back({known->second, m_arguments.size()});
         m_arguments.insert(m_arguments.end(), call.arguments.begin(), call.arguments.end());
     }
-    m_arguments.resize(m_arguments.size() + 16); // an array may be noted shorter than it is read
+    m_arguments.resize(m_arguments.size() + 16); // Floats may read beyond the last call
 }
 
 void CallReplay::Run() const

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The OpenGL calls of a frame, noted once and made again without any thought: what the calls alone cost. On
-// the recording OpenGL only.
+// The OpenGL calls of a frame, recorded once and repeated: what the calls alone cost, without the work of
+// choosing them. On the recording OpenGL only.
 #pragma once
 
 #include "support/gl/RecordingGL.h"
@@ -13,7 +13,7 @@
 class CallReplay
 {
 public:
-    // The calls must be among those of a scene whose texts are drawn already.
+    // Knows the calls of a scene whose texts are drawn already, and no others.
     explicit CallReplay(std::vector<recording::Call> const& calls);
 
     void Run() const;

@@ -42,7 +42,7 @@ double Median(std::vector<double>& values)
     return values[values.size() / 2];
 }
 
-// Of the processor, all threads together: hardly troubled by what else the machine does.
+// Processor time of all threads: what else the machine does hardly changes it.
 double ProcessorMilliseconds()
 {
     timespec time{};

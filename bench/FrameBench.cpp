@@ -41,7 +41,7 @@ void Frame(benchmark::State& state, BenchWindow const* window, Viewpoint const& 
 {
     StartRace();
     LookFrom(viewpoint, *Game::pGame->GetUniverse()->GetCamera());
-    ShowFrame(*window); // the driver's own first-time work
+    ShowFrame(*window); // the driver compiles its shaders at the first frame
     for ([[maybe_unused]] auto const _ : state)
     {
         ShowFrame(*window);

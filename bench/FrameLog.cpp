@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Preloaded into a program, it notes when each of its frames was shown: one line a frame in the file that
-// FRAME_LOG names, nanoseconds of the monotonic clock and of the process's own processor time. bench/start is
-// the caller.
+// Preloaded into a program, it writes a line for each frame shown to the file that FRAME_LOG names:
+// nanoseconds of the monotonic clock, and of the process's processor time.
 #include <dlfcn.h>
 #include <SDL.h>
 

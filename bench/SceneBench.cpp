@@ -39,7 +39,7 @@ constexpr int kHeight = BenchWindow::kHeight;
 struct Duration
 {
     double elapsed = 0.0;
-    double processor = 0.0; // of all threads: hardly troubled by what else the machine does
+    double processor = 0.0; // of all threads: what else the machine does hardly changes it
 };
 
 struct Times

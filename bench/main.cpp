@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// quarrow_bench: runs under tests/support/with-display, which gives it a home without anybody's settings.
+// quarrow_bench: runs under tests/support/with-display, which gives it a home without settings.
 #include "settings/GameSettings.h"
 
 #include <benchmark/benchmark.h>

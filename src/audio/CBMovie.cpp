@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Callbacks fire once, so that every end of play arms them afresh.
+// Callbacks fire once, so every end of play arms new ones.
 #include "audio/CBMovie.h"
 
 #include "platform/base/Encoding.h"
@@ -30,7 +30,7 @@ int HashOf(std::string const& name)
     return static_cast<int>(std::hash<std::string>{}(name));
 }
 
-// Cut off towards zero, as C does, and held within the type where C would not say what happens.
+// Cut off towards zero, as a cast does, and clamped where the result of a cast is undefined. NaN gives 0.
 template <typename Integer>
 Integer Truncated(double value)
 {
@@ -70,10 +70,9 @@ std::shared_ptr<CBMovie> CBMovie::initWithURL(std::string const& url, bool /*byR
     return path ? initWithMovie(platform::Movie::openFile(*path)) : nullptr;
 }
 
-std::shared_ptr<CBMovie> CBMovie::initWithFile(std::filesystem::path const& path, bool byReference)
+std::shared_ptr<CBMovie> CBMovie::initWithFile(std::filesystem::path const& path, bool /*byReference*/)
 {
-    auto const url = platform::FileURLWithPath(path);
-    return url ? initWithURL(*url, byReference) : nullptr;
+    return initWithMovie(platform::Movie::openFile(path));
 }
 
 std::shared_ptr<CBMovie> CBMovie::initWithPasteboard(platform::Pasteboard const& pasteboard)
@@ -123,11 +122,6 @@ void CBMovie::stop(Sender)
     dropTimer();
 }
 
-bool CBMovie::isPlaying() const
-{
-    return m_movie && m_movie->rate() != 0;
-}
-
 void CBMovie::setRate(float rate)
 {
     if (!m_movie)
@@ -160,7 +154,7 @@ void CBMovie::moviesTask()
     }
 }
 
-// The timer holds the movie: one that plays lives until it is stopped, whoever else lets go of it.
+// The timer holds the movie, so that it lives until it is stopped.
 void CBMovie::scheduleMoviesTaskTimer()
 {
     if (!m_moviesTaskTimer)
@@ -193,7 +187,7 @@ void CBMovie::setLoopMode(int mode)
         return;
     }
     using Trigger = platform::MovieCallBack::Trigger;
-    disposeCallBacks();
+    m_loopmodeCallBacks = {};
     if (mode == kLoopPalindrome)
     {
         armCallBack(1, Trigger::TimeBackward, 0);
@@ -204,14 +198,6 @@ void CBMovie::setLoopMode(int mode)
     }
     m_movie->setLoopingHint(mode == kLoopNormal);
     m_loopmode = mode;
-}
-
-void CBMovie::disposeCallBacks()
-{
-    for (auto& callBack : m_loopmodeCallBacks)
-    {
-        callBack.reset();
-    }
 }
 
 void CBMovie::armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger,
@@ -235,30 +221,11 @@ void QTFinishedPlayingProc(platform::MovieCallBack* /*callBack*/, CBMovie* movie
     movie->setLoopMode(movie->m_loopmode);
 }
 
-platform::TimeValue CBMovie::time() const
-{
-    return m_movie ? m_movie->time() : 0;
-}
-
-platform::TimeValue CBMovie::duration() const
-{
-    return m_movie ? m_movie->duration() : 0;
-}
-
 void CBMovie::gotoTime(platform::TimeValue time)
 {
     if (m_movie)
     {
         m_movie->setTimeValue(time);
-        moviesTask();
-    }
-}
-
-void CBMovie::gotoBeginning(Sender)
-{
-    if (m_movie)
-    {
-        m_movie->setTimeValue(0);
         moviesTask();
     }
 }
@@ -269,11 +236,6 @@ void CBMovie::gotoEnd(Sender)
     {
         m_movie->setTimeValue(m_movie->duration());
     }
-}
-
-void CBMovie::gotoPosterFrame(Sender)
-{
-    gotoTime(0);
 }
 
 void CBMovie::gotoPercentFinished(float percent)
@@ -307,11 +269,6 @@ void CBMovie::setMuted(bool)
         int const negated = -m_movie->volume();
         m_movie->setVolume(static_cast<std::int16_t>(negated));
     }
-}
-
-bool CBMovie::isMuted() const
-{
-    return m_movie && m_movie->volume() < 0;
 }
 
 void CBMovie::setSelection(platform::TimeRange selection)

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A movie with loop modes, a name and the usual transport controls. GameSoundNSMovie plays the music through
-// it. A timer of the main run loop serves it while it plays, and keeps it alive until it is stopped. Without
-// an underlying movie every operation does nothing and every question answers 0.
+// A movie with loop modes, a name and the usual transport controls. A timer of the main run loop serves it
+// while it plays, and keeps it alive until it is stopped. Without an underlying movie every operation does
+// nothing and every question answers 0.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -31,8 +31,7 @@ enum LoopMode
 class CBMovie : public std::enable_shared_from_this<CBMovie>
 {
 public:
-    using Sender = void const*; // who asks; ignored
-
+    using Sender = void const*;             // ignored
     static std::shared_ptr<CBMovie> init(); // without an underlying movie
     static std::shared_ptr<CBMovie> initWithMovie(std::unique_ptr<platform::Movie> movie);
 
@@ -45,14 +44,14 @@ public:
     CBMovie(CBMovie const&) = delete;
     CBMovie& operator=(CBMovie const&) = delete;
 
-    // The registry keeps a named movie alive. Two names with one hash are the same name. Deliberate.
+    // The registry keeps a named movie alive. Two names with the same hash count as the same name.
     static std::shared_ptr<CBMovie> movieNamed(std::string const& name);
     bool setName(std::string const& name); // false when another movie has it
     std::optional<std::string> const& name() const { return m_name; }
 
-    void start(Sender sender = nullptr);
-    void stop(Sender sender = nullptr);
-    bool isPlaying() const;
+    void start(Sender = nullptr);
+    void stop(Sender = nullptr);
+    bool isPlaying() const { return m_movie && m_movie->rate() != 0; }
     void setRate(float rate); // 1 is normal, negative is backwards
     float rate() const;
     void moviesTask();
@@ -62,23 +61,21 @@ public:
     void setLoopMode(int mode);
     int loopMode() const { return m_loopmode; }
 
-    // Times are in the movie's own scale.
-    platform::TimeValue time() const;
-    platform::TimeValue duration() const;
+    platform::TimeValue time() const { return m_movie ? m_movie->time() : 0; } // samples
+    platform::TimeValue duration() const { return m_movie ? m_movie->duration() : 0; }
     void gotoTime(platform::TimeValue time);
-    void gotoBeginning(Sender sender = nullptr);
-    void gotoEnd(Sender sender = nullptr); // takes effect with the next task
-    void gotoPosterFrame(Sender sender = nullptr);
+    void gotoBeginning(Sender = nullptr) { gotoTime(0); }
+    void gotoEnd(Sender = nullptr); // takes effect with the next task
+    void gotoPosterFrame(Sender = nullptr) { gotoTime(0); }
     void gotoPercentFinished(float percent); // fractions of a percent are dropped
     float percentFinished() const;
-    // To the next or the previous video sample. A movie of sound has none, so its time stays.
-    void stepForward(Sender = nullptr) {}
+    void stepForward(Sender = nullptr) {} // without a video sample to step to the time stays
     void stepBack(Sender = nullptr) {}
 
     void setVolume(float volume); // 0..1
     float volume() const;         // negative while muted
-    void setMuted(bool muted);    // mutes whatever it is told, and never unmutes. Deliberate.
-    bool isMuted() const;
+    void setMuted(bool muted);    // ignores its argument: it mutes, and never unmutes
+    bool isMuted() const { return m_movie && m_movie->volume() < 0; }
 
     platform::Rect movieRect() const { return {}; } // empty: there is nothing to see
     void setSelection(platform::TimeRange selection);
@@ -88,20 +85,15 @@ public:
 
 private:
     explicit CBMovie(std::unique_ptr<platform::Movie> movie);
+    // At an end of play turns or rewinds the movie as its loop mode says, and arms the callbacks again.
     friend void QTFinishedPlayingProc(platform::MovieCallBack* callBack, CBMovie* movie);
-    void disposeCallBacks();
     void armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger, platform::TimeValue time);
     void dropTimer();
 
     std::unique_ptr<platform::Movie> m_movie;
     int m_loopmode = kLoopNone;
     bool m_playsSelectionOnly = false;
-    // [0] waits for the end going forwards, [1] for the beginning going backwards.
-    std::array<std::unique_ptr<platform::MovieCallBack>, 2> m_loopmodeCallBacks;
+    std::array<std::unique_ptr<platform::MovieCallBack>, 2> m_loopmodeCallBacks; // at the end, the beginning
     std::shared_ptr<platform::Timer> m_moviesTaskTimer;
     std::optional<std::string> m_name;
 };
-
-// The movie has come to an end of play: turns or rewinds it as its loop mode says and waits for the next
-// time.
-void QTFinishedPlayingProc(platform::MovieCallBack* callBack, CBMovie* movie);

@@ -27,7 +27,7 @@ bool GameMusic::fInited = false;
 int GameMusic::itrackCurrent = -1;
 float GameMusic::fltVolume = 1.0F;
 
-// Until a race reduces it the stored index may be any number.
+// The stored index may be any number until the first race takes its remainder.
 bool GameMusic::HasCurrentTrack()
 {
     return itrackCurrent > -1 && itrackCurrent < kTrackCount;
@@ -47,7 +47,7 @@ void GameMusic::InitTracks()
     fInited = true;
 }
 
-// The remainder keeps the sign of a stored index: below zero there is no track, and that race is silent.
+// The remainder keeps the sign of a stored index: below zero there is no track, and the race is silent.
 void GameMusic::StartTrack()
 {
     InitTracks();
@@ -60,7 +60,7 @@ void GameMusic::StartTrack()
     }
 }
 
-// Without volume nothing was started, so nothing is stopped.
+// At volume 0 nothing was started, so nothing is stopped.
 void GameMusic::StopTrack()
 {
     if (HasCurrentTrack() && fltVolume > 0.0F)

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The playlist: four tracks, of which each race plays the next, over and over until it ends. The place in the
-// list survives between runs. Game and the pause menu are the callers; a GameMusic itself is the handle of
-// one track.
+// list survives between runs. A GameMusic itself is one track.
 #pragma once
 
 #include <array>

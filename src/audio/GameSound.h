@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// One sound effect, as the game, the world and the menus hold it. All effects share one switch.
+// One sound effect. All effects share one switch.
 #pragma once
 
 class GameSoundNSSound;
@@ -9,8 +9,8 @@ class GameSoundNSSound;
 class GameSound
 {
 public:
-    // fileName: with its extension, in the resources' "Sounds" folder. All who name the same file share one
-    // adapter, which lives until the process ends: a new race costs no new sounds.
+    // fileName: with its extension, in the resources' "Sounds" folder. All handles of one file share one
+    // adapter, which lives until the process ends, so that a new race decodes nothing.
     explicit GameSound(char const* fileName);
 
     void Play() const; // nothing while effects are off
@@ -22,7 +22,7 @@ public:
     bool IsPlaying() const;
 
 private:
-    // On at every start, whatever the stored "SoundVolume" says. Deliberate.
+    // On at every start: nothing applies the stored "SoundVolume" then.
     static bool fSoundOn;
 
     GameSoundNSSound* m_adapter;

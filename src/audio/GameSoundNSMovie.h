@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Adapter between the playlist and a movie that carries a music track. A missing file makes a silent adapter
-// and one log line.
+// Adapter between the playlist and the movie of a music track. A missing file makes a silent adapter and one
+// log line.
 #pragma once
 
 #include <memory>

@@ -8,7 +8,7 @@
 #include "platform/base/OpenGL.h"
 #include "platform/window/Display.h"
 #include "settings/GameSettings.h"
-#include "world/Universe.h"
+#include "world/view/Scene.h"
 
 namespace
 {
@@ -37,7 +37,7 @@ bool kGLView::initWithFrame(platform::Rect frame)
         Log("Invalid format... terminating.");
         return false;
     }
-    Universe::DecodePicturesAhead();
+    Scene::DecodePicturesAhead();
     if (!initWithPixelFormat(frame, {.colorSize = 32, .depthSize = 32}))
     {
         Log("Self not created... terminating.");

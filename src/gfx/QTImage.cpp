@@ -28,8 +28,6 @@ char TypeCharacter(platform::FourCharCode type, unsigned shift)
 
 } // namespace
 
-QTImage::~QTImage() = default;
-
 std::shared_ptr<QTImage> QTImage::imageWithName(char const* name)
 {
     auto image = std::make_shared<QTImage>();

@@ -16,9 +16,6 @@
 class QTImage : public GBuffer
 {
 public:
-    QTImage() = default;
-    ~QTImage() override;
-
     // The picture of that name in the resources' "Images" folder; null when there is none that can be read.
     static std::shared_ptr<QTImage> imageWithName(char const* name);
 
@@ -32,7 +29,7 @@ public:
     bool SetImportGWorldWithScale(bool scale);
 
     // Decodes into a buffer of the next powers of two, at most 1024 each way, and forgets the file's bytes.
-    // True also for a picture that cannot be drawn: the buffer then stays as it was.
+    // True also when drawing fails; the buffer then stays as it was.
     bool CreateImageWithBitdepth(int depth);
 
     void ReleaseImageData();

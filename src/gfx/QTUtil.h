@@ -19,7 +19,7 @@ int QTLoadAsTexture(unsigned long* texture, char const* name);
 // same ones. Null, after one log line for the whole run, when it cannot be had.
 std::shared_ptr<QTImage const> QTDecodedImage(char const* name);
 
-// Decodes those pictures on a thread of its own, while the display opens. The next QTDecodedImage() waits for
+// Decodes those pictures on another thread, while the display opens. The next QTDecodedImage() waits for
 // all of them.
 void QTDecodeAhead(std::vector<std::string> names);
 

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // One asteroid of the field: a body with a size class, drawn as a textured sphere that does not turn.
-// All share one texture and twelve display lists, four sizes in three levels of detail, which ReadSettings()
-// builds.
+// All share one texture and twelve display lists: four sizes in three levels of detail.
 #pragma once
 
 #include "world/Body.h"
@@ -34,7 +33,7 @@ public:
     Roid(Roid const&) = delete;
     Roid& operator=(Roid const&) = delete;
 
-    // Releases what all asteroids share: they go only together with their universe.
+    // Deletes the texture and the lists: the asteroids of a field are destroyed together.
     ~Roid();
 
     // Builds texture and lists anew from the settings, for a new field.
@@ -50,7 +49,7 @@ public:
     // Moves the asteroid to the position and draws it there. False when its centre is out of view.
     bool Render(TQ3Vector3D const& position, Frustum const& frustum);
 
-    // What Render() does once it knows that the asteroid is in view.
+    // Draws an asteroid that is in view.
     static void Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail);
     static int LevelOfDetail(float distanceSquared)
     {

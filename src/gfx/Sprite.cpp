@@ -95,7 +95,7 @@ void Sprite::set() const
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
         break;
     case kMipMapped:
-        // The nearest level only, cheaper than the blend of two that is set at creation.
+        // Reads the nearest level, where the filter set at creation blends two.
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
         break;
     default:

@@ -14,7 +14,7 @@ public:
     static constexpr int kLinear = 2;
     static constexpr int kMipMapped = 3;
 
-    // False when OpenGL gives no texture name. image: its buffer is filled.
+    // image: with a decoded picture. False when OpenGL gives no texture name.
     bool CreateTextureFromImage(QTImage const& image, int mipMapping);
 
     // Binds the texture and sets how it is minified.

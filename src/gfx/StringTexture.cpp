@@ -11,8 +11,6 @@
 namespace
 {
 
-constexpr platform::Color kOpaqueWhite{1.0F, 1.0F, 1.0F, 1.0F};
-constexpr platform::Color kTransparentWhite{1.0F, 1.0F, 1.0F, 0.0F};
 constexpr float kFrameWidth = 1.5F;
 
 } // namespace
@@ -43,16 +41,6 @@ StringTexture& StringTexture::initWithString(std::string const& string, Attribut
                                              platform::Color borderColor)
 {
     return initWithAttributedString({string, attributes}, textColor, boxColor, borderColor);
-}
-
-StringTexture& StringTexture::initWithAttributedString(platform::AttributedString string)
-{
-    return initWithAttributedString(std::move(string), kOpaqueWhite, kTransparentWhite, kTransparentWhite);
-}
-
-StringTexture& StringTexture::initWithString(std::string const& string, Attributes const& attributes)
-{
-    return initWithAttributedString({string, attributes});
 }
 
 void StringTexture::setString(platform::AttributedString string)

@@ -22,14 +22,18 @@ public:
     StringTexture(StringTexture const&) = delete;
     StringTexture& operator=(StringTexture const&) = delete;
 
+    static constexpr platform::Color kOpaqueWhite{1.0F, 1.0F, 1.0F, 1.0F};
+    static constexpr platform::Color kTransparentWhite{1.0F, 1.0F, 1.0F, 0.0F};
+
     // Every object is initialised by one of these. Without colours: opaque white text, no box, no frame.
-    StringTexture& initWithAttributedString(platform::AttributedString string, platform::Color textColor,
-                                            platform::Color boxColor, platform::Color borderColor);
+    StringTexture& initWithAttributedString(platform::AttributedString string,
+                                            platform::Color textColor = kOpaqueWhite,
+                                            platform::Color boxColor = kTransparentWhite,
+                                            platform::Color borderColor = kTransparentWhite);
     StringTexture& initWithString(std::string const& string, Attributes const& attributes,
-                                  platform::Color textColor, platform::Color boxColor,
-                                  platform::Color borderColor);
-    StringTexture& initWithAttributedString(platform::AttributedString string);
-    StringTexture& initWithString(std::string const& string, Attributes const& attributes);
+                                  platform::Color textColor = kOpaqueWhite,
+                                  platform::Color boxColor = kTransparentWhite,
+                                  platform::Color borderColor = kTransparentWhite);
 
     // Each throws the texture away.
     void setString(platform::AttributedString string);
@@ -39,7 +43,9 @@ public:
     void setBorderColor(platform::Color color);
     void setMargins(platform::Size size);     // between the frame's edge and the text, pixels
     void useStaticFrame(platform::Size size); // the bitmap's size, whatever the text
-    void useDynamicFrame(); // back to a size that follows the text; nothing when it does already
+
+    // Back to a size that follows the text; keeps the texture when it does already.
+    void useDynamicFrame();
 
     unsigned texName() const { return m_texName; }       // 0 without a texture
     platform::Size texSize() const { return m_texSize; } // pixels of the bitmap last uploaded

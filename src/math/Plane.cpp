@@ -36,7 +36,8 @@ void Widen(float value, float* min, float* max)
     }
 }
 
-// A plane along z keeps or drops whole lines: tilted by a hair it does so at their far ends.
+// A line along z cuts a plane that is parallel to z nowhere. Such a plane is tilted this much, so that the
+// cut lies far outside the view.
 constexpr float kLeastTilt = 1e-9F;
 
 bool IsLower(Plane const& plane)
@@ -73,8 +74,8 @@ Plane& Plane::Normalize()
 Frustum::Frustum(float fov, float aspect, TQ3Vector3D const* position, TQ3Vector3D const* direction,
                  TQ3Vector3D const* up, float distance)
 {
-    // One unit wider than the exact view, and the width by one more: what pokes in from outside by its
-    // radius, though its centre is out of view, is still drawn.
+    // One unit more than the exact view in height, and two in width: an asteroid whose centre is just out of
+    // view is still partly seen, and points are tested without a radius.
     auto const halfHeight = static_cast<float>(std::tan(fov * 0.5) * distance + 1.0);
     float const halfWidth = halfHeight * aspect + 1.0F;
 
@@ -106,8 +107,7 @@ Frustum::RowLimit::RowLimit(Plane const& plane, float slack)
     perY = -plane.b / c;
 }
 
-// With the slack that rounding may need: beyond 0.01, some units in the last place of coordinates that grow
-// with the distance from the origin.
+// The slack covers rounding errors, which grow with the distance from the origin.
 void Frustum::FindRowLimits()
 {
     float low[3];

@@ -15,8 +15,7 @@ public:
     Plane() = default;
     Plane(TQ3Vector3D const& p, TQ3Vector3D const& q, TQ3Vector3D const& r) { Init(p, q, r); }
 
-    // The plane through three points, which must not lie on a line; its normal is (p - q) x (r - q). Returns
-    // 0.
+    // The plane through three points that do not lie on one line. Its normal is (p - q) x (r - q). Returns 0.
     int Init(TQ3Vector3D const& p, TQ3Vector3D const& q, TQ3Vector3D const& r);
 
     // Divides all four by the length of the normal.
@@ -31,7 +30,6 @@ public:
 };
 
 // The view volume of one frame: apex at the eye, four side planes and a far plane, no near plane.
-// Universe builds one a frame; asteroids and markers are culled against it by their centres.
 class Frustum
 {
 public:
@@ -47,9 +45,8 @@ public:
                  m_bottom.Distance(p) < 0.0F || m_far.Distance(p) < 0.0F);
     }
 
-    // Narrows a stretch of the line along z through (x, y), in the bounding box or near it, to what may be
-    // inside. It leaves no point out that IsPointInside() takes in, and may leave nothing: then maxZ is below
-    // minZ.
+    // Shortens minZ..maxZ on the line along z through (x, y), which lies in the bounding box or near it.
+    // Every point for which IsPointInside() is true stays in the range. An empty range has maxZ below minZ.
     void NarrowToView(float x, float y, float* minZ, float* maxZ) const
     {
         for (int i = 0; i < m_lowerCount; ++i)

@@ -16,7 +16,7 @@ TQ3Quaternion Scaled(TQ3Quaternion const& q, double factor)
             static_cast<float>(q.y * factor), static_cast<float>(q.z * factor)};
 }
 
-// The unit axis along which the vector reaches least; x wins a tie with y, and z wins none.
+// The unit axis along which the vector has its smallest component. On a tie: x before y before z.
 TQ3Vector3D LeastAxis(TQ3Vector3D const& v)
 {
     float const x = std::fabs(v.x);
@@ -105,8 +105,7 @@ void Q3Vector3D_TransformQuaternion(TQ3Vector3D const* v, TQ3Quaternion const* q
     TQ3Quaternion const p{0.0F, v->x, v->y, v->z};
     TQ3Quaternion const c{q->w, -q->x, -q->y, -q->z};
 
-    // The zero scalar part of p takes part like any other factor, so that infinities and NaNs spread the same
-    // way.
+    // p.w is 0, but is multiplied all the same: 0 times infinity is NaN, and the result shall show it.
     TQ3Quaternion const t{
         p.w * c.w - p.x * c.x - p.y * c.y - p.z * c.z, p.w * c.x + p.x * c.w + p.y * c.z - p.z * c.y,
         p.w * c.y + p.y * c.w + p.z * c.x - p.x * c.z, p.w * c.z + p.z * c.w + p.x * c.y - p.y * c.x};

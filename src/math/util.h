@@ -20,8 +20,8 @@ void FltSwap(float& a, float& b);
 // True within an absolute distance of 0.01, whatever the size of the numbers.
 bool FltIsCloseTo(float a, float b);
 
-// The next number of the platform's 31-bit random sequence scaled by 2^-31: in [0, 1), but that one draw in
-// some 30 million rounds up to 1.
+// The next number of the platform's 31-bit random sequence, scaled by 2^-31: in [0, 1). One draw in some 30
+// million is rounded to 1.
 float Rand();
 
 // In [lo, hi); rounding to float may give hi itself.

@@ -23,15 +23,10 @@ Preferences& Store()
     return Preferences::standard();
 }
 
-template <typename Number>
-Preferences::Value DefaultOf(NumberSetting<Number> const& setting)
+template <typename Kind>
+Preferences::Value DefaultOf(Kind const& setting)
 {
     return setting.standard;
-}
-
-Preferences::Value DefaultOf(TextSetting const& setting)
-{
-    return std::string(setting.standard);
 }
 
 Preferences::Value DefaultOf(ListSetting const&)
@@ -39,39 +34,18 @@ Preferences::Value DefaultOf(ListSetting const&)
     return std::vector<int>{};
 }
 
-void LogOnce(char const* key, double value, double held)
-{
-    static std::set<std::string> logged;
-    if (logged.insert(key).second)
-    {
-        platform::LogFormat("The setting %s is %g, which the game cannot play with; it takes %g", key, value,
-                            held);
-    }
-}
-
-// A NaN is held to the upper end.
 template <typename Number>
 Number Hold(NumberSetting<Number> const& setting, Number value)
 {
-    bool const anyWillDo = setting.least == setting.most;
-    if (anyWillDo || (value >= setting.least && value <= setting.most))
+    static std::set<std::string> logged;
+    bool const isNumber = value == value; // a NaN is not
+    Number const held = isNumber ? std::clamp(value, setting.least, setting.most) : setting.standard;
+    if (held != value && logged.insert(setting.key).second)
     {
-        return value;
+        platform::LogFormat("The setting %s is %g, which the game cannot play with; it takes %g", setting.key,
+                            static_cast<double>(value), static_cast<double>(held));
     }
-    Number const held = value < setting.least ? setting.least : setting.most;
-    LogOnce(setting.key, value, held);
     return held;
-}
-
-// The longest prefix of at most maxBytes that does not end inside a UTF-8 sequence.
-std::size_t WholeCharacters(std::string const& text, std::size_t maxBytes)
-{
-    std::size_t length = std::min(text.size(), maxBytes);
-    while (length > 0 && length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U)
-    {
-        --length;
-    }
-    return length;
 }
 
 } // namespace
@@ -79,10 +53,8 @@ std::size_t WholeCharacters(std::string const& text, std::size_t maxBytes)
 void GameSettings::Initialize()
 {
     Preferences::Defaults defaults;
-    for (auto const& row : setting::kTable)
-    {
-        std::visit([&](auto const& setting) { defaults[setting.key] = DefaultOf(setting); }, row);
-    }
+    std::apply([&](auto const&... settings) { ((defaults[settings.key] = DefaultOf(settings)), ...); },
+               setting::kTable);
     Store().registerDefaults(defaults);
     Store().registerMerge(setting::kRaceTimes.key, MergedRaceTimes);
 }
@@ -115,7 +87,11 @@ void GameSettings::SetFloatParam(FloatSetting const& setting, float value)
 void GameSettings::GetStringParam(TextSetting const& setting, char* buffer, std::size_t size)
 {
     std::string const text = Store().stringForKey(setting.key);
-    std::size_t const length = WholeCharacters(text, size - 1);
+    std::size_t length = std::min(text.size(), size - 1);
+    while (length > 0 && (text[length] & 0xC0) == 0x80) // inside a character
+    {
+        --length;
+    }
     std::memcpy(buffer, text.data(), length);
     buffer[length] = '\0';
 }

@@ -5,8 +5,8 @@
 // typing error or a wrong type does not compile.
 //
 // Nothing is cached: a get reads the preferences and a set writes them, so the next reader sees a change at
-// once. A stored number beyond the range of its setting reads as the nearest end of the range; the first time
-// that a setting needs this, it is logged.
+// once. A stored number beyond the range of its setting reads as the nearest end of the range, and one that
+// is no number (NaN) as the default; the first time that a setting needs this, it is logged.
 #pragma once
 
 #include "settings/SettingTable.h"

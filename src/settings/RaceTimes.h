@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The table of best race times where two running games have changed it. GameSettings registers this with the
-// preferences.
+// The table of best race times where two running games have changed it.
 #pragma once
 
 #include <vector>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The base of every screen of choices: a column of text items over the scene, with highlighting under the
-// pointer, clicks and keys. At most one menu is current; Game draws it and hands it the events.
+// pointer, clicks and keys. At most one menu is current.
 #pragma once
 
 #include <memory>
@@ -56,7 +56,6 @@ public:
 
     int GetItemCount() const { return static_cast<int>(m_items.size()); }
     Overlay const& GetItem(int item) const { return *m_items[static_cast<std::size_t>(item)]; }
-    int GetSelected() const { return m_selected; }
 
 protected:
     void RememberLayout(int width, int height);

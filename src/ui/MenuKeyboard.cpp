@@ -138,41 +138,30 @@ bool MenuKeyboard::KeyDown(unsigned short ch)
 
 void MenuKeyboard::SetStringForItem(int item)
 {
-    std::string label;
-    switch (item)
-    {
-    case kThrustUp:
+    constexpr char const* kLabels[] = {
         // Translators: a label before a key's name or "[Type a key]"; keep the blank at its end.
-        label = localizedString("Increase Throttle Key: ");
-        break;
-    case kThrustDown:
-        label = localizedString("Decrease Throttle Key: ");
-        break;
-    case kPause:
-        label = localizedString("Pause Game key: ");
-        break;
-    case kInvert:
+        MarkForCatalogue("Increase Throttle Key: "),
+        MarkForCatalogue("Decrease Throttle Key: "),
+        MarkForCatalogue("Pause Game key: "),
+        // Translators: a label before YES or NO; keep the two blanks at its end.
+        MarkForCatalogue("Invert Mouse Up/Down:  "),
+    };
+    std::string text = localizedString(kLabels[item]);
+    if (item == kInvert)
     {
         bool const inverted = GameSettings::GetIntParam(setting::kMouseInvert) != 0;
-        // Translators: a label before YES or NO; keep the two blanks at its end.
-        label = localizedString("Invert Mouse Up/Down:  ") +
-                localizedString(inverted ? MarkForCatalogue("YES") : MarkForCatalogue("NO"));
-        SetItem(item, label.c_str());
-        return;
+        text += localizedString(inverted ? MarkForCatalogue("YES") : MarkForCatalogue("NO"));
     }
-    default:
-        return;
-    }
-    if (m_capture != -1)
+    else if (m_capture != -1)
     {
         // Translators: stands in place of a key's name while the game waits for the player to press one.
-        label += localizedString("[Type a key]");
+        text += localizedString("[Type a key]");
     }
     else
     {
-        label += KeyName(GameSettings::GetUniCharParam(kKeySettings[item]));
+        text += KeyName(GameSettings::GetUniCharParam(kKeySettings[item]));
     }
-    SetItem(item, label.c_str());
+    SetItem(item, text.c_str());
 }
 
 std::string MenuKeyboard::KeyName(unsigned short ch)

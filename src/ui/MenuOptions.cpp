@@ -36,7 +36,6 @@ enum SoundItem
     kSoundBack,
 };
 
-// A NaN fails every comparison and so falls into the last range.
 char const* ViewDistanceWord(float fogEndHigh)
 {
     if (fogEndHigh < 50.0F)

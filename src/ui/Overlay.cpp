@@ -102,7 +102,7 @@ void Overlay::Render(int width, int height)
     glMatrixMode(static_cast<GLenum>(matrixMode));
     glDisable(GL_TEXTURE_RECTANGLE_EXT);
     glDisable(GL_BLEND);
-    glEnable(GL_LIGHTING); // whether or not it was on before, deliberately
+    glEnable(GL_LIGHTING); // even if it was off before
     if (depthTested)
     {
         glEnable(GL_DEPTH_TEST);

@@ -44,27 +44,12 @@ void Body::SetSize(float r)
     m_diameter = r + r;
 }
 
-void Body::SetPos(TQ3Vector3D const& position)
-{
-    m_position = position;
-}
-
-void Body::SetPos(float x, float y, float z)
-{
-    SetPos({x, y, z});
-}
-
 void Body::MoveTo(TQ3Vector3D const& position)
 {
     TQ3Vector3D delta;
     Vector3D_Subtract(&position, &m_position, &delta);
     m_position = position;
     Vector3D_Add(&m_lookAt, &delta, &m_lookAt);
-}
-
-void Body::MoveTo(float x, float y, float z)
-{
-    MoveTo({x, y, z});
 }
 
 void Body::Translate(TQ3Vector3D const& offset)
@@ -77,11 +62,6 @@ void Body::SetMinMaxVelocity(float min, float max)
 {
     m_minVelocity = min;
     m_maxVelocity = max;
-}
-
-void Body::SetAccel(float const& accel)
-{
-    m_accel = accel;
 }
 
 void Body::SetVelocity(float const& speed)

@@ -21,16 +21,16 @@ public:
     void SetSize(float r); // radius; the diameter follows
 
     // Moves the centre only. The facing point stays where it was: for bodies whose facing does not matter.
-    void SetPos(TQ3Vector3D const& position);
-    void SetPos(float x, float y, float z);
+    void SetPos(TQ3Vector3D const& position) { m_position = position; }
+    void SetPos(float x, float y, float z) { m_position = {x, y, z}; }
 
     // Moves the centre and keeps the facing.
     void MoveTo(TQ3Vector3D const& position);
-    void MoveTo(float x, float y, float z);
+    void MoveTo(float x, float y, float z) { MoveTo({x, y, z}); }
     void Translate(TQ3Vector3D const& offset);
 
     void SetMinMaxVelocity(float min, float max);
-    void SetAccel(float const& accel);
+    void SetAccel(float const& accel) { m_accel = accel; }
     void SetVelocity(float const& speed); // held within the range, whose minimum wins over its maximum
 
     void SetRotationRate(TQ3Vector3D const& axis, float rate); // radians per second about the axis as given

@@ -27,7 +27,7 @@ void Camera::SetDefaults()
     m_targetVPct = 0.0F;
     m_maxRotation = 0.1F;
 
-    // Every ship collides with the same radius; the setting decides its diameter only, deliberately.
+    // The setting decides the diameter only: a ship of any size passes the same gaps.
     m_radius = 0.1F;
 }
 
@@ -58,7 +58,7 @@ void Camera::LookAt() const
 
 bool Camera::Tick(double dt)
 {
-    // No snapping to the wanted speed: the ship hunts around it by one frame's acceleration, deliberately.
+    // The speed does not snap to the wanted one: it goes up and down around it by one frame's acceleration.
     float const target = m_targetVPct * GetMaxVelocity();
     float accel = 0.0F;
     if (target > GetSpeed())

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The player's ship and the viewpoint of the scene at once: a body that chases a throttle setting and turns
-// as asked. Universe owns the only one and routes the player's wishes to it.
+// as asked.
 #pragma once
 
 #include "world/Body.h"
@@ -18,10 +18,7 @@ public:
     void SetDefaults();
 
     void SetMaxAcceleration(float acceleration) { m_maxAcceleration = acceleration; } // units/s^2
-    void SetMaxRotation(float rotations)
-    {
-        m_maxRotation = rotations;
-    } // full deflection, rotations per second
+    void SetMaxRotation(float rotations) { m_maxRotation = rotations; } // per second, at full deflection
     float GetMaxAcceleration() const { return m_maxAcceleration; }
     float GetMaxRotation() const { return m_maxRotation; }
 

@@ -10,7 +10,6 @@
 
 #include <cassert>
 #include <cmath>
-#include <limits>
 
 Universe::Universe()
     : m_camera(this),
@@ -137,8 +136,7 @@ bool Universe::WillPathCollide(TQ3Vector3D const& start, TQ3Vector3D const& end,
                                TQ3Vector3D* hitPoint, float* hitFraction) const
 {
     PathHit const hit = NearestHit(m_field, {start, end, radius, m_searchMargin});
-    if (!(hit.squaredDistance <= std::numeric_limits<float>::max() &&
-          hit.squaredDistance < DistSquared(end, start)))
+    if (!(hit.squaredDistance < DistSquared(end, start))) // infinite where there is none
     {
         return false;
     }

@@ -21,15 +21,8 @@ public:
     static constexpr int kLevelCount = AsteroidField::kLevelCount;
     static constexpr int kWaypointCount = Course::kWaypointCount;
 
-    static void DecodePicturesAhead() { Scene::DecodePicturesAhead(); }
-
     // Reads the settings and draws field and course from the random sequence. An OpenGL context is current.
     Universe();
-
-    // The sky texture is not released: whoever replaces a world deletes GetSkyTexture().
-    ~Universe() = default;
-    Universe(Universe const&) = delete;
-    Universe& operator=(Universe const&) = delete;
 
     // One frame: simulation and clock. dt: seconds, not 0.
     void Tick(double dt);
@@ -64,7 +57,10 @@ public:
 
     float PointToFrustumDepth(TQ3Vector3D const& p) const { return m_scene.FogEndAt(p); }
     void InitCubeTexture() { m_scene.LoadSky(); }
+
+    // Not released with the world: whoever replaces a world deletes it.
     unsigned long GetSkyTexture() const { return m_scene.GetSkyTexture(); }
+
     void RenderEnvironmentBox() const { m_scene.RenderSkyBox(); }
 
     void SetCockpitVisible(bool visible) { m_isCockpitHidden = !visible; }

@@ -50,7 +50,7 @@ Waypoint::Waypoint(Universe const* universe, TQ3Vector3D const& position) : Body
     SetDefaults();
 }
 
-// The place stays as it is: only size and spin are a marker's own.
+// The place stays as it is.
 void Waypoint::SetDefaults()
 {
     SetRotationRate({0.0F, 1.0F, 0.0F}, kSpin);

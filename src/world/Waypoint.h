@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A course marker: the spiked cube that the ship must touch next.
-// It spins a quarter turn a second and never moves by itself; Universe places it.
+// It spins a quarter turn a second and never moves by itself.
 #pragma once
 
 #include "world/Body.h"

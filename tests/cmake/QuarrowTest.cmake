@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
 
-# The headers of the framework cost more to read than most tests to compile: they are compiled once and shared by all
-# test programs. Not under a compiler launcher: a cache of objects finds nothing again behind a precompiled header.
+# The framework's headers take longer to compile than most tests: they are compiled once, for all test programs. Not
+# under a compiler launcher: a cache of objects never finds a source again that uses a precompiled header.
 if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     add_library(quarrow_test_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/headers.cpp)
     target_link_libraries(quarrow_test_headers PRIVATE quarrow_options GTest::gmock PkgConfig::SDL2)
@@ -10,21 +10,21 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     target_precompile_headers(quarrow_test_headers PRIVATE
         <gmock/gmock.h> <gtest/gtest.h> <algorithm> <array> <cmath> <filesystem> <fstream> <functional> <memory>
         <string> <vector>)
-    # As the programs that share them are compiled.
+    # The same flags as the programs that share them.
     set_target_properties(quarrow_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF QUARROW_IS_TEST ON)
     target_compile_options(quarrow_test_headers PRIVATE -fPIE -pthread)
 endif()
 
 # quarrow_light_test(<target>)
-# Compiles a test program quickly: shared headers, and in a release build no more optimisation than pays for itself.
-# What is under test is in libraries and keeps the optimisation of the build.
+# Compiles a test program quickly: shared headers, and in a release build little optimisation. What is under test is in
+# libraries and keeps the optimisation of the build.
 function(quarrow_light_test target)
     set_target_properties(${target} PROPERTIES QUARROW_IS_TEST ON)
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
-    # In concatenations of std::string GCC 12 then sees overruns that are none, as in its bug 105329.
+    # At -O1 GCC 12 warns of overruns in concatenations of std::string that do not exist (its bug 105329).
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-stringop-overflow>)
     if(TARGET quarrow_test_headers)
-        target_compile_options(${target} PRIVATE -pthread) # as Pango has it, where that is linked
+        target_compile_options(${target} PRIVATE -pthread) # Pango adds it where it is linked
         target_precompile_headers(${target} REUSE_FROM quarrow_test_headers)
     endif()
 endfunction()

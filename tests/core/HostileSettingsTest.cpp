@@ -7,6 +7,7 @@
 #include "core/Game.h"
 #include "core/GameEvent.h"
 #include "core/GameEventNSEvent.h"
+#include "platform/base/OpenGL.h"
 #include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "support/gl/RecordingGL.h"
@@ -64,10 +65,7 @@ class DrawnSettings
 public:
     explicit DrawnSettings(unsigned seed) : m_random(seed)
     {
-        for (auto const& row : setting::kTable)
-        {
-            std::visit([this](auto const& setting) { Draw(setting); }, row);
-        }
+        std::apply([this](auto const&... settings) { (Draw(settings), ...); }, setting::kTable);
     }
     ~DrawnSettings()
     {
@@ -169,21 +167,49 @@ TEST_F(HostileSettings, NothingIsDrawnBeyondTheLongestView)
     EXPECT_LE(farthest, 81.0);
 }
 
-// However dense the field, a view holds no more asteroids than can be drawn.
-TEST_F(HostileSettings, DenseFieldsEndTheViewEarlier)
+TEST_F(HostileSettings, HazeEndsWhereTheSettingSaysInAFullFieldToo)
 {
     test::ScopedSetting const far(setting::kFogEndHigh, 80.0F);
     test::ScopedSetting const density(setting::kAsteroidsDensityEdge, 1.0F);
-    test::ScopedSetting const centre(setting::kAsteroidsDensityCenter, 1.0F);
     Game::pGame->SwitchToState(kStateMenu);
     Game::pGame->SwitchToState(kStatePlaying);
     recording::start();
     Game::pGame->Render(800, 600);
     auto const calls = recording::stop();
-    auto const drawn =
-        std::ranges::count_if(calls, [](auto const& call) { return call.name == "glCallList"; });
-    EXPECT_GT(drawn, 200);
-    EXPECT_LT(drawn, 2500);
+    EXPECT_TRUE(std::ranges::any_of(
+        calls, [](recording::Call const& call)
+        { return call.name == "glFogf" && call.arguments[0] == GL_FOG_END && call.arguments[1] == 80.0; }));
+}
+
+// How far to the right of its course the ship has turned after half a second with the pointer at the right
+// edge.
+float TurnToTheRight()
+{
+    Game::pGame->SwitchToState(kStateMenu);
+    Game::pGame->SwitchToState(kStatePlaying);
+    Camera const& ship = *Game::pGame->GetUniverse()->GetCamera();
+    TQ3Vector3D facing;
+    ship.GetFacingNormal(&facing);
+    TQ3Vector3D right;
+    Vector3D_Cross(&facing, &ship.GetUp(), &right);
+    PointAt(800.0F, 300.0F);
+    Game::pGame->Render(800, 600);
+    Game::pGame->GetUniverse()->Tick(0.5);
+    ship.GetFacingNormal(&facing);
+    return Vector3D_Dot(&facing, &right);
+}
+
+TEST_F(HostileSettings, SensitivityBelowZeroReversesTheTurn)
+{
+    EXPECT_GT(TurnToTheRight(), 0.1F);
+    test::ScopedSetting const sensitivity(setting::kMouseSensitivity, -1.0F);
+    EXPECT_LT(TurnToTheRight(), -0.1F);
+}
+
+TEST_F(HostileSettings, DeadZoneAsWideAsTheSensitivityLeavesNoTurn)
+{
+    test::ScopedSetting const deadZone(setting::kMouseDeadCenterPct, 1.0F);
+    EXPECT_NEAR(TurnToTheRight(), 0.0F, 1e-6F); // rounding
 }
 
 } // namespace

@@ -81,7 +81,7 @@ TEST_F(StringTextureTest, TheInitialisersTakeColours)
     EXPECT_EQ(m_texture.string().string(), "y");
 }
 
-// A string that measures 100 x 14 has a frame of 108 x 18.
+// With margins of (4, 2) on each side.
 TEST_F(StringTextureTest, TheFrameIsTheTextWithItsMargins)
 {
     platform::Size const text = measured("Start Race");

@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "locale/Language.h"
 
-#include "platform/base/Bundle.h"
 #include "platform/base/Locale.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 namespace
 {
 
-constexpr char const* kVariables[] = {"LC_ALL", "LC_MESSAGES", "LANG", "LANGUAGE"};
+constexpr char const* kVariables[] = {"LC_ALL", "LC_CTYPE", "LC_MESSAGES", "LANG", "LANGUAGE"};
 
 void Set(char const* name, std::optional<std::string> const& value)
 {
@@ -23,6 +23,20 @@ void Set(char const* name, std::optional<std::string> const& value)
     {
         unsetenv(name);
     }
+}
+
+// "de_DE.UTF-8" for "de".
+std::string LocaleOf(std::string const& language)
+{
+    for (auto const& entry : std::filesystem::directory_iterator(QUARROW_LOCALES))
+    {
+        std::string const name = entry.path().filename();
+        if (name.starts_with(language) && name.ends_with(".UTF-8"))
+        {
+            return name;
+        }
+    }
+    return "C";
 }
 
 // The text between a line's first and last quote, \" read as a quote.
@@ -42,8 +56,9 @@ std::string Quoted(std::string const& line)
 namespace language
 {
 
-Environment::Environment(Values const& values)
+Spoken::Spoken(Values const& values)
 {
+    setenv("LOCPATH", QUARROW_LOCALES, 1);
     for (char const* const name : kVariables)
     {
         char const* const before = std::getenv(name);
@@ -51,56 +66,20 @@ Environment::Environment(Values const& values)
         auto const value = values.find(name);
         Set(name, value != values.end() ? std::optional(value->second) : std::nullopt);
     }
+    platform::SelectLanguage();
 }
 
-Environment::~Environment()
+Spoken::Spoken(std::string const& name) : Spoken(Values{{"LANG", LocaleOf(name)}})
+{
+}
+
+Spoken::~Spoken()
 {
     for (auto const& [name, value] : m_before)
     {
         Set(name.c_str(), value);
     }
-}
-
-Spoken::Spoken(std::string const& name) : m_environment(Values{{"LANG", name + ".UTF-8"}})
-{
-    Select(Catalogues());
-}
-
-Spoken::~Spoken()
-{
-    Environment const english(Values{{"LANG", "C"}});
-    Select(Catalogues());
-}
-
-void Select(std::filesystem::path const& folder)
-{
-    // The first look-up selects the program's own catalogues.
-    static std::string const bound = platform::Bundle::localizedString("");
-    platform::SelectLanguage("quarrow", folder);
-}
-
-std::filesystem::path Catalogues()
-{
-    return QUARROW_CATALOGUES;
-}
-
-Folder::Folder()
-{
-    std::string name = std::filesystem::temp_directory_path() / "quarrow-XXXXXX";
-    m_path = mkdtemp(name.data());
-}
-
-Folder::~Folder()
-{
-    std::error_code error;
-    std::filesystem::remove_all(m_path, error);
-}
-
-std::filesystem::path Folder::Catalogue(std::string const& name) const
-{
-    std::filesystem::path const folder = m_path / name / "LC_MESSAGES";
-    std::filesystem::create_directories(folder);
-    return folder / "quarrow.mo";
+    platform::SelectLanguage();
 }
 
 std::vector<std::string> Shipped()

@@ -72,7 +72,7 @@ TEST(NarrowToView, LosesNoCellOfTheView)
     }
 }
 
-// The slack lets in a cell now and then, where a row all but touches the view.
+// The slack adds a cell here and there, where a row passes close by the view.
 TEST(NarrowToView, KeepsHardlyMoreThanTheView)
 {
     for (int turn = 0; turn < 40; ++turn)

@@ -18,8 +18,8 @@ constexpr TQ3Vector3D kOrigin{0.0F, 0.0F, 0.0F};
 constexpr TQ3Vector3D kForwards{0.0F, 0.0F, -1.0F};
 constexpr TQ3Vector3D kUp{0.0F, 1.0F, 0.0F};
 
-// A quarter of a turn wide and high, one unit deep, from the origin down the z axis: two units high and three
-// wide to either side, by the widening of one unit for the height and a second one for the width.
+// From the origin along -z, 90 degrees wide and high, one unit deep. At the far plane that is 1 unit to each
+// side; widened, 2 units up and down and 3 to the left and right.
 Frustum DownTheZAxis()
 {
     return Frustum(kRightAngle, 1.0F, &kOrigin, &kForwards, &kUp, 1.0F);

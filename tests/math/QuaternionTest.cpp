@@ -189,7 +189,7 @@ TEST(QuaternionTest, VectorToVectorIsTheShortestArc)
     EXPECT_THAT(Rotated(kX, q), IsNear(0.0F, 1.0F, 0.0F, kRounding));
 }
 
-// The axis is y or z by the design's rule: the least component of (-1, 0, 0) is y's (z never wins a tie).
+// The smallest component of (-1, 0, 0) is y's: on a tie y comes before z.
 TEST(QuaternionTest, OppositeVectorsGiveAHalfTurnAboutAPerpendicularAxis)
 {
     TQ3Vector3D const back{-1.0F, 0.0F, 0.0F};
@@ -214,7 +214,7 @@ TEST(QuaternionTest, HalfTurnTakesTheAxisOfTheLeastComponent)
                 IsQuaternionNear(0.0F, 0.0F, 1.0F, 0.0F, 1e-6F));
 }
 
-// Their sum has a component, but a length that rounds to nothing.
+// Their sum is not zero, but its length is rounded to zero.
 TEST(QuaternionTest, VectorsWhoseSumHasNoLengthAreOpposite)
 {
     TQ3Quaternion const q = FromTo(kX, {-1.0F, 1e-30F, 0.0F});

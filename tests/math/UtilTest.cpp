@@ -58,7 +58,7 @@ TEST(UtilTest, CloseMeansAbsolutelyNearerThanAHundredth)
     EXPECT_FALSE(FltIsCloseTo(0.0F, 0.0101F));
     EXPECT_FALSE(FltIsCloseTo(1000.0F, 1000.0625F));
     EXPECT_FALSE(FltIsCloseTo(-0.005F, 0.0055F));
-    // As a double the float nearest to a hundredth lies below it.
+    // The float nearest to 0.01 is a little below 0.01.
     EXPECT_TRUE(FltIsCloseTo(0.01F, 0.0F));
 }
 

@@ -21,7 +21,7 @@ public:
     std::uint8_t* row(int y) { return m_bytes.data() + offset(y); }
     std::uint8_t const* row(int y) const { return m_bytes.data() + offset(y); }
 
-    // Null file names and unreadable files give a picture of 0 x 0.
+    // An unreadable file gives a picture of 0 x 0.
     static Picture load(std::string const& file);
     bool save(std::string const& file) const;
 

@@ -30,7 +30,7 @@ RaceScene::~RaceScene() = default;
 void RaceScene::LookFrom(TQ3Vector3D const& place, TQ3Vector3D const& direction)
 {
     Camera& camera = *m_universe->GetCamera();
-    camera.Body::SetDefaults(); // an unturned ship: only that can be turned to face a point
+    camera.Body::SetDefaults(); // TurnToFace() is right only for a ship that has not turned yet
     camera.MoveTo(place);
     camera.TurnToFace(place.x + direction.x, place.y + direction.y, place.z + direction.z);
 }

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A race world that is the same in every run, and a ship that can be put anywhere in it: what golden pictures
-// and contact sheets show.
+// A race world that is the same in every run, and a ship that can be put anywhere in it.
 #pragma once
 
 #include "math/qmath.h"
@@ -36,7 +35,8 @@ private:
     std::unique_ptr<Universe> m_universe;
 };
 
-// What a pilot may see: its name, which a golden picture has too, and how a new scene comes to show it.
+// A situation in the cockpit: its name, also that of its golden picture, and how a new scene comes to show
+// it.
 struct Situation
 {
     char const* name;

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The scene against the plainest renderer of it: what the game leaves out must not change a pixel, nor a
-// value of the depth buffer. Sampled are 200 viewpoints from a seed, eleven or more in each of the eighteen
-// settings of the graphics page: an eighth of them outside the field or at its edge, the others at all depths
-// down to beyond the last level, some inside an asteroid or just before one, in any direction, in pictures of
-// three shapes.
+// The scene against a renderer that draws every asteroid in the view: what the game leaves out must not
+// change a pixel, nor a value of the depth buffer. There are 200 seeded viewpoints, eleven or more in each of
+// the eighteen settings of the graphics page: an eighth of them outside the field or at its edge, the others
+// at all depths down to beyond the last level, a quarter close to a lattice point or inside its asteroid, in
+// any direction, in pictures of three shapes.
 #include "bench/ReferenceScene.h"
 #include "core/Game.h"
 #include "pictures/SceneWindow.h"
@@ -21,7 +21,8 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <memory>
+#include <functional>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -80,11 +81,11 @@ TQ3Vector3D AnyPlace(Dice& dice, int number)
     bool const isOutside = number % 8 == 0;
     float const low = isOutside ? -15.0F : 0.0F;
     float const high = isOutside ? 2.0F : 150.0F;
-    float const depth = dice.Between(low, high); // the other two lie beside the diagonal, so that depths vary
+    float const depth = dice.Between(low, high);
     return {depth + dice.Between(-8.0F, 20.0F), depth + dice.Between(-8.0F, 20.0F), depth};
 }
 
-// From a few units before a place of the lattice to its very middle: inside an asteroid, if one is there.
+// Up to one unit from a lattice point: often inside its asteroid.
 TQ3Vector3D NearACell(TQ3Vector3D const& place, Dice& dice)
 {
     TQ3Vector3D const offset = AnyDirection(dice);
@@ -101,10 +102,10 @@ void PlaceShip(Camera& ship, Dice& dice, int number)
         place = NearACell(place, dice);
     }
     TQ3Vector3D const direction = AnyDirection(dice);
-    ship.Body::SetDefaults(); // an unturned ship: only that can be turned to face a point
+    ship.Body::SetDefaults(); // TurnToFace() is right only for a ship that has not turned yet
     ship.MoveTo(place);
     ship.TurnToFace(place.x + direction.x, place.y + direction.y, place.z + direction.z);
-    ship.SetRotationRate(direction, 0.0F); // and then it may roll
+    ship.SetRotationRate(direction, 0.0F); // the axis of the roll
     ship.SetRotation(dice.Between(0.0F, 6.2831853F));
     ship.Tick(0.0);
 }
@@ -129,12 +130,7 @@ Drawn Draw(PictureSize const& size, Render const& render)
 template <typename Value>
 int CountDifferent(std::vector<Value> const& a, std::vector<Value> const& b)
 {
-    int count = 0;
-    for (std::size_t i = 0; i < a.size(); ++i)
-    {
-        count += a[i] == b[i] ? 0 : 1;
-    }
-    return count;
+    return std::inner_product(a.begin(), a.end(), b.begin(), 0, std::plus<>(), std::not_equal_to<>());
 }
 
 class ReferenceTest : public testing::Test

@@ -52,7 +52,7 @@ TEST_F(ScenePictures, MainMenuStandsOverTheRunningScene)
     EXPECT_TRUE(LooksLike(DrawScene(), "main-menu"));
 }
 
-// Cyrillic, kana with Han, Han: each from another font than the English menu's.
+// Cyrillic, kana with Han, and Han, each in another font than the English menu.
 TEST_F(ScenePictures, MainMenuIsWrittenInThreeOtherScripts)
 {
     m_scene.universe().SetCockpitVisible(false);

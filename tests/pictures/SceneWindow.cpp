@@ -9,7 +9,7 @@
 
 SceneWindow& SceneWindow::shared()
 {
-    // Never closed: OpenGL objects of static lifetime may outlast main().
+    // Never closed: OpenGL objects of static lifetime are released after main().
     static auto* const window = new SceneWindow(640, 480);
     return *window;
 }

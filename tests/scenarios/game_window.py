@@ -52,7 +52,7 @@ def read_settings(file):
 
 
 class Display:
-    """An X server without a screen; its picture lies in a file."""
+    """An X server without a screen, whose picture is in a file."""
 
     def __init__(self, width=1280, height=720, depth=24, opengl=True):
         self.width, self.height = width, height
@@ -69,7 +69,7 @@ class Display:
         self.x = Connection(self.name)
 
     def vanish(self):
-        """The server ends, and with it everybody's connection."""
+        """Kills the server, and with it every connection to it."""
         self.x.close()
         self._server.kill()
         self._server.wait()
@@ -97,7 +97,7 @@ class Display:
         self.x.flush()
 
     def press_close_button(self):
-        """Of the largest visible window, as a window manager would have it."""
+        """Closes the largest visible window as a window manager does."""
         self.x.press_close_button(self.window().identifier)
         self.x.flush()
 
@@ -163,7 +163,7 @@ class Game:
         return self._log_path.read_text(errors="replace")
 
     def maps(self):
-        """What the process has in its memory, files by their paths."""
+        """The paths of the files that the process has mapped into its memory."""
         return pathlib.Path(f"/proc/{self.process.pid}/maps").read_text()
 
     def settings(self):
@@ -216,13 +216,13 @@ class Game:
         return width // 2, height // 2 + 2 * font_size * item
 
     def point_at_item(self, item):
-        """Comes from beside it: a pointer that is there already would not be noticed by a menu that is new."""
+        """Moves onto the item from beside it: a new menu does not notice a pointer that already rests there."""
         x, y = self.item_position(item)
         self.point_at(x + 14, y + 12)
         self.point_at(x + 12, y + 12)
 
     def highlight_item(self, item):
-        """Points at it until it stands in its frame. All input from before has arrived by then."""
+        """Points at the item until it is framed. All earlier input has arrived by then."""
         def is_highlighted():
             self.point_at_item(item)
             return self.is_highlighted(item)
@@ -230,7 +230,7 @@ class Game:
         wait_until(is_highlighted, lambda: f"item {item} in its frame\n" + self.log())
 
     def click_item(self, item):
-        """Clicks it once it stands in its frame: a click that comes with the keyboard's focus would go for that."""
+        """Clicks the item once it is framed: a click that gives the window its focus is not passed on."""
         self.highlight_item(item)
         self.press_button()
 
@@ -246,23 +246,23 @@ class Game:
         return self.picture().count((left + x + 2, top + y + 2, width, 22), LIGHT)
 
     def is_highlighted(self, item):
-        """Whether the item stands in its white frame."""
+        """Whether the item has its white frame."""
         left, top, _, _ = self.window()
         x, y = self.item_position(item)
         return self.picture().count((left + x, top + y + 3, 1, 16), WHITE) == 16
 
     def frame_width(self, item):
-        """How far the highlighted item's frame reaches."""
+        """The width of the highlighted item's frame, in pixels."""
         left, top, window_width, _ = self.window()
         x, y = self.item_position(item)
         return self.picture().count((left + x, top + y, window_width - x, 1), WHITE)
 
     def throttle_pixels(self):
-        """How much of the throttle's bar shows in a full screen."""
+        """How many pixels of a full screen the throttle's bar fills."""
         return self.picture().count((440, 630, 200, 80), THRUST)
 
     def wait_for_items(self, present, absent=()):
-        """Waits for the menu whose items are those, and no others among the absent."""
+        """Waits for a menu that has the items present and none of the items absent."""
         wait_until(lambda: all(self.text_pixels(i) > 40 for i in present) and
                    all(self.text_pixels(i) < 15 for i in absent),
                    f"a menu with items {list(present)} and without {list(absent)}")
@@ -286,7 +286,7 @@ class Game:
 
 
 class Scenario(unittest.TestCase):
-    """Tests of which each has a player's home of its own, as new."""
+    """Each test has a new home folder."""
 
     def setUp(self):
         home = tempfile.TemporaryDirectory(prefix="quarrow-home-")

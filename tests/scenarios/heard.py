@@ -28,7 +28,7 @@ file = {}
 
 
 class Recorder:
-    """A sound device that takes everything down. Give its environment to the game."""
+    """A sound device that writes what it plays to a file. Give its environment to the game."""
 
     def __init__(self, folder):
         self._file = pathlib.Path(folder) / "heard.wav"
@@ -41,7 +41,7 @@ class Recorder:
         return self._file.stat().st_size // 4 if self._file.exists() else 0
 
     def wait(self, seconds):
-        """Waits until that much more was played, and returns the length before and after."""
+        """Waits until that many more seconds were played, and returns the length before and after."""
         begin = self.length()
         wait_until(lambda: self.length() >= begin + seconds * RATE, f"{seconds} s of sound")
         return begin, self.length()
@@ -79,7 +79,7 @@ def loudest(samples):
 
 
 class HeardScenario(Scenario):
-    """Games of which every sound is taken down."""
+    """Games whose sound is recorded."""
 
     def setUp(self):
         super().setUp()

@@ -125,14 +125,12 @@ RaceTimes = -5;soon;1.5;nan;83;84;85
             game.wait_for_setting("MouseInvert", 0)
             self.assertEqual(game.end(), 0)
 
-    def test_missing_or_damaged_catalogue_means_english(self):
+    def test_missing_catalogue_means_english(self):
         display = self.open_display()
         english = self.widths_of_the_main_menu(display, "C.UTF-8")
         german = self.widths_of_the_main_menu(display, "de_DE.UTF-8")
         self.assertNotEqual(german, english)
         catalogue = self.installed_copy() / "Locale" / "de" / "LC_MESSAGES" / "quarrow.mo"
-        catalogue.write_bytes(catalogue.read_bytes()[:-40])
-        self.assertEqual(self.widths_of_the_main_menu(display, "de_DE.UTF-8"), english)
         catalogue.unlink()
         self.assertEqual(self.widths_of_the_main_menu(display, "de_DE.UTF-8"), english)
 

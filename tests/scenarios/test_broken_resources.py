@@ -48,8 +48,8 @@ class BrokenResourcesScenario(Scenario):
         yield self.installed / "resources" / "Icons" / ICON
 
     def play(self):
-        """A start, a race and an end. The log. Where a menu's items stand is not seen: without its picture the sky is as
-        white as the frame round an item."""
+        """Starts the game, a race, and quits. Returns the log. Clicks without looking for the item's frame: without its
+        picture the sky is as white as the frame."""
         with Game(self.display, self.home, program=str(self.installed / "quarrow")) as game:
             def is_racing():
                 game.point_at_item(0)

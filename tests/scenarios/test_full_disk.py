@@ -22,7 +22,7 @@ class FullDiskScenario(Scenario):
         self.display = self.open_display()
 
     def fill(self):
-        """Not a byte is left."""
+        """Fills the disk to the last byte."""
         with open(self.folder / "filler", "wb", buffering=0) as filler:
             try:
                 while True:

@@ -144,7 +144,7 @@ class MenuScenario(Scenario):
         again = self.start()
         self.walk_every_screen(again, change=False)
         self.assertEqual({key: again.settings()[key] for key in changed}, changed)
-        # What the pages show is what they go on from.
+        # Each page goes on from the value that it shows.
         again.open_graphics()
         again.click_item(0)
         again.wait_for_setting("FogEndHigh", 40.0)
@@ -200,7 +200,7 @@ class MenuScenario(Scenario):
         wait_until(game.throttle_pixels, "thrust")
 
     def test_dead_key_is_bound_as_any_other(self):
-        # One of ASCII: when another is let go, SDL 2.26 reads past a string of its own, which ends a sanitizers' build.
+        # An ASCII key: when another is released, SDL 2.26 reads past a string's end, which ends a build with sanitizers.
         subprocess.run(["setxkbmap", "-display", self.display.name, "de"], check=True)
         game = self.start()
         game.wait_for_items(present=range(5))

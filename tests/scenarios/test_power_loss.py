@@ -25,7 +25,7 @@ class PowerLossScenario(Scenario):
         return [int(number) for number in re.findall(r"on the disk: (\d+)\n", game.log())]
 
     def kill_while_it_writes(self, delay):
-        """The last generation that it told of."""
+        """The last generation that it printed."""
         with Game(self.display, self.home, expect_start=False, program=os.environ["QUARROW_SCRIBBLER"]) as game:
             wait_until(lambda: self.told(game), "the first save")
             time.sleep(delay)

@@ -9,13 +9,13 @@ import unittest
 from game_window import Game, wait_until
 from heard import FANFARE, HeardScenario, loudest
 
-# A thin field and a nimble ship: the race is over in about a minute, and a slow machine's long frames do no harm.
+# A thin field and a nimble ship: the race is over in one or two minutes, on a slow machine as well.
 SETTINGS = """
 _AsteroidsDensityEdge = 0.0
 _AsteroidsDensityCenter = 0.02
 _PlayerMaxSpeed = 20.0
-_PlayerMaxAccel = 6.0
-_PlayerRotationsPerSecond = 0.3
+_PlayerMaxAccel = 15.0
+_PlayerRotationsPerSecond = 0.5
 MusicVolume = 0.0
 """
 

@@ -17,7 +17,7 @@ class TwoRacesScenario(Scenario):
 
     def start(self):
         display = self.open_display()
-        # The pilot's hands work on the display that it sees.
+        # The pilot's mouse and keys act on the display that its game runs on, so each game has its own.
         game = Game(display, self.home, program=os.environ["QUARROW_FLYER"])
         self.addCleanup(game.__exit__)
         game.wait_for_items(present=range(5))

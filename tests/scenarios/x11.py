@@ -38,12 +38,12 @@ def _library(name):
     return ctypes.CDLL(ctypes.util.find_library(name))
 
 
-# One window or another goes away between two looks; Xlib's own handler would end the process.
+# A window may close between two requests about it; Xlib's own error handler would end the process.
 _IGNORE_ERRORS = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda *_: 0)
 
 
 class Connection:
-    """Close it before the server ends: Xlib ends the process that has lost its server."""
+    """Close it before the server ends: Xlib ends a process whose server is gone."""
 
     _CLIENT_MESSAGE = 33
     _IS_VIEWABLE = 2
@@ -65,10 +65,10 @@ class Connection:
             self._display = None
 
     def flush(self):
-        """Returns once the server has taken everything."""
+        """Returns once the server has handled every request."""
         self._x.XSync(self._display, 0)
 
-    # What there is
+    # Looking
 
     def titled_windows(self):
         """All windows that have a title and can be seen, the largest last, where they are on the screen."""
@@ -84,7 +84,7 @@ class Connection:
         return sorted(found, key=lambda window: window.width * window.height)
 
     def _below(self, window):
-        """The windows inside one, theirs too."""
+        """The windows inside a window, at every depth."""
         root, parent, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_uint()
         children = ctypes.POINTER(ctypes.c_ulong)()
         if not self._x.XQueryTree(self._display, window, ctypes.byref(root), ctypes.byref(parent),
@@ -105,7 +105,7 @@ class Connection:
         self._x.XFree(ctypes.c_void_p(title.value))
         return text
 
-    # What a player and a window manager do. It reaches the server with the next look, or flush().
+    # What a player and a window manager do. Sent with the next request for an answer, or by flush().
 
     def move(self, x, y):
         self._test.XTestFakeMotionEvent(self._display, -1, int(x), int(y), ctypes.c_ulong(0))
@@ -143,7 +143,7 @@ class Connection:
         self._x.XResizeWindow(self._display, ctypes.c_ulong(window), width, height)
 
     def focus(self, window):
-        """Gives the keyboard to a window; 0 takes it from all."""
+        """Gives the keyboard to a window; 0 gives it to none."""
         self._x.XSetInputFocus(self._display, ctypes.c_ulong(window), self._REVERT_TO_PARENT, ctypes.c_ulong(0))
 
     def _atom(self, name):

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Hours of simulated flight into the depths of the field, 60 steps to the second: the ship keeps its course
-// and speed as well as coordinates of 32 bits allow, and a step costs at the end what it cost at the start.
+// and speed as exactly as 32-bit coordinates allow, and the last steps take no longer than the first.
 #include "core/Game.h"
 #include "support/flight/Vectors.h"
 #include "support/Stage.h"
@@ -25,7 +25,7 @@ constexpr int kMinutes = 240;
 constexpr float kSpeed = 4.0F; // units per second
 constexpr TQ3Vector3D kStart{-10.0F, -10.0F, -10.0F};
 
-// Seconds of the processor.
+// Processor time in seconds.
 double CostOf(Universe& universe, int steps)
 {
     std::clock_t const start = std::clock();
@@ -39,7 +39,7 @@ double CostOf(Universe& universe, int steps)
 class Flight : public GameStage
 {
 protected:
-    // At full speed along the diagonal, on which every depth of the field lies.
+    // At full speed along the diagonal, which crosses every depth of the field.
     static void SetOff(Universe& universe, TQ3Vector3D const& from)
     {
         Camera& ship = *universe.GetCamera();

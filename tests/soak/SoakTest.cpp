@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Many races in one process: started, flown a little, then crashed, paused, quit or finished. What the
-// process holds after the tenth it holds after the last.
+// Many races in one process: started, flown a little, then crashed, paused, quit or finished. After the last
+// the process holds no more memory and objects than after the twelfth.
 #include "core/Game.h"
 #include "platform/base/Random.h"
 #include "platform/base/RunLoop.h"
@@ -33,7 +33,7 @@ namespace
 constexpr double kStep = 1.0 / 60.0; // seconds
 constexpr unsigned kSeed = 2026;     // of every race: the same field takes the same memory
 constexpr int kKinds = 4;            // of races, and of music tracks
-constexpr int kSettled = 12;         // races: past the tenth, and the last of the same kind as of all
+constexpr int kSettled = 12;         // races after which everything that is made once exists
 constexpr std::size_t kMemorySlack = 65536;
 
 // Bytes, without the recording OpenGL's list, which only grows.
@@ -131,7 +131,7 @@ protected:
         Fly(30);
     }
 
-    // With full throttle in the thick of the field.
+    // With full throttle where the field is densest.
     static void Crash()
     {
         Camera& ship = *Game::pGame->GetUniverse()->GetCamera();

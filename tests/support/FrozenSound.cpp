@@ -10,7 +10,7 @@
 namespace
 {
 
-// A loopback device advances only when samples are taken from it, and nobody takes any.
+// A loopback device advances only when samples are taken from it, which no test does.
 ALCdevice* OpenLoopback()
 {
     auto const open = reinterpret_cast<LPALCLOOPBACKOPENDEVICESOFT>(

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Looks at menus as a player does: what an item says, where it stands, which look it has; and plays the
-// mouse.
+// What a player sees of a menu (an item's text, place and look), and the mouse and keys to use it.
 #pragma once
 
 #include "ui/Menu.h"
@@ -49,7 +48,7 @@ constexpr int kWidth = 800;
 constexpr int kHeight = 600;
 void RenderCurrent();
 
-// Events for the current menu. An item is met in its middle; points are pixels from the bottom left.
+// Events for the current menu. Items are hit in their middle; points are pixels from the bottom left.
 void MoveOnto(int item);
 void MoveTo(int x, int y);
 void ReleaseAt(int x, int y);

@@ -7,8 +7,8 @@
 namespace test
 {
 
-// As often as said in a release; a tenth of that without optimisation or under the sanitizers, where one
-// round takes as long as ten.
+// That many in a release; a tenth of it without optimisation or under the sanitizers, where a round takes ten
+// times as long.
 constexpr int Rounds(int inARelease)
 {
 #if defined(NDEBUG)

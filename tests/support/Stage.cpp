@@ -13,7 +13,7 @@
 namespace
 {
 
-// Every setting that game and menus write, and those that tests of them write by hand.
+// Every setting that the game, its menus or their tests write.
 void RestoreSettings()
 {
     GameSettings::Initialize();

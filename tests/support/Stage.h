@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// What every test of game and menus starts from: default settings, an OpenGL as new, silence, no menu, no
-// game.
+// What tests of game and menus start from: default settings, a new OpenGL context, silence, no menu, no game.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +13,7 @@ protected:
     ~Stage() override;
 };
 
-// With a game that stands in its main menu, in a view of 800 x 600.
+// With a game in its main menu, in a view of 800 x 600.
 class GameStage : public Stage
 {
 protected:

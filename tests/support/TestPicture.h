@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A picture file that a test makes for itself, gone with the object.
+// A temporary picture file, deleted with the object.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ public:
 
     std::filesystem::path const& file() const { return m_file; }
 
-    // Cuts the file behind its first bytes.
+    // Keeps only the first bytes of the file.
     void truncate(std::uintmax_t bytes) const;
 
 private:

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-"""A Debian system in a folder with nothing in it but what every Debian has, and a player at work in it.
+"""A Debian system in a folder, with only the packages that every Debian has, and a player who uses it.
 
 The trials in this folder are the callers. They need root, debootstrap and a Debian mirror, and run for many minutes.
 QUARROW_BARE_ROOT names a finished root to copy; else debootstrap makes one.
@@ -21,7 +21,7 @@ __all__ = ["BareRoot", "Display", "Game", "play_a_race", "wait_until"]
 
 MIRROR = "http://deb.debian.org/debian"
 
-# With mounts and processes of its own, all of which end with the command.
+# Enters the system with its own mounts and processes, all of which end with the command.
 ENTER = """
 root=$1; shift
 mount --bind "$root" "$root"
@@ -70,7 +70,7 @@ class BareRoot:
         return self.run("apt-get", "-q", "-y", "--no-install-recommends", *arguments)
 
     def starter(self, command, user):
-        """A script on this side that starts a command of the system in the caller's display."""
+        """A script outside the system that runs a command of the system in the caller's display."""
         home = "/root" if user == "root" else f"/home/{user}"
         script = pathlib.Path(self._folder, "start-" + pathlib.Path(command).name)
         quoted = " ".join(f"'{word}'" for word in self._command(
@@ -82,7 +82,7 @@ class BareRoot:
         return script
 
     def files(self):
-        """Every file, folder and link of the system and what it holds (a size or a target), without kernel's own."""
+        """Every file, folder and link of the system with its size or target, without those of the kernel."""
         found = {}
         for folder, folders, files in os.walk(self.path):
             folders[:] = [name for name in folders if pathlib.Path(folder, name) not in

@@ -12,7 +12,7 @@ import sys
 
 from bare_root import BareRoot, Display, Game, play_a_race
 
-# Written by the package tools for themselves, whatever they install.
+# Files that the package tools keep about any package.
 BOOKKEEPING = ("/var/lib/dpkg", "/var/lib/apt", "/var/cache/apt", "/var/log", "/var/cache/debconf", "/tmp",
                "/var/cache/ldconfig", "/etc/ld.so.cache")
 # Caches that libraries keep for the player, whatever program uses them.
@@ -26,7 +26,7 @@ def main():
     try:
         root.apt("update")
         shutil.copy(package, root.path / "root" / "quarrow.deb")
-        # What it depends on is installed first, so that what it brings itself can be told from that.
+        # Its dependencies are installed first, so that the difference afterwards is the package's own.
         depends = root.run("dpkg-deb", "--field", "/root/quarrow.deb", "Depends")
         wanted = [choice.split("|")[0].split("(")[0].strip() for choice in depends.split(",")]
         root.apt("install", *wanted)

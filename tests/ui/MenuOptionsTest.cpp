@@ -215,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ViewDistance,
                                          FloatCase{0.0F, "LOW", 50.0F}, FloatCase{-1000.0F, "LOW", 50.0F},
                                          FloatCase{kHuge, "HIGH", 40.0F}, FloatCase{kInfinity, "HIGH", 40.0F},
                                          FloatCase{-kInfinity, "LOW", 50.0F},
-                                         FloatCase{kNan, "HIGH", 40.0F}));
+                                         FloatCase{kNan, "NORMAL", 65.0F}));
 
 class Density : public Stage, public testing::WithParamInterface<FloatCase>
 {

@@ -24,7 +24,6 @@ namespace
 
 using recording::Call;
 using recording::call;
-using test::IsNear;
 using test::ScopedSetting;
 
 constexpr TQ3Vector3D kOrigin{0.0F, 0.0F, 0.0F};
@@ -314,77 +313,6 @@ TEST_F(RoidTest, DetailFallsAtExactlyTheSettingsDistances)
     EXPECT_EQ(lodAt(30.0F), 1);
     EXPECT_EQ(lodAt(54.99F), 1);
     EXPECT_EQ(lodAt(55.0F), 2);
-}
-
-class PathTest : public RoidTest
-{
-protected:
-    PathTest()
-    {
-        m_roid.SetSize(0.5F);
-        m_roid.MoveTo(10.0F, 0.0F, 0.0F);
-    }
-
-    // A sphere of radius 0.5, so that the two touch at a distance of 1.
-    bool Hits(TQ3Vector3D const& start, TQ3Vector3D const& end)
-    {
-        return m_roid.ComputePathIntersection(start, end, 0.5F, &m_point, &m_distance);
-    }
-
-    Roid m_roid{nullptr};
-    TQ3Vector3D m_point;
-    float m_distance = -1.0F;
-};
-
-TEST_F(PathTest, StraightHitIsWhereTheSpheresTouch)
-{
-    EXPECT_TRUE(Hits({0.0F, 0.0F, 0.0F}, {20.0F, 0.0F, 0.0F}));
-    EXPECT_FLOAT_EQ(m_distance, 9.0F);
-    EXPECT_THAT(m_point, IsNear(9.0F, 0.0F, 0.0F, 1e-5F));
-}
-
-TEST_F(PathTest, EndGivesTheDirectionOnly)
-{
-    EXPECT_TRUE(Hits({0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}));
-    EXPECT_FLOAT_EQ(m_distance, 9.0F);
-}
-
-// 0.6 off the centre the chord through the unit sphere is 1.6 long.
-TEST_F(PathTest, GlancingHitIsWhereThePathEntersTheSphere)
-{
-    EXPECT_TRUE(Hits({0.0F, 0.6F, 0.0F}, {1.0F, 0.6F, 0.0F}));
-    EXPECT_NEAR(m_distance, 9.2F, 1e-5F);
-    EXPECT_THAT(m_point, IsNear(9.2F, 0.6F, 0.0F, 1e-5F));
-}
-
-TEST_F(PathTest, PathThatPassesMisses)
-{
-    EXPECT_FALSE(Hits({0.0F, 1.01F, 0.0F}, {20.0F, 1.01F, 0.0F}));
-    EXPECT_EQ(m_distance, -1.0F);
-}
-
-TEST_F(PathTest, PathThatLeadsAwayMisses)
-{
-    EXPECT_FALSE(Hits({12.0F, 0.0F, 0.0F}, {13.0F, 0.0F, 0.0F}));
-}
-
-TEST_F(PathTest, PathFromInsideHitsAtItsExit)
-{
-    EXPECT_TRUE(Hits({10.0F, 0.0F, 0.0F}, {10.0F, 5.0F, 0.0F}));
-    EXPECT_FLOAT_EQ(m_distance, 1.0F);
-    EXPECT_THAT(m_point, IsNear(10.0F, 1.0F, 0.0F, 1e-5F));
-}
-
-TEST_F(PathTest, PathFromInsideThatLeadsAwayFromTheCentreHitsAtItsExitToo)
-{
-    EXPECT_TRUE(Hits({10.5F, 0.0F, 0.0F}, {11.5F, 0.0F, 0.0F}));
-    EXPECT_FLOAT_EQ(m_distance, 0.5F);
-    EXPECT_THAT(m_point, IsNear(11.0F, 0.0F, 0.0F, 1e-5F));
-}
-
-TEST_F(PathTest, PathWithoutLengthFromOutsideMisses)
-{
-    EXPECT_FALSE(Hits({8.0F, 0.0F, 0.0F}, {8.0F, 0.0F, 0.0F}));
 }
 
 } // namespace

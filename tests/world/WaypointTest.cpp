@@ -23,6 +23,16 @@ constexpr TQ3Vector3D kOrigin{0.0F, 0.0F, 0.0F};
 constexpr TQ3Vector3D kForwards{0.0F, 0.0F, -1.0F};
 constexpr TQ3Vector3D kUp{0.0F, 1.0F, 0.0F};
 
+// Spike after spike: top, left, back, right, front, bottom.
+constexpr int kTriangles[24][3] = {
+    {8, 0, 1},  {8, 1, 2},  {8, 2, 3},  {8, 3, 0},  //
+    {9, 3, 2},  {9, 2, 6},  {9, 6, 7},  {9, 7, 3},  //
+    {10, 0, 3}, {10, 3, 7}, {10, 7, 4}, {10, 4, 0}, //
+    {11, 0, 4}, {11, 4, 5}, {11, 5, 1}, {11, 1, 0}, //
+    {12, 1, 5}, {12, 5, 6}, {12, 6, 2}, {12, 2, 1}, //
+    {13, 5, 4}, {13, 4, 7}, {13, 7, 6}, {13, 6, 5},
+};
+
 std::vector<Call> Drawing(Waypoint const& marker)
 {
     Frustum const view(kQuarterTurn, 1.0F, &kOrigin, &kForwards, &kUp, 20.0F);
@@ -70,80 +80,11 @@ TEST_F(WaypointTest, OutOfViewDrawsNothing)
 TEST_F(WaypointTest, DrawsItsSpikesUnderItsOwnMatrix)
 {
     std::vector<Call> const calls = Drawing(Waypoint(nullptr, {1.0F, 2.0F, -10.0F}));
-    Call const triangles = call("glDrawElements", {GL_TRIANGLES,
-                                                   72,
-                                                   8,
-                                                   0,
-                                                   1,
-                                                   8,
-                                                   1,
-                                                   2,
-                                                   8,
-                                                   2,
-                                                   3,
-                                                   8,
-                                                   3,
-                                                   0,
-                                                   9,
-                                                   3,
-                                                   2,
-                                                   9,
-                                                   2,
-                                                   6,
-                                                   9,
-                                                   6,
-                                                   7,
-                                                   9,
-                                                   7,
-                                                   3,
-                                                   10,
-                                                   0,
-                                                   3,
-                                                   10,
-                                                   3,
-                                                   7,
-                                                   10,
-                                                   7,
-                                                   4,
-                                                   10,
-                                                   4,
-                                                   0,
-                                                   11,
-                                                   0,
-                                                   4,
-                                                   11,
-                                                   4,
-                                                   5,
-                                                   11,
-                                                   5,
-                                                   1,
-                                                   11,
-                                                   1,
-                                                   0,
-                                                   12,
-                                                   1,
-                                                   5,
-                                                   12,
-                                                   5,
-                                                   6,
-                                                   12,
-                                                   6,
-                                                   2,
-                                                   12,
-                                                   2,
-                                                   1,
-                                                   13,
-                                                   5,
-                                                   4,
-                                                   13,
-                                                   4,
-                                                   7,
-                                                   13,
-                                                   7,
-                                                   6,
-                                                   13,
-                                                   6,
-                                                   5});
+    std::vector<double> triangles = {GL_TRIANGLES, 72};
+    for (int const(&triangle)[3] : kTriangles)
+    {
+        triangles.insert(triangles.end(), std::begin(triangle), std::end(triangle));
+    }
     std::vector<Call> const expected = {
         call("glDisable", {GL_LIGHTING}),
         call("glEnableClientState", {GL_VERTEX_ARRAY}),
@@ -153,7 +94,7 @@ TEST_F(WaypointTest, DrawsItsSpikesUnderItsOwnMatrix)
         call("glPushMatrix"),
         call("glTranslatef", {1, 2, -10}),
         call("glMultMatrixf", {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}),
-        triangles,
+        Call{"glDrawElements", triangles},
         call("glPopMatrix"),
         call("glDisableClientState", {GL_COLOR_ARRAY}),
         call("glDisableClientState", {GL_VERTEX_ARRAY}),

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/base/Bundle.h"
 
-#include "platform/base/Locale.h"
-
 #include <libintl.h>
 #include <SDL.h>
 
@@ -17,8 +15,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-constexpr char const* kTextDomain = "quarrow";
 
 struct SdlFree
 {
@@ -41,17 +37,9 @@ fs::path FindResources()
     return {};
 }
 
-// The language is chosen with the first resource, which is looked up before anything starts a thread.
-fs::path OpenBundle()
-{
-    fs::path resources = FindResources();
-    SelectLanguage(kTextDomain, resources / "Locale");
-    return resources;
-}
-
 fs::path const& Resources()
 {
-    static fs::path const folder = OpenBundle();
+    static fs::path const folder = FindResources();
     return folder;
 }
 
@@ -64,11 +52,15 @@ std::optional<fs::path> pathForResource(std::string const& name, std::string con
     return fs::is_regular_file(path, error) ? std::optional(path) : std::nullopt;
 }
 
+fs::path pathOfCatalogues()
+{
+    return Resources() / "Locale";
+}
+
 std::string localizedString(char const* english)
 {
-    Resources();
     // The empty key stands for the catalogue's own header.
-    return *english != '\0' ? dgettext(kTextDomain, english) : "";
+    return *english != '\0' ? gettext(english) : "";
 }
 
 } // namespace platform::Bundle

@@ -17,7 +17,10 @@ namespace platform::Bundle
 // "Interface"). Nothing when there is none.
 std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
 
-// The text in the language of the user's locale; the English text is the key and the fallback.
+// The folder of the message catalogues.
+std::filesystem::path pathOfCatalogues();
+
+// The text in the language that SelectLanguage has set; the English text is the key and the fallback.
 std::string localizedString(char const* english);
 
 } // namespace platform::Bundle

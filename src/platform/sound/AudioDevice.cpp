@@ -6,10 +6,12 @@
 
 #include "platform/base/Clock.h"
 #include "platform/base/Log.h"
-#include "platform/sound/QuietStandardError.h"
 
 #include <AL/alext.h>
+#include <fcntl.h>
+#include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <optional>
 
@@ -19,6 +21,36 @@ namespace
 {
 
 constexpr double kSecondsBetweenTries = 3.0;
+
+// Sends standard error to nowhere while it lives: sound drivers print what they miss on a machine, and the
+// game says it in one line of its own. The descriptor itself, since drivers do not ask before they write to
+// it.
+class QuietStandardError
+{
+public:
+    QuietStandardError() : m_saved(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
+    {
+        if (m_saved < 0)
+        {
+            return;
+        }
+        int const nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        std::fflush(stderr);
+        dup2(nowhere, STDERR_FILENO);
+        close(nowhere);
+    }
+    ~QuietStandardError()
+    {
+        std::fflush(stderr);
+        dup2(m_saved, STDERR_FILENO);
+        close(m_saved);
+    }
+    QuietStandardError(QuietStandardError const&) = delete;
+    QuietStandardError& operator=(QuietStandardError const&) = delete;
+
+private:
+    int m_saved; // the real standard error, -1 when it is closed
+};
 
 bool FailedSinceLastAsked()
 {
@@ -53,8 +85,8 @@ AudioDevice::Opening AudioDevice::systemOpening()
         }
         return alcOpenDevice(nullptr);
     };
-    // All our sounds have this rate, and the system's own resampler is better than OpenAL's. No virtual room,
-    // no effects.
+    // All our sounds have this rate, and the system's resampler is better than OpenAL's. No simulated head or
+    // room.
     opening.attributes = {ALC_FREQUENCY, 44100, ALC_HRTF_SOFT, ALC_FALSE, ALC_MAX_AUXILIARY_SENDS, 0};
     return opening;
 }

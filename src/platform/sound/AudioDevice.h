@@ -35,7 +35,7 @@ public:
     // True while a device is there. Without one another try is made every few seconds at most.
     bool isReady();
 
-    // Rises with each device: names made under an earlier number are gone.
+    // Rises with each device: sources and buffers made under an earlier number are gone.
     std::uint64_t generation() const { return m_generation; }
 
     // Closes the device; the next isReady() opens one anew, in this way from now on.
@@ -61,7 +61,7 @@ private:
     bool m_saidMissing = false;
 };
 
-// A name of the current device, 0 for none.
+// OpenAL's number for a thing of the device, 0 for none.
 class AudioName
 {
 public:
@@ -85,18 +85,16 @@ private:
 class AudioSource : public AudioName
 {
 public:
-    AudioSource() = default;
     ~AudioSource() { release(); }
 
     // False without a device, or when it has no source left.
     bool acquire();
-    void release(); // it falls silent
+    void release(); // falls silent
 };
 
 class AudioBuffer : public AudioName
 {
 public:
-    AudioBuffer() = default;
     ~AudioBuffer() { release(); }
 
     // Interleaved stereo samples; false without a device or when memory is refused.

@@ -36,8 +36,8 @@ constexpr int kMostArrivals = 64;
 std::unique_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
 {
     auto sound = SoundFile::open(file);
-    return std::unique_ptr<Movie>(sound ? new Movie(std::make_unique<MovieAudio>(std::move(*sound)))
-                                        : nullptr);
+    auto audio = sound ? std::make_unique<MovieAudio>(std::move(*sound)) : nullptr;
+    return std::unique_ptr<Movie>(audio ? new Movie(std::move(audio)) : nullptr);
 }
 
 Movie::Movie(std::unique_ptr<MovieAudio> audio) : m_audio(std::move(audio))
@@ -150,11 +150,10 @@ bool Movie::isAtEnd() const
 double Movie::distanceToNextEvent() const
 {
     double nearest = m_rate > 0 ? duration() - m_time : m_time;
-    auto const forward = MovieCallBack::Trigger::TimeForward;
     for (MovieCallBack const* const callBack : m_callBacks)
     {
         double const distance = (callBack->m_time - m_time) * direction();
-        if (callBack->m_action && (callBack->m_trigger == forward) == (m_rate > 0) && distance > 0.0)
+        if (callBack->isArmedFor(direction()) && distance > 0.0)
         {
             nearest = std::min(nearest, distance);
         }
@@ -212,15 +211,13 @@ void Movie::arrive()
 // Each callback that is due now fires once. An action may destroy callbacks, its own too, and arm new ones.
 void Movie::fireDue()
 {
-    int const way = direction();
-    TimeValue const now = time();
     std::vector<MovieCallBack*> due;
     std::copy_if(m_callBacks.begin(), m_callBacks.end(), std::back_inserter(due),
-                 [&](MovieCallBack const* callBack) { return callBack->isDue(now, way); });
+                 [&](MovieCallBack const* callBack) { return callBack->isDue(time(), direction()); });
     for (MovieCallBack* const callBack : due)
     {
-        bool const stands = std::find(m_callBacks.begin(), m_callBacks.end(), callBack) != m_callBacks.end();
-        auto const action = stands ? std::exchange(callBack->m_action, nullptr) : nullptr;
+        bool const exists = std::find(m_callBacks.begin(), m_callBacks.end(), callBack) != m_callBacks.end();
+        auto const action = exists ? std::exchange(callBack->m_action, nullptr) : nullptr;
         if (action)
         {
             action();
@@ -249,13 +246,10 @@ bool Movie::isAudible() const
     return m_isActive && speed >= kSlowestHeard && speed <= kFastestHeard;
 }
 
-bool Movie::hasTrigger(MovieCallBack::Trigger trigger, TimeValue time) const
+bool Movie::hasCallBack(TimeValue time, int direction) const
 {
     return std::any_of(m_callBacks.begin(), m_callBacks.end(),
-                       [&](MovieCallBack const* callBack) {
-                           return callBack->m_action && callBack->m_trigger == trigger &&
-                                  callBack->m_time == time;
-                       });
+                       [&](MovieCallBack const* callBack) { return callBack->isDue(time, direction); });
 }
 
 // A movie with callbacks at both ends most likely turns there.
@@ -265,12 +259,12 @@ MovieCourse Movie::course() const
     course.position = static_cast<std::int64_t>(m_time);
     course.direction = direction();
     course.end = duration();
-    bool const waitsAtEnd = hasTrigger(MovieCallBack::Trigger::TimeForward, duration());
+    bool const waitsAtEnd = hasCallBack(duration(), 1);
     if (m_loopingHint && waitsAtEnd)
     {
         course.atEnd = MovieCourse::AtEnd::JumpToBeginning;
     }
-    else if (waitsAtEnd && hasTrigger(MovieCallBack::Trigger::TimeBackward, 0))
+    else if (waitsAtEnd && hasCallBack(0, -1))
     {
         course.atEnd = MovieCourse::AtEnd::Turn;
     }

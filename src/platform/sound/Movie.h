@@ -68,7 +68,7 @@ private:
     int direction() const { return m_rate < 0 ? -1 : 1; }
     bool isAtEnd() const;
     bool isAudible() const;
-    bool hasTrigger(MovieCallBack::Trigger trigger, TimeValue time) const;
+    bool hasCallBack(TimeValue time, int direction) const;
     MovieCourse course() const;
     double distanceToNextEvent() const;
     double takeDistance();

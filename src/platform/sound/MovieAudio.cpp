@@ -35,7 +35,7 @@ bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
     bool const isReady = AudioDevice::shared().isReady();
     if (!isPlaying())
     {
-        forgetQueue();
+        halt();
         if (!isReady || !m_source.acquire())
         {
             return false;
@@ -69,11 +69,6 @@ bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
 void MovieAudio::halt()
 {
     m_source.release();
-    forgetQueue();
-}
-
-void MovieAudio::forgetQueue()
-{
     m_queued.clear();
     m_spans.clear();
     m_isPlaying = false;

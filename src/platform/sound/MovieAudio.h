@@ -68,7 +68,6 @@ private:
         std::int64_t length;
         int direction;
     };
-    void forgetQueue();
     void begin(MovieCourse const& course);
     void recycle(int count);
     bool feedBlock(MovieCourse const& course);

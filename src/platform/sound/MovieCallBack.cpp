@@ -28,9 +28,14 @@ void MovieCallBack::callMeWhen(Trigger trigger, TimeValue time, std::function<vo
     m_action = std::move(action);
 }
 
+bool MovieCallBack::isArmedFor(int direction) const
+{
+    return m_action && (m_trigger == Trigger::TimeForward) == (direction > 0);
+}
+
 bool MovieCallBack::isDue(TimeValue time, int direction) const
 {
-    return m_action && m_time == time && (m_trigger == Trigger::TimeForward) == (direction > 0);
+    return m_time == time && isArmedFor(direction);
 }
 
 } // namespace platform

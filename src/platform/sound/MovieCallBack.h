@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Tells when a movie's time reaches a value while it plays.
+// Tells when a movie's time reaches a value while it plays: once for each callMeWhen(), inside moviesTask().
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,6 @@ class Movie;
 
 using TimeValue = std::int32_t; // in samples
 
-// Fires once for each callMeWhen(), inside moviesTask().
 class MovieCallBack
 {
 public:
@@ -33,6 +32,7 @@ public:
 
 private:
     friend class Movie;
+    bool isArmedFor(int direction) const;
     bool isDue(TimeValue time, int direction) const;
 
     Movie& m_movie;

@@ -9,10 +9,11 @@ namespace platform
 namespace
 {
 
-// An mp3 frame of 1152 samples may use up to 511 bytes of the frames before it, eight of them at 32 kbit/s,
-// and overlaps with the one before it. Decoding begins ten frames early, so that it gives the same after a
-// seek as in passing.
-constexpr std::int64_t kLeadIn = 10 * 1152;
+constexpr std::int64_t kFrame = 1152; // samples in a frame of an mp3
+
+// A frame may use up to 511 bytes of the frames before it, eight of them at 32 kbit/s, and overlaps with the
+// one before it. Decoding begins ten frames early, so that it gives the same after a seek as in passing.
+constexpr std::int64_t kLeadIn = 10 * kFrame;
 
 } // namespace
 
@@ -31,24 +32,26 @@ std::optional<SoundFile> SoundFile::open(std::filesystem::path const& file)
 
 void SoundFile::read(std::int64_t position, std::span<std::int16_t> stereo)
 {
-    std::fill(stereo.begin(), stereo.end(), std::int16_t{0});
-    std::int64_t const end = position + static_cast<std::int64_t>(stereo.size() / 2);
+    auto const count = static_cast<std::int64_t>(stereo.size() / 2);
     std::int64_t const from = std::clamp<std::int64_t>(position, 0, duration());
-    std::int64_t const to = std::clamp<std::int64_t>(end, 0, duration());
-    if (from >= to)
+    std::int64_t const to = position + count;
+    auto out = stereo.begin() + 2 * std::clamp<std::int64_t>(-position, 0, count);
+    std::fill(stereo.begin(), out, std::int16_t{0});
+    if (from < to)
     {
-        return;
+        goTo(from);
     }
-    goTo(from);
-    auto out = stereo.begin() + 2 * (from - position);
-    auto const decoded = decode(to - from);
     auto const channels = static_cast<std::size_t>(m_info.channels);
     std::size_t const right = std::min<std::size_t>(channels - 1, 1);
-    for (std::size_t at = 0; at < decoded.size(); at += channels)
+    for (auto decoded = decodeUpTo(to); !decoded.empty(); decoded = decodeUpTo(to))
     {
-        *out++ = decoded[at];
-        *out++ = decoded[at + right];
+        for (std::size_t at = 0; at < decoded.size(); at += channels)
+        {
+            *out++ = decoded[at];
+            *out++ = decoded[at + right];
+        }
     }
+    std::fill(out, stereo.end(), std::int16_t{0});
 }
 
 void SoundFile::goTo(std::int64_t position)
@@ -56,15 +59,18 @@ void SoundFile::goTo(std::int64_t position)
     if (position != m_next)
     {
         m_next = sf_seek(m_file.get(), std::max<std::int64_t>(position - kLeadIn, 0), SEEK_SET);
-        decode(position - m_next);
+        while (!decodeUpTo(position).empty())
+        {
+        }
     }
 }
 
-// Fewer samples where the file ends.
-std::span<std::int16_t const> SoundFile::decode(std::int64_t samples)
+// The next samples before that place, an mp3 frame at most. Empty at the place, and where the file ends.
+std::span<std::int16_t const> SoundFile::decodeUpTo(std::int64_t end)
 {
-    m_decoded.resize(static_cast<std::size_t>(samples * m_info.channels));
-    std::int64_t const count = sf_readf_short(m_file.get(), m_decoded.data(), samples);
+    m_decoded.resize(static_cast<std::size_t>(kFrame * m_info.channels));
+    std::int64_t const most = std::clamp<std::int64_t>(end - m_next, 0, kFrame);
+    std::int64_t const count = sf_readf_short(m_file.get(), m_decoded.data(), most);
     m_next += count;
     return {m_decoded.data(), static_cast<std::size_t>(count * m_info.channels)};
 }

@@ -39,7 +39,7 @@ private:
 
     SoundFile(Handle file, SF_INFO const& info) : m_file(std::move(file)), m_info(info) {}
     void goTo(std::int64_t position);
-    std::span<std::int16_t const> decode(std::int64_t samples);
+    std::span<std::int16_t const> decodeUpTo(std::int64_t end);
 
     Handle m_file;
     SF_INFO m_info;

@@ -3,6 +3,7 @@
 #include "platform/window/Application.h"
 
 #include "platform/base/Bundle.h"
+#include "platform/base/Locale.h"
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
 #include "platform/settings/Preferences.h"
@@ -257,6 +258,7 @@ int ApplicationMain(std::unique_ptr<OpenGLView> view)
     CatchEndingSignals();
     try
     {
+        SelectLanguage();
         Application application(std::move(view));
         if (application.load())
         {

@@ -12,7 +12,7 @@ AsteroidField::AsteroidField(Universe const* universe)
 {
     Roid::ReadSettings();
     Roid::Sizes const sizes = Roid::SizesFromSettings();
-    m_greatestRadius = std::max(std::fabs(sizes.minR), std::fabs(sizes.maxR));
+    m_greatestRadius = std::fmax(std::fabs(sizes.minR), std::fabs(sizes.maxR));
     float const edge = GameSettings::GetFloatParam(setting::kAsteroidsDensityEdge);
     float const centre = GameSettings::GetFloatParam(setting::kAsteroidsDensityCenter);
     m_roids.reserve(m_rows.size() * kSize);
@@ -51,10 +51,5 @@ Roid const* AsteroidField::RoidAt(int x, int y, int z) const
     }
     Row const& row = RowAt(x, y, depth);
     unsigned const bit = 1U << static_cast<unsigned>(z % kSize);
-    if ((row.filled & bit) == 0)
-    {
-        return nullptr;
-    }
-    auto const before = static_cast<std::size_t>(std::popcount(row.filled & (bit - 1U)));
-    return &m_roids[row.first + before];
+    return (row.filled & bit) != 0 ? FirstIn(row, bit) : nullptr;
 }

@@ -32,24 +32,24 @@ public:
     // cell; its own position is in the first of them.
     Roid const* RoidAt(int x, int y, int z) const;
 
-    // The filled cells between (x, y, first) and (x, y, last), both included, in order: visit(z, sizeClass).
-    // No coordinate is negative.
+    // The filled cells between (x, y, first) and (x, y, last), both included, in order:
+    // visit(z, sizeClass, asteroid). No coordinate is negative.
     template <typename Visit>
     void ForEachIn(int x, int y, int first, int last, Visit const& visit) const
     {
         for (int begin = first - first % kSize; begin <= last; begin += kSize)
         {
             Row const& row = RowAt(x, y, std::min({x, y, begin}));
-            for (unsigned left = row.filled & Between(first - begin, last - begin); left != 0;
-                 left &= left - 1U)
+            unsigned left = row.filled & Between(first - begin, last - begin);
+            Roid const* roid = left != 0 ? FirstIn(row, left) : nullptr;
+            for (; left != 0; left &= left - 1U, ++roid)
             {
                 auto const z = static_cast<std::size_t>(std::countr_zero(left));
-                visit(begin + static_cast<int>(z), row.sizeClasses[z]);
+                visit(begin + static_cast<int>(z), row.sizeClasses[z], *roid);
             }
         }
     }
 
-    bool IsEmpty() const { return m_roids.empty(); }
     float GetGreatestRadius() const { return m_greatestRadius; } // that any asteroid can have
 
 private:
@@ -69,6 +69,13 @@ private:
     {
         return m_rows[static_cast<std::size_t>((CoordToDensity(depth) * kSize + x % kSize) * kSize +
                                                y % kSize)];
+    }
+
+    // The asteroid of the lowest of some filled cells.
+    Roid const* FirstIn(Row const& row, unsigned cells) const
+    {
+        unsigned const before = row.filled & ((cells & (0U - cells)) - 1U);
+        return &m_roids[row.first + static_cast<std::size_t>(std::popcount(before))];
     }
 
     // The bits from first to last, as far as a row has them.

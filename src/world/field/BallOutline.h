@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 //
 // The ellipse that a ball makes in a picture. Places are slopes: units sideways and up for one unit ahead.
-// CoveredView is the caller.
 #pragma once
 
 #include <algorithm>

@@ -56,7 +56,7 @@ void FieldView::Collect(AsteroidField const& field, Frustum const& frustum)
             float last = lastZ;
             frustum.NarrowToView(place.x, place.y, &first, &last);
             field.ForEachIn(x, y, CeilToInt(first), FloorToInt(last),
-                            [&](int z, int sizeClass)
+                            [&](int z, int sizeClass, Roid const&)
                             {
                                 place.z = static_cast<float>(z);
                                 AddIfInView(place, sizeClass, frustum);

@@ -14,16 +14,16 @@ namespace
 {
 
 constexpr double kMostCellsAtOnce = 512.0; // a path of a second and less at the usual speed
-constexpr double kPieceLength = 8.0;       // of the first; far out the pieces are wider, and longer too
-constexpr double kPieceGrowth = 1.001;
-constexpr double kPlaceSlack = 0.01; // for the rounding of coordinates
+constexpr float kPieceLength = 8.0F;       // of the first; far out the pieces are wider, and longer too
+constexpr float kPieceGrowth = 1.001F;
+constexpr float kPlaceSlack = 0.01F; // for the rounding of coordinates
 
 // The test of an asteroid takes the difference of two squares, each as large as the squared distance from the
 // start. Rounding puts the difference off by up to 12 * 2^-24 of that: this is the square root.
-constexpr double kRounding = 0.00085;
+constexpr float kRounding = 0.00085F;
 
 // Here the search ends: asteroids 14 units beside the path are taken for hits.
-constexpr double kFarthest = 16384.0;
+constexpr float kFarthest = 16384.0F;
 
 // Cells along one axis.
 struct Range
@@ -56,13 +56,13 @@ PathHit NearestIn(Box const& box, AsteroidField const& field, SearchedPath const
     {
         for (int y = box[1].low; y <= box[1].high; ++y)
         {
-            auto const test = [&](int z, int)
+            auto const test = [&](int z, int, Roid const& roid)
             {
                 TQ3Vector3D const place{static_cast<float>(x), static_cast<float>(y), static_cast<float>(z)};
                 PathHit hit;
                 float distance = 0.0F;
-                if (field.RoidAt(x, y, z)->ComputePathIntersectionAt(place, path.start, path.end, path.radius,
-                                                                     &hit.point, &distance))
+                if (roid.ComputePathIntersectionAt(place, path.start, path.end, path.radius, &hit.point,
+                                                   &distance))
                 {
                     hit.squaredDistance = DistSquared(path.start, hit.point);
                     nearest = hit.squaredDistance < nearest.squaredDistance ? hit : nearest;
@@ -74,55 +74,34 @@ PathHit NearestIn(Box const& box, AsteroidField const& field, SearchedPath const
     return nearest;
 }
 
-// The line that a path follows.
-struct Line
+// The cells of the range that are no farther than reach from what lies between two coordinates.
+Range Near(float a, float b, float reach, Range const& range)
 {
-    explicit Line(SearchedPath const& path)
-        : start{path.start.x, path.start.y, path.start.z},
-          direction{path.end.x - start[0], path.end.y - start[1], path.end.z - start[2]},
-          length(std::hypot(direction[0], direction[1], direction[2]))
-    {
-        for (double& component : direction)
-        {
-            component /= length;
-        }
-    }
-
-    std::array<double, 3> start;
-    std::array<double, 3> direction;
-    double length;
-};
-
-// The cells of the box that the stretch of the line between two distances from its start may touch.
-Box Around(Line const& line, double begin, double end, double reach, Box box)
-{
-    for (std::size_t axis = 0; axis < 3; ++axis)
-    {
-        double const a = line.start[axis] + line.direction[axis] * begin;
-        double const b = line.start[axis] + line.direction[axis] * end;
-        Range& range = box[axis];
-        double const lowest = range.low;
-        double const highest = range.high;
-        range.low = static_cast<int>(std::clamp(std::ceil(std::min(a, b) - reach), lowest, highest + 1.0));
-        range.high = static_cast<int>(std::clamp(std::floor(std::max(a, b) + reach), lowest - 1.0, highest));
-    }
-    return box;
+    return {std::max(range.low, CeilToInt(std::min(a, b) - reach)),
+            std::min(range.high, FloorToInt(std::max(a, b) + reach))};
 }
 
 PathHit NearestByPieces(Box const& box, AsteroidField const& field, SearchedPath const& path)
 {
-    if (!std::isfinite(DistSquared(path.end, path.start)))
+    TQ3Vector3D const& start = path.start;
+    TQ3Vector3D step;
+    float length = 0.0F;
+    Vector3D_Subtract(&path.end, &start, &step);
+    Vector3D_Normalize(&step, &step, &length);
+    if (!std::isfinite(length))
     {
-        return {}; // the test of an asteroid finds no direction in such a path
+        return {};
     }
-    Line const line(path);
-    double const touching = std::fabs(double{path.radius}) + field.GetGreatestRadius();
-    double begin = 0.0;
-    while (begin < std::min(line.length, kFarthest))
+    float const touching = std::fabs(path.radius) + field.GetGreatestRadius();
+    float begin = 0.0F;
+    while (begin < std::min(length, kFarthest))
     {
-        double const end = begin * kPieceGrowth + kPieceLength;
-        double const reach = std::hypot(touching, kRounding * end) + kPlaceSlack;
-        PathHit const hit = NearestIn(Around(line, begin, end, reach, box), field, path);
+        float const end = begin * kPieceGrowth + kPieceLength;
+        float const reach = std::hypot(touching, kRounding * end) + kPlaceSlack;
+        Box const piece{Near(start.x + step.x * begin, start.x + step.x * end, reach, box[0]),
+                        Near(start.y + step.y * begin, start.y + step.y * end, reach, box[1]),
+                        Near(start.z + step.z * begin, start.z + step.z * end, reach, box[2])};
+        PathHit const hit = NearestIn(piece, field, path);
         if (hit.squaredDistance <= end * end)
         {
             return hit;

@@ -21,15 +21,8 @@ TQ3Vector3D WaypointOffSide(int side, int depth)
     float const full = static_cast<float>(depth) + 0.5F;
     int const halfDepth = depth / 2;
     float const half = static_cast<float>(halfDepth) + 0.5F;
-    switch (side)
-    {
-    case 0:
-        return {full, full, half};
-    case 1:
-        return {half, full, full};
-    default:
-        return {full, half, full};
-    }
+    TQ3Vector3D const places[] = {{full, full, half}, {half, full, full}, {full, half, full}};
+    return places[side];
 }
 
 } // namespace

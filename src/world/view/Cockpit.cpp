@@ -37,20 +37,23 @@ void DrawArrow()
     glReportError();
 }
 
+// The corners of a rectangle, from the bottom left by way of the top left.
+void Corners(float left, float bottom, float right, float top)
+{
+    glVertex2f(left, bottom);
+    glVertex2f(left, top);
+    glVertex2f(right, top);
+    glVertex2f(right, bottom);
+}
+
 void RenderElevationBar(float elevation)
 {
     float const bar = elevation * kBarLength;
     glBegin(GL_QUADS);
     glColor4f(0.0F, 1.0F, 0.5F, 1.0F);
-    glVertex2f(0.08F, 0.0F);
-    glVertex2f(0.08F, bar);
-    glVertex2f(0.09F, bar);
-    glVertex2f(0.09F, 0.0F);
+    Corners(0.08F, 0.0F, 0.09F, bar);
     glColor4f(0.4F, 0.4F, 0.4F, 1.0F);
-    glVertex2f(0.07F, -0.0015F);
-    glVertex2f(0.07F, 0.0015F);
-    glVertex2f(0.1F, 0.0015F);
-    glVertex2f(0.1F, -0.0015F);
+    Corners(0.07F, -0.0015F, 0.1F, 0.0015F);
     glEnd();
 }
 
@@ -60,10 +63,7 @@ void RenderCompass(float angle)
     glRotatef(-90.0F, 1.0F, 0.0F, 0.0F);
     glColor4f(0.5F, 0.5F, 0.5F, 1.0F);
     glBegin(GL_LINE_LOOP);
-    glVertex2f(-0.07F, -0.07F);
-    glVertex2f(-0.07F, 0.07F);
-    glVertex2f(0.07F, 0.07F);
-    glVertex2f(0.07F, -0.07F);
+    Corners(-0.07F, -0.07F, 0.07F, 0.07F);
     glEnd();
     glScalef(0.12F, 0.12F, 0.12F);
     glRotatef(angle, 0.0F, 0.0F, 1.0F);
@@ -78,18 +78,12 @@ void RenderThrottleBar(float throttle)
     {
         glColor4f(1.0F, 0.2F, 0.2F, 1.0F);
         glBegin(GL_QUADS);
-        glVertex2f(-0.095F, -0.02F);
-        glVertex2f(-0.095F, length - 0.02F);
-        glVertex2f(-0.085F, length - 0.02F);
-        glVertex2f(-0.085F, -0.02F);
+        Corners(-0.095F, -0.02F, -0.085F, length - 0.02F);
         glEnd();
     }
     glColor4f(0.4F, 0.4F, 0.4F, 1.0F);
     glBegin(GL_LINE_LOOP);
-    glVertex2f(-0.095F, -0.02F);
-    glVertex2f(-0.095F, 0.02F);
-    glVertex2f(-0.085F, 0.02F);
-    glVertex2f(-0.085F, -0.02F);
+    Corners(-0.095F, -0.02F, -0.085F, 0.02F);
     glEnd();
 }
 

@@ -8,7 +8,6 @@
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
 #include "settings/GameSettings.h"
-#include "ui/Overlay.h"
 #include "world/Camera.h"
 #include "world/Waypoint.h"
 
@@ -18,9 +17,9 @@ namespace
 {
 
 constexpr std::size_t kFontNameSize = 256;
-constexpr float kFarthestCentre = 101.0F; // of what still reaches before the far plane
-constexpr float kClosedInDepth = 48.0F;   // three lattice blocks deep the view has closed in
-constexpr float kWidestAspect = 32.0F;    // a window that is a mere line would look over half the field
+constexpr float kFarthestCentre = 101.0F; // an asteroid farther out lies beyond the far plane altogether
+constexpr float kClosedInDepth = 48.0F;   // from three lattice blocks deep on, the fog end is the low one
+constexpr float kWidestAspect = 32.0F;    // a window one pixel high would have half the field in view
 constexpr GLfloat kFogColor[] = {0.05F, 0.05F, 0.1F, 1.0F};
 constexpr GLfloat kLightPosition[] = {10.0F, 10.0F, -10.0F, 0.5F};
 
@@ -104,11 +103,9 @@ Scene::Scene()
     {
         char fontName[kFontNameSize];
         GameSettings::GetStringParam(setting::kFpsFontName, fontName);
-        m_frameRate = std::make_unique<Overlay>(30, 30, GameSettings::GetIntParam(setting::kFpsFontSize), fontName);
+        m_frameRate.emplace(30, 30, GameSettings::GetIntParam(setting::kFpsFontSize), fontName);
     }
 }
-
-Scene::~Scene() = default;
 
 void Scene::LoadSky()
 {

@@ -5,13 +5,12 @@
 // where the settings ask for it. An OpenGL context is current in all calls.
 #pragma once
 
-#include "math/qmath.h"
+#include "ui/Overlay.h"
 #include "world/field/FieldView.h"
 
-#include <memory>
+#include <optional>
 
 class Camera;
-class Overlay;
 class Waypoint;
 
 class Scene
@@ -22,10 +21,8 @@ public:
 
     // Reads the settings.
     Scene();
-    ~Scene(); // the sky texture is not released
-    Scene(Scene const&) = delete;
-    Scene& operator=(Scene const&) = delete;
 
+    // Its texture is not released with the scene.
     void LoadSky();
     unsigned long GetSkyTexture() const { return m_skyTexture; }
 
@@ -38,7 +35,10 @@ public:
     void RenderSkyBox() const;
     void RenderFrameRate(float fps, int width, int height);
 
-    Overlay const* GetFrameRate() const { return m_frameRate.get(); } // null unless the settings ask for it
+    std::optional<Overlay> const& GetFrameRate() const
+    {
+        return m_frameRate;
+    } // where the settings ask for it
 
 private:
     void BeginFog(float fogEnd) const;
@@ -50,6 +50,6 @@ private:
     float m_fogStart;
     float m_fogEndLow;
     float m_fogEndHigh;
-    std::unique_ptr<Overlay> m_frameRate;
+    std::optional<Overlay> m_frameRate;
     FieldView m_fieldView;
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // cockpit_sheet FILE WIDTH HEIGHT: draws the cockpit in its six situations, each in a window of that size,
-// side by side in pairs into a JPEG. tools/contact-sheets calls it.
+// side by side in pairs into a JPEG.
 #include "core/Game.h"
 #include "pictures/RaceScene.h"
 #include "pictures/SceneWindow.h"

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <fstream>
 
 extern "C"
 {
@@ -40,7 +41,7 @@ int GreyAt(int x, int y)
     return (x * 5 + y * 3) & 255;
 }
 
-// paint: the colour at (x, y), 0xAARRGGBB; in a surface of another format, what comes next to it.
+// paint: the colour at (x, y), 0xAARRGGBB.
 template <typename Paint>
 Surface Painted(Uint32 format, Paint paint)
 {

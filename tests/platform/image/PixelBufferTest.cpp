@@ -48,7 +48,7 @@ TEST(PixelBufferTest, StretchedEdgesDoNotFade)
     EXPECT_THAT(target, Each(0xFF808080U));
 }
 
-// The memory of a 16-bit buffer is half of what is read.
+// Reading 32 bits per pixel would go beyond the end of a 16-bit buffer after half of the pixels.
 TEST(PixelBufferTest, SourceOf16BitsIsReadAs32AndTransparentBeyondItsEnd)
 {
     std::vector<std::uint16_t> source{0x0203, 0xFF01, 0x0506, 0xFF04};

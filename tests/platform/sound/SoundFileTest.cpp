@@ -84,6 +84,8 @@ TEST_F(SoundFileTest, BeyondItsEndsThereIsSilence)
     EXPECT_THAT(Read(*file, -1, 4), ElementsAre(0, 0, 1, 2, 3, 4, 0, 0));
     EXPECT_THAT(Read(*file, -5, 2), Each(0));
     EXPECT_THAT(Read(*file, 2, 2), Each(0));
+    EXPECT_THAT(Read(*file, 5, 2), Each(0));
+    EXPECT_THAT(Read(*file, 1, 2), ElementsAre(3, 4, 0, 0));
 }
 
 TEST_F(SoundFileTest, OneChannelIsOnBothSidesAndOfFourTheFirstTwoAreHeard)

@@ -95,7 +95,7 @@ TEST(TextTest, OtherScriptsFindAFont)
     EXPECT_GT(InkOf("\xE6\x97\xA5\xE6\x9C\xAC"), 20); // Han
 }
 
-// Ink between transparent and full, and nowhere a tint: the desktop's subpixel setting has no say.
+// Grey levels and no colours: the desktop's setting for subpixels does not matter.
 TEST(TextTest, GlyphsAreSmoothAndWithoutColour)
 {
     AttributedString const string = Text("SOQ");

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The game itself, with a pilot at its real window: while a race runs, the pilot's moves go to the X server
-// as those of a mouse and a keyboard, by way of xdotool, and come back to the game as any player's do.
+// The whole game with a pilot: while a race runs, xdotool sends the pilot's moves to the X server as mouse
+// and keyboard input, and the game gets them as it gets a player's.
 #include "core/Game.h"
 #include "core/kGLView.h"
 #include "platform/base/RunLoop.h"
@@ -23,7 +23,7 @@ constexpr int kScreenHeight = 720;
 class Flyer
 {
 public:
-    Flyer() : m_hands(popen("xdotool -", "w"), pclose) {}
+    Flyer() : m_xdotool(popen("xdotool -", "w"), pclose) {}
 
     void Move()
     {
@@ -38,16 +38,16 @@ public:
             m_pilot = std::make_unique<Pilot>(*Game::pGame->GetUniverse(), kScreenWidth, kScreenHeight);
         }
         PilotInput const input = m_pilot->NextInput();
-        std::fprintf(m_hands.get(), "mousemove %d %d\n", input.mouseX, kScreenHeight - input.mouseY);
+        std::fprintf(m_xdotool.get(), "mousemove %d %d\n", input.mouseX, kScreenHeight - input.mouseY);
         if (input.throttle != 0)
         {
-            std::fprintf(m_hands.get(), "key %s\n", input.throttle > 0 ? "w" : "s");
+            std::fprintf(m_xdotool.get(), "key %s\n", input.throttle > 0 ? "w" : "s");
         }
-        std::fflush(m_hands.get());
+        std::fflush(m_xdotool.get());
     }
 
 private:
-    std::unique_ptr<FILE, int (*)(FILE*)> m_hands;
+    std::unique_ptr<FILE, int (*)(FILE*)> m_xdotool;
     std::unique_ptr<Pilot> m_pilot;
 };
 

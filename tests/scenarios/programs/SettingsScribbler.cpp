@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The game itself, which changes settings and best times without pause and saves them: in generation n every
-// one of them says n. It prints each generation that is on the disk. test_power_loss.py kills it.
+// The game, which changes settings and best times all the time and saves them: in generation n each of them
+// has the value n. It prints each generation once it is on the disk.
 #include "core/Game.h"
 #include "core/kGLView.h"
 #include "platform/base/RunLoop.h"

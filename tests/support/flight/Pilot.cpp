@@ -15,7 +15,9 @@ namespace
 {
 
 constexpr float kThrottleStep = 0.2F; // of the greatest speed, for one press of a throttle key
-constexpr float kReaction = 0.1F;     // seconds in which a heading error is to be gone
+constexpr float kReaction = 0.3F;     // seconds in which a heading error is to be gone
+constexpr float kLeastTurn = 0.08F;   // of the greatest: a smaller request may fall into the dead centre
+constexpr float kExact = 0.001F;      // radians: a smaller heading error stays
 constexpr float kRoom = 0.004F;       // units that the ship may leave its line while it corrects its heading
 constexpr float kAligned = 0.1F;      // radians: with a greater heading error the ship stands and turns
 constexpr float kArrived = 0.02F;     // units
@@ -97,7 +99,7 @@ PilotInput Pilot::NextInput()
     float const error = std::atan2(sideways, -aim.z);
 
     // What lies straight behind is turned to by the right.
-    float const turn = std::min(1.0F, error / (kReaction * m_turnRate));
+    float const turn = error < kExact ? 0.0F : std::clamp(error / (kReaction * m_turnRate), kLeastTurn, 1.0F);
     float const x = sideways > 0.0F ? aim.x / sideways * turn : turn;
     float const y = sideways > 0.0F ? aim.y / sideways * turn : 0.0F;
     return {Pointer(x, m_viewWidth), Pointer(y, m_viewHeight), ThrottlePress(SafeSpeed(error))};

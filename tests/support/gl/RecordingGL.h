@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // An OpenGL (and GLU) without a picture: the same entry points, which note each call while recording is on,
-// hand out names, and keep the little state that the game asks back. While it is off they cost next to
-// nothing, so simulation and benchmarks run on it too. Link quarrow_recording_gl instead of OpenGL.
+// hand out names, and keep the state that the game queries. While recording is off they cost next to nothing.
+// Link quarrow_recording_gl instead of OpenGL.
 #pragma once
 
 #include <initializer_list>
@@ -28,13 +28,13 @@ std::ostream& operator<<(std::ostream& stream, Call const& call);
 // A call to compare with.
 Call call(std::string name, std::initializer_list<double> arguments = {});
 
-// Forgets everything, names and state included: a context as new. Recording is off and a context is current.
+// Forgets everything, names and state included. Recording is then off and a new context current.
 void reset();
 
 // Notes calls from here on, from an empty list.
 void start();
 
-// Stops, and hands out what was noted.
+// Stops, and returns what was noted.
 std::vector<Call> stop();
 
 // The names that exist.
@@ -56,7 +56,7 @@ void refuseNextTexture();
 // The context that is current from now on; null for none. Contexts are told apart by these pointers only.
 void setCurrentContext(void* context);
 
-// The deletions made by way of a context: (context, texture) in order.
+// The textures deleted in a context other than the current one: (context, texture) in order.
 std::vector<std::pair<void*, unsigned>> const& contextDeletions();
 
 // How many calls of that name the list holds, and where the first stands (-1 for nowhere).

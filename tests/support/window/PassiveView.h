@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A view with the game's pixel format that only shows what others draw. Tests and benchmarks of pictures open
-// their windows with it; TestView notes what it is told besides.
+// A view with the game's pixel format, which ignores all events and draws nothing itself.
 #pragma once
 
 #include "platform/window/OpenGLView.h"

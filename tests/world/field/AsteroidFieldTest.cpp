@@ -65,7 +65,8 @@ using Found = std::vector<std::pair<int, int>>; // z, size class
 Found Walk(AsteroidField const& field, int x, int y, int first, int last)
 {
     Found found;
-    field.ForEachIn(x, y, first, last, [&found](int z, int sizeClass) { found.emplace_back(z, sizeClass); });
+    field.ForEachIn(x, y, first, last,
+                    [&found](int z, int sizeClass, Roid const&) { found.emplace_back(z, sizeClass); });
     return found;
 }
 
