@@ -46,7 +46,7 @@ def read_settings(file):
             return text
 
     parser = configparser.RawConfigParser(delimiters="=", comment_prefixes="#", strict=False)
-    parser.optionxform = str  # which else makes keys small
+    parser.optionxform = str  # keeps capitals in keys
     parser.read(file)
     return {key: value_of(text) for key, text in parser["Settings"].items()} if "Settings" in parser else {}
 

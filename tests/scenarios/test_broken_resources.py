@@ -73,12 +73,6 @@ class BrokenResourcesScenario(Scenario):
             how(path)
         self.expect_one_line_each(self.play(), paths)
 
-        interface = next((self.installed / "resources" / "Interface").glob("Main.*"))
-        how(interface)
-        with Game(self.display, self.home, program=str(self.installed / "quarrow"), expect_start=False) as game:
-            self.assertEqual(game.wait_exit(), 1, game.log())
-            self.expect_one_line_each(game.log().splitlines(), [interface])
-
     def test_missing_files(self):
         self.break_all(pathlib.Path.unlink)
 

@@ -43,20 +43,10 @@ fs::path const& Resources()
     return folder;
 }
 
-bool IsPlainName(std::string const& name)
-{
-    return !name.empty() && name != "." && name != ".." && name.find_first_of("/\\") == std::string::npos &&
-           name.find('\0') == std::string::npos;
-}
-
 } // namespace
 
 std::optional<fs::path> pathForResource(std::string const& name, std::string const& folder)
 {
-    if (!IsPlainName(name) || !IsPlainName(folder) || Resources().empty())
-    {
-        return std::nullopt;
-    }
     fs::path const path = Resources() / folder / name;
     std::error_code error;
     return fs::is_regular_file(path, error) ? std::optional(path) : std::nullopt;

@@ -14,8 +14,7 @@ namespace platform::Bundle
 {
 
 // The path of a readable file of that name in a sub-folder of the resources ("Images", "Sounds", "Music",
-// "Interface"). Nothing when there is none, or when a name is not a plain file name (a separator or ".." in
-// it).
+// "Interface"). Nothing when there is none.
 std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
 
 // The folder of the message catalogues.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Reading a file of the resources whole.
+// Reads a file whole.
 #pragma once
 
 #include <cstddef>

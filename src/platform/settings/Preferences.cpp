@@ -90,15 +90,13 @@ struct Preferences::Storage
     KeyFile values; // the user's, changes included
     KeyFile defaults{g_key_file_new()};
     std::map<std::string, Merge> merges;
-    std::map<std::string, std::vector<int>> before; // of a changed key with a merge, as it was read
-    std::set<std::string> changed;                  // keys not yet written
-    std::set<std::string> reported;                 // keys whose value was complained about
+    std::map<std::string, std::vector<int>> readBefore; // of a changed key with a merge, as it was read
+    std::set<std::string> changed;                      // keys not yet written
+    std::set<std::string> reported;                     // keys whose value was complained about
     bool isRefused = false; // the last try to read or write the file, which was reported
 
     template <typename Result>
     Result read(std::string const& key, Result (*get)(GKeyFile*, char const*, char const*, GError**));
-    double number(std::string const& key) { return read(key, g_key_file_get_double); }
-    std::vector<int> integers(std::string const& key) { return read(key, ReadIntegers); }
     void mergeWith(GKeyFile* latest);
     bool save();
 };
@@ -127,15 +125,15 @@ Result Preferences::Storage::read(std::string const& key,
 // What is merged counts as read: should the save fail, the next try adds nothing twice.
 void Preferences::Storage::mergeWith(GKeyFile* latest)
 {
-    for (auto& [key, read] : before)
+    for (auto& [key, before] : readBefore)
     {
         bool const isThere = g_key_file_has_key(latest, kGroup, key.c_str(), nullptr) != 0;
         std::vector<int> theirs = ReadIntegers(latest, kGroup, key.c_str(), nullptr);
-        if (isThere && theirs != read)
+        if (isThere && theirs != before)
         {
-            Value const merged = merges.at(key)(read, integers(key), theirs);
+            Value const merged = merges.at(key)(before, read(key, ReadIntegers), theirs);
             std::visit(Store{values.get(), key}, merged);
-            read = std::move(theirs);
+            before = std::move(theirs);
         }
     }
 }
@@ -159,7 +157,7 @@ bool Preferences::Storage::save()
     {
         values = std::move(latest);
         changed.clear();
-        before.clear();
+        readBefore.clear();
     }
     return !isRefused;
 }
@@ -174,12 +172,9 @@ Preferences& Preferences::standard()
 Preferences::Preferences(std::filesystem::path file) : m_storage(std::make_unique<Storage>())
 {
     m_storage->file = std::move(file);
-    m_storage->values = LoadSettings(m_storage->file, true);
-    m_storage->isRefused = m_storage->values == nullptr;
-    if (m_storage->isRefused)
-    {
-        m_storage->values.reset(g_key_file_new());
-    }
+    KeyFile stored = LoadSettings(m_storage->file, true);
+    m_storage->isRefused = stored == nullptr;
+    m_storage->values = stored != nullptr ? std::move(stored) : KeyFile(g_key_file_new());
 }
 
 Preferences::~Preferences()
@@ -202,12 +197,12 @@ void Preferences::registerMerge(std::string const& key, Merge merge)
 
 int Preferences::integerForKey(std::string const& key) const
 {
-    return IntegerWithin(m_storage->number(key));
+    return IntegerWithin(m_storage->read(key, g_key_file_get_double));
 }
 
 float Preferences::floatForKey(std::string const& key) const
 {
-    return FloatWithin(m_storage->number(key));
+    return FloatWithin(m_storage->read(key, g_key_file_get_double));
 }
 
 std::string Preferences::stringForKey(std::string const& key) const
@@ -217,14 +212,14 @@ std::string Preferences::stringForKey(std::string const& key) const
 
 std::vector<int> Preferences::integerArrayForKey(std::string const& key) const
 {
-    return m_storage->integers(key);
+    return m_storage->read(key, ReadIntegers);
 }
 
 void Preferences::setValue(std::string const& key, Value const& value)
 {
     if (m_storage->merges.contains(key) && !m_storage->changed.contains(key))
     {
-        m_storage->before[key] = m_storage->integers(key);
+        m_storage->readBefore[key] = integerArrayForKey(key);
     }
     std::visit(Store{m_storage->values.get(), key}, value);
     m_storage->changed.insert(key);

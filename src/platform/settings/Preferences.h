@@ -49,8 +49,9 @@ public:
 
     int integerForKey(std::string const& key) const;
     float floatForKey(std::string const& key) const;
-    std::string stringForKey(std::string const& key) const;            // UTF-8
-    std::vector<int> integerArrayForKey(std::string const& key) const; // what is no number in it reads as 0
+    std::string stringForKey(std::string const& key) const; // UTF-8
+    // An element that is no number reads as 0.
+    std::vector<int> integerArrayForKey(std::string const& key) const;
     void setValue(std::string const& key, Value const& value);
 
     // Writes the changed keys now, over what the file holds by then, and takes the other keys from there.

@@ -55,15 +55,6 @@ fs::path WhatLinkNames(fs::path file)
     return file;
 }
 
-// A file that is not there yet is for the player alone.
-int ModeFor(fs::path const& file)
-{
-    constexpr fs::perms kPlayersOwn = fs::perms::owner_read | fs::perms::owner_write;
-    std::error_code error;
-    fs::file_status const status = fs::status(file, error);
-    return static_cast<int>(fs::exists(status) ? status.permissions() : kPlayersOwn);
-}
-
 } // namespace
 
 KeyFile LoadSettings(fs::path const& file, bool tellIfStuck)
@@ -96,12 +87,16 @@ bool SaveSettings(fs::path const& file, GKeyFile* settings, bool tellIfRefused)
 {
     constexpr auto kSafely =
         static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT | G_FILE_SET_CONTENTS_DURABLE);
+    constexpr fs::perms kOnlyThePlayer = fs::perms::owner_read | fs::perms::owner_write;
     fs::path const target = WhatLinkNames(file);
+    std::error_code error;
+    fs::file_status const old = fs::status(target, error);
+    auto const mode = static_cast<int>(fs::exists(old) ? old.permissions() : kOnlyThePlayer);
     gsize length = 0;
     g_autofree char* text = g_key_file_to_data(settings, &length, nullptr);
     g_autoptr(GError) problem = nullptr;
     bool const isSaved = g_file_set_contents_full(target.c_str(), text, static_cast<gssize>(length), kSafely,
-                                                  ModeFor(target), &problem) != 0;
+                                                  mode, &problem) != 0;
     if (!isSaved && tellIfRefused)
     {
         Log("The settings cannot be saved to " + file.string() + ": " + problem->message);
@@ -114,8 +109,7 @@ FolderLock::FolderLock(fs::path const& folder)
     constexpr int kOnlyThePlayer = 0700;
     g_mkdir_with_parents(folder.c_str(), kOnlyThePlayer);
     m_descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // Tries come so close together that one hits the gap between two saves of a game that saves without
-    // pause.
+    // As short as the gap between two saves of a game that saves without pause.
     constexpr gulong kPause = 100; // microseconds
     constexpr int kTries = 8000;
     for (int i = 0; m_descriptor >= 0 && i < kTries && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++i)

@@ -13,12 +13,6 @@ namespace
 
 constexpr char const* kWindow = "Window";
 
-std::string Text(GKeyFile* file, char const* group, char const* key)
-{
-    g_autofree char* text = g_key_file_get_string(file, group, key, nullptr);
-    return text != nullptr ? text : "";
-}
-
 float Pixels(GKeyFile* file, char const* key)
 {
     return static_cast<float>(g_key_file_get_integer(file, kWindow, key, nullptr));
@@ -57,7 +51,8 @@ std::optional<InterfaceFile> InterfaceFile::load(std::filesystem::path const& pa
         return std::nullopt;
     }
     InterfaceFile interface;
-    interface.windowTitle = Text(file.get(), kWindow, "title");
+    g_autofree char* title = g_key_file_get_string(file.get(), kWindow, "title", nullptr);
+    interface.windowTitle = title != nullptr ? title : "";
     interface.contentSize = {Pixels(file.get(), "width"), Pixels(file.get(), "height")};
     for (char const* const action : {"toggleFullScreen", "terminate"})
     {

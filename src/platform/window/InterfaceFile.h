@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The main interface file "Main.ini": the window, and the commands with their keys. It is installed with the game and trusted.
+// The main interface file "Main.ini": the window, and the commands with their keys. It is installed with the
+// game and trusted.
 #pragma once
 
 #include "platform/base/Geometry.h"

@@ -23,7 +23,8 @@ namespace fs = std::filesystem;
 using platform::Preferences;
 using PowerLossTest = PreferencesFolder;
 
-// Saves generation after generation of settings and times, and tells through the pipe which are on the disk.
+// Saves one generation of settings and times after the other, and writes the number of each that is saved to
+// the pipe.
 [[noreturn]] void SaveForEver(fs::path const& file, int first, int pipe)
 {
     Preferences preferences(file);
@@ -40,7 +41,7 @@ using PowerLossTest = PreferencesFolder;
     }
 }
 
-// Lets a process save for that long, and kills it. The last generation that it told of, or 0.
+// Kills a process that saves after that time. The last generation that it reported as saved, or 0.
 int KilledAfter(std::chrono::microseconds time, fs::path const& file, int first)
 {
     std::array<int, 2> ends{};
@@ -67,7 +68,8 @@ int KilledAfter(std::chrono::microseconds time, fs::path const& file, int first)
 TEST_F(PowerLossTest, KilledAtAnyMomentItLeavesAWholeFile)
 {
     constexpr int kKills = test::Rounds(500);
-    constexpr int kLongest = 20000; // microseconds: some die before their first save, most amid a later one
+    constexpr int kLongest =
+        20000; // microseconds: long enough for most to be killed during a later save than the first
     std::mt19937 random(20260101);
     std::uniform_int_distribution<int> moment(0, kLongest);
     int stored = 0;

@@ -79,7 +79,7 @@ TEST_F(PreferencesSharingTest, GamesThatSaveAtTheSameMomentLoseNothing)
     EXPECT_THAT(others(), IsEmpty());
 }
 
-// Two games of a player who has just come would else lose what the one of them saves first.
+// Otherwise two games at their first start would lose a key when both save at once.
 TEST_F(PreferencesSharingTest, FolderThatIsNotThereYetIsHeldAsWell)
 {
     fs::path const folder = m_folder / "new" / "quarrow";
@@ -90,7 +90,7 @@ TEST_F(PreferencesSharingTest, FolderThatIsNotThereYetIsHeldAsWell)
     close(other);
 }
 
-// Adds what each added.
+// The number before, and what both games added to it.
 std::vector<int> Sum(std::vector<int> const& before, std::vector<int> const& ours,
                      std::vector<int> const& theirs)
 {
@@ -128,7 +128,7 @@ TEST_F(PreferencesSharingTest, GameThatHangsAmidItsSaveHoldsNobodyUp)
     EXPECT_EQ(Preferences(file()).integerForKey("A"), 1);
 }
 
-// A disk with little room while it lives: no file may be longer than a page.
+// Stands for a full disk: while the object exists, no file may be longer than 4096 bytes.
 class SmallFilesOnly
 {
 public:

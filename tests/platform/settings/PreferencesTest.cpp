@@ -215,7 +215,7 @@ TEST_F(PreferencesTest, TextsOfManyLinesAndOddSignsComeBack)
     }
 }
 
-// But for the form feed, which no key gives and which GLib takes for a space before the value.
+// The form feed is left out: no key gives it, and GLib takes it for white space before the value.
 TEST_F(PreferencesTest, EveryCharacterComesBack)
 {
     std::map<std::string, std::string> texts;
@@ -280,7 +280,7 @@ TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
     }
 }
 
-// The rights of nobody in particular while it lives, where the tests have those of the administrator.
+// Where the tests run as root: the user "nobody" while the object exists.
 class WithoutPrivileges
 {
 public:
