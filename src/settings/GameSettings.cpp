@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -35,17 +34,37 @@ Preferences::Value DefaultOf(ListSetting const&)
 }
 
 template <typename Number>
-Number Hold(NumberSetting<Number> const& setting, Number value)
+Number Held(NumberSetting<Number> const& setting, Number value)
 {
-    static std::set<std::string> logged;
     bool const isNumber = value == value; // a NaN is not
-    Number const held = isNumber ? std::clamp(value, setting.least, setting.most) : setting.standard;
-    if (held != value && logged.insert(setting.key).second)
+    return isNumber ? std::clamp(value, setting.least, setting.most) : setting.standard;
+}
+
+template <typename Number>
+void LogIfHeld(NumberSetting<Number> const& setting, Number value)
+{
+    Number const held = Held(setting, value);
+    if (held != value)
     {
         platform::LogFormat("The setting %s is %g, which the game cannot play with; it takes %g", setting.key,
                             static_cast<double>(value), static_cast<double>(held));
     }
-    return held;
+}
+
+void Check(IntSetting const& setting)
+{
+    LogIfHeld(setting, Store().integerForKey(setting.key));
+}
+
+void Check(FloatSetting const& setting)
+{
+    LogIfHeld(setting, Store().floatForKey(setting.key));
+}
+
+// Texts and lists have no range.
+template <typename Kind>
+void Check(Kind const&)
+{
 }
 
 } // namespace
@@ -57,11 +76,12 @@ void GameSettings::Initialize()
                setting::kTable);
     Store().registerDefaults(defaults);
     Store().registerMerge(setting::kRaceTimes.key, MergedRaceTimes);
+    std::apply([](auto const&... settings) { (Check(settings), ...); }, setting::kTable);
 }
 
 int GameSettings::GetIntParam(IntSetting const& setting)
 {
-    return Hold(setting, Store().integerForKey(setting.key));
+    return Held(setting, Store().integerForKey(setting.key));
 }
 
 void GameSettings::SetIntParam(IntSetting const& setting, int value)
@@ -71,7 +91,7 @@ void GameSettings::SetIntParam(IntSetting const& setting, int value)
 
 float GameSettings::GetFloatParam(FloatSetting const& setting)
 {
-    return Hold(setting, Store().floatForKey(setting.key));
+    return Held(setting, Store().floatForKey(setting.key));
 }
 
 float GameSettings::GetFloatParam(IntSetting const& setting)

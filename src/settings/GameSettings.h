@@ -16,7 +16,8 @@
 class GameSettings
 {
 public:
-    // Registers the table of defaults. Once, before the first read.
+    // Registers the table of defaults, and logs each stored number that is beyond its range. Once, before the
+    // first read.
     static void Initialize();
 
     static int GetIntParam(IntSetting const& setting);
