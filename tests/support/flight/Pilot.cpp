@@ -41,7 +41,7 @@ bool GoesOn(std::vector<TQ3Vector3D> const& places, Axis axis, TQ3Vector3D const
 void AppendLines(std::vector<TQ3Vector3D>& places, TQ3Vector3D const& marker)
 {
     std::array<Axis, 3> axes = {&TQ3Vector3D::x, &TQ3Vector3D::y, &TQ3Vector3D::z};
-    std::ranges::stable_partition(axes, [&](Axis axis) { return GoesOn(places, axis, marker); });
+    std::stable_partition(axes.begin(), axes.end(), [&](Axis axis) { return GoesOn(places, axis, marker); });
     for (Axis const axis : axes)
     {
         TQ3Vector3D next = places.back();
