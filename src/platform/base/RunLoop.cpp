@@ -16,7 +16,7 @@ namespace platform
 namespace
 {
 
-// All parts of the game put their timers on the one run loop that the main thread has.
+// Of the one run loop, which is the main thread's.
 std::vector<std::shared_ptr<Timer>>& Timers()
 {
     static std::vector<std::shared_ptr<Timer>> timers;

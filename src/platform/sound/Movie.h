@@ -90,7 +90,7 @@ private:
     bool m_loopingHint = false;
     bool m_isServing = false;
     std::uint64_t m_lastTask = 0; // UpTime()
-    double m_owed = 0.0;          // samples that were heard, but not travelled yet
+    double m_owed = 0.0;          // samples that were heard and that m_time lacks
 };
 
 } // namespace platform
