@@ -40,7 +40,7 @@ public:
     void start(); // at rate 1, and makes it active
     void stop() { setRate(0); }
     void setRate(Fixed rate);
-    Fixed rate() const { return m_rate; } // 0 also once the movie has come to its end
+    Fixed rate() const { return m_rate; } // 0 also once the movie has reached its end
     void setActive(bool isActive);        // an inactive movie is silent and its time stands
 
     // 8.8, 256 is full; a negative volume is silent and remembers its amount.
