@@ -16,7 +16,7 @@ namespace platform
 namespace
 {
 
-// Of the one run loop, which is the main thread's.
+// The timers of the main thread's run loop, the only one.
 std::vector<std::shared_ptr<Timer>>& Timers()
 {
     static std::vector<std::shared_ptr<Timer>> timers;

@@ -31,7 +31,7 @@ namespace
 
 constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
-constexpr double kLongestSleep = 0.05; // seconds without a look at signals and events
+constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
 
 // Process-wide, because a signal handler can reach nothing else.
 volatile std::sig_atomic_t endIsWanted = 0;

@@ -196,8 +196,8 @@ void Cockpit::Render(Camera const& ship, TQ3Vector3D const& marker, int width, i
     RenderTexts(width, height);
 }
 
-// Counter and distance stand to the left of the clock, one clock's height (of a 550 pixel high view) below
-// its top.
+// Counter and distance stand to the left of the clock, below its top by its height times the view's
+// height over 550.
 void Cockpit::RenderTexts(int width, int height)
 {
     m_clock.MoveTo(width * 5 / 9, height * 9 / 10);
