@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A window of the game's size and kind that is cleared and shown until it is told to end: the least that any
+// A window of the game's size and kind that is cleared and shown until it is closed: the least that any
 // program with a window costs.
 #include "platform/base/OpenGL.h"
 

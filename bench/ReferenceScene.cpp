@@ -88,7 +88,7 @@ std::vector<ReferenceScene::Rock> ReferenceScene::RocksInView(int width, int hei
     return rocks;
 }
 
-// Draws each in a colour of its own and looks which colours are left.
+// Draws each in its own colour and reads which colours are left.
 std::vector<ReferenceScene::Rock> ReferenceScene::RocksThatShow(int width, int height) const
 {
     std::vector<Rock> const rocks = RocksInView(width, height);

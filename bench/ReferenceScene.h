@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The scene drawn in the plainest way: every cell of the view's box, one after the other, every asteroid
-// whose centre is in view. The game's own renderer must leave the same picture, pixel for pixel, and is
-// measured against this one; it is measured against the least that could be drawn, too: only the asteroids
-// that own a pixel. The frame rate read-out, which is text, is left out.
+// whose centre is in view. The game's own renderer must draw the same picture, pixel for pixel. RenderOnly()
+// draws chosen asteroids, such as those that own a pixel: the least that shows the same. The frame rate
+// read-out is left out.
 #pragma once
 
 #include <functional>

@@ -31,7 +31,7 @@ namespace
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRounds = 21;
-constexpr float kDeep = 64.0F; // from here on the field is at its densest, or all but
+constexpr float kDeep = 64.0F; // from here on the field is at its densest, or nearly so
 constexpr int kWidth = BenchWindow::kWidth;
 constexpr int kHeight = BenchWindow::kHeight;
 
@@ -103,7 +103,7 @@ Times Measure(BenchWindow const& window, Universe& world)
             shown.size()};
 }
 
-// The game's own world stays away: what all asteroids share exists once.
+// Uses the game's one world: a second one would replace the display lists that asteroids share.
 Times MeasureFrom(BenchWindow const& window, Viewpoint const& viewpoint, unsigned seed)
 {
     platform::SeedRandom(seed);
@@ -134,7 +134,7 @@ private:
     int m_count = 0;
 };
 
-// What the whole table comes to, by one of the two clocks.
+// Summaries of the whole table by one of the two clocks.
 struct Totals
 {
     explicit Totals(double Duration::*clock) : part(clock) {}

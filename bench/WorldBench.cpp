@@ -81,7 +81,7 @@ void Replay(benchmark::State& state, Viewpoint const& viewpoint)
 {
     World const world;
     LookFrom(viewpoint, *world.universe->GetCamera());
-    world.universe->Render(kWidth, kHeight); // its texts are made
+    world.universe->Render(kWidth, kHeight); // makes the texts
     recording::start();
     world.universe->Render(kWidth, kHeight);
     auto const calls = recording::stop();

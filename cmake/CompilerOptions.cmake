@@ -7,11 +7,10 @@ add_library(quarrow_options INTERFACE)
 target_compile_options(quarrow_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
 
-# GCC 12 sees overlapping copies in plain concatenations of std::string that are none (its bug 105329).
+# GCC 12 warns of overlapping copies in plain concatenations of std::string, wrongly (its bug 105329).
 target_compile_options(quarrow_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
-# The same source gives the same bytes in whatever folder it is built: no path of this machine in a released program,
-# and symbols that are made up are made up of the file's name.
+# The same source gives the same bytes in whatever folder it is built: no path of this machine in a released program.
 target_compile_options(quarrow_options INTERFACE
     $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=
     -ffile-prefix-map=${CMAKE_BINARY_DIR}/=>)
@@ -19,7 +18,7 @@ target_compile_options(quarrow_options INTERFACE
 if(QUARROW_SANITIZE)
     target_compile_options(quarrow_options INTERFACE
         -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    # Of the symbols, lines are all that a report shows.
+    # Reports show names and lines only, which -g1 has.
     target_compile_options(quarrow_options INTERFACE -g1)
     # Tests themselves compile faster: not optimised, and their own pointers checked by the address sanitizer only.
     target_compile_options(quarrow_options INTERFACE

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-# Whatever is missing is named together with the Debian package that brings it.
+# Configuring stops at a missing library and names the Debian package that brings it.
 
 # quarrow_need(<whether it was found> <what> <package>)
 function(quarrow_need found what package)

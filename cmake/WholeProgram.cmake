@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Link-time optimisation of the released program. quarrow_whole_program(<program> <library>...)
 #
-# The libraries hold each function twice, as what the linker can optimise and as plain code: tests and benchmarks link
-# the plain code of the very same objects, in a fraction of the time.
+# The libraries hold each function twice, as intermediate code for the linker to optimise and as machine code: tests and
+# benchmarks link the machine code of the same objects, in a fraction of the time.
 include(CheckCXXCompilerFlag)
 check_cxx_compiler_flag(-ffat-lto-objects QUARROW_HAS_FAT_LTO)
 
@@ -18,11 +18,11 @@ function(quarrow_whole_program program)
         target_link_options(${library} INTERFACE
             $<$<AND:$<CONFIG:Release>,$<NOT:$<STREQUAL:$<TARGET_PROPERTY:NAME>,${program}>>>:-fno-lto>)
     endforeach()
-    # In one piece: the program is small, and pieces would be shared out by make, which may not be there.
+    # In one partition: the program is small, and several would need make, which may not be installed.
     target_link_options(${program} PRIVATE $<$<CONFIG:Release>:-flto=1 -flto-partition=one -O3>)
 endfunction()
 
-# The made-up names of symbols in these sources depend on nothing but the name of the source.
+# The generated names of symbols in these sources depend on nothing but the name of the source.
 function(quarrow_seed_symbols)
     if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         return()

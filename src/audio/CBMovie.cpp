@@ -154,7 +154,7 @@ void CBMovie::moviesTask()
     }
 }
 
-// The timer holds the movie, so that it lives until it is stopped.
+// The action holds a reference, so that a playing movie lives until it is stopped.
 void CBMovie::scheduleMoviesTaskTimer()
 {
     if (!m_moviesTaskTimer)

@@ -69,7 +69,7 @@ public:
     void gotoPosterFrame(Sender = nullptr) { gotoTime(0); }
     void gotoPercentFinished(float percent); // fractions of a percent are dropped
     float percentFinished() const;
-    void stepForward(Sender = nullptr) {} // without a video sample to step to the time stays
+    void stepForward(Sender = nullptr) {} // nothing: there are no video frames
     void stepBack(Sender = nullptr) {}
 
     void setVolume(float volume); // 0..1

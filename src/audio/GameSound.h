@@ -22,7 +22,7 @@ public:
     bool IsPlaying() const;
 
 private:
-    // On at every start: nothing applies the stored "SoundVolume" then.
+    // On at every start: the stored "SoundVolume" is not applied then.
     static bool fSoundOn;
 
     GameSoundNSSound* m_adapter;

@@ -71,8 +71,8 @@ void LogBitDepths()
     QTUtilLog(text);
 }
 
-// A turn request along one axis: the pointer's distance from the view's centre, sensitivity at the edge; 0 in
-// the dead zone, which is measured on the scaled value.
+// A turn request along one axis: 0 with the pointer at the view's centre, the sensitivity at its edge; 0 also
+// in the dead zone, which is a range of the request.
 float TurnRequest(int mouse, int viewSize, double sensitivity, float deadCenter)
 {
     auto const turn = static_cast<float>((mouse + viewSize * -0.5) * (sensitivity + sensitivity) /
@@ -205,7 +205,7 @@ void Game::Render(int width, int height)
     }
 }
 
-// In every frame, so that outside a race the ship stops turning.
+// Called in every frame: outside a race the request is 0, so that the ship stops turning.
 void Game::RequestTurn(int width, int height)
 {
     float turnX = 0.0F;
@@ -287,7 +287,7 @@ void Game::NoteDebugKey(GameEvent const& event)
     m_debugKeySeen = m_debugKeySeen || event.IsKey('d');
 }
 
-// The click is heard at full and at no throttle too.
+// The click sounds also where the throttle is at its end already.
 void Game::ChangeThrottle(float step)
 {
     m_soundControls->Play();

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The one object that ties everything together: the race world, the sounds of the game as a whole, and the
-// state. The host view makes it on the first frame, then calls Tick and Render once a frame and hands it
-// every event.
+// state. It is made on the first frame; Tick and Render are called once a frame, HandleEvent for every event.
 #pragma once
 
 #include <cstdint>
@@ -67,8 +66,8 @@ private:
     std::uint64_t m_lastTime = 0;
     double m_elapsed = 0.0; // seconds, the last frame's
     std::unique_ptr<GameSound> m_soundFanfare;
-    std::unique_ptr<GameSound> m_soundStarter; // never played, nor is the next
-    std::unique_ptr<GameSound> m_soundHiScore;
+    std::unique_ptr<GameSound> m_soundStarter; // never played
+    std::unique_ptr<GameSound> m_soundHiScore; // never played
     std::unique_ptr<GameSound> m_soundControls;
     unsigned short m_keyThrustUp = 0;
     unsigned short m_keyThrustDown = 0;

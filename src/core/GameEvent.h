@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// One input event as game and menus see it: they ask what it is. It lives for one dispatch; nobody keeps it.
+// One input event as game and menus see it: they ask what it is. It lives for one dispatch: keep no pointer.
 // Positions are window pixels with their origin at the bottom left.
 #pragma once
 

@@ -44,6 +44,6 @@ private:
     int PixelsHigh() const { return static_cast<int>(frame().size.height); }
 
     std::unique_ptr<platform::Window> FullScreenWindow; // null while the view is in its starting window
-    platform::Window* StartingWindow = nullptr;         // the interface file's
+    platform::Window* StartingWindow = nullptr;         // of the interface file
     std::shared_ptr<platform::Timer> nstime;
 };

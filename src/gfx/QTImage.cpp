@@ -49,7 +49,7 @@ bool QTImage::SetImageFromFSSpec(std::filesystem::path const& file)
 
 bool QTImage::SetImageInfo()
 {
-    // Kept for CreateImageWithBitdepth(): it has decoded the picture.
+    // Kept for CreateImageWithBitdepth(): it has decoded the picture already.
     m_importer = platform::ImageImporter::forFile(m_file);
     if (!m_importer)
     {

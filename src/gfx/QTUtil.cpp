@@ -14,7 +14,7 @@
 namespace
 {
 
-// By name; null where it cannot be had.
+// By name; null for a picture that cannot be loaded.
 using DecodedImages = std::map<std::string, std::shared_ptr<QTImage const>>;
 
 struct Pictures
@@ -90,7 +90,7 @@ void QTDecodeAhead(std::vector<std::string> names)
         }
         return images;
     };
-    // Where no thread can be had it is deferred: the first QTDecodedImage() then decodes them.
+    // Without another thread it is deferred: the first QTDecodedImage() then decodes them.
     ThePictures().ahead = std::async(std::launch::async | std::launch::deferred, decodeAll);
 }
 

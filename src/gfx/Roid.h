@@ -60,8 +60,8 @@ public:
         return distanceSquared >= m_lodDistMedium ? 1 : 0;
     }
 
-    // The radius of the spheres of that size class, world units, and the share of it that the sphere inside
-    // the mesh of that level of detail has.
+    // The radius of the spheres of that size class, world units; and the radius of the largest ball inside
+    // the mesh of that level of detail, as a share of it.
     static float MeshRadius(int sizeClass);
     static float SolidShare(int levelOfDetail);
 

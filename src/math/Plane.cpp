@@ -36,8 +36,8 @@ void Widen(float value, float* min, float* max)
     }
 }
 
-// A line along z cuts a plane that is parallel to z nowhere. Such a plane is tilted this much, so that the
-// cut lies far outside the view.
+// A plane parallel to z cuts no line along z. It is tilted this much, so that the cut lies far outside the
+// view.
 constexpr float kLeastTilt = 1e-9F;
 
 bool IsLower(Plane const& plane)

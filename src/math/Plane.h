@@ -94,6 +94,6 @@ private:
     Plane m_top;
     Plane m_bottom;
     Plane m_far;
-    RowLimit m_rowLimits[kPlaneCount]; // the lower ones first
+    RowLimit m_rowLimits[kPlaneCount]; // those that limit z from below first
     int m_lowerCount = 0;
 };

@@ -105,7 +105,7 @@ void Q3Vector3D_TransformQuaternion(TQ3Vector3D const* v, TQ3Quaternion const* q
     TQ3Quaternion const p{0.0F, v->x, v->y, v->z};
     TQ3Quaternion const c{q->w, -q->x, -q->y, -q->z};
 
-    // p.w is 0, but is multiplied all the same: 0 times infinity is NaN, and the result shall show it.
+    // p.w is 0, but is multiplied all the same: 0 times infinity is NaN, and so is the result then.
     TQ3Quaternion const t{
         p.w * c.w - p.x * c.x - p.y * c.y - p.z * c.z, p.w * c.x + p.x * c.w + p.y * c.z - p.z * c.y,
         p.w * c.y + p.y * c.w + p.z * c.x - p.x * c.z, p.w * c.z + p.z * c.w + p.x * c.y - p.y * c.x};

@@ -7,7 +7,7 @@
 #include <vector>
 
 // Whole seconds, fastest first, 0 for an empty place. before: as this game read it; ours: as it set it;
-// theirs: as another game has stored it meanwhile. Each time that either added is in the result as far as it
-// ranks; what either cleared is gone. As long as ours.
+// theirs: as another game has stored it meanwhile. The result has as many places as
+// ours: it holds the fastest of the times that either added or both kept, and none that either cleared.
 std::vector<int> MergedRaceTimes(std::vector<int> const& before, std::vector<int> const& ours,
                                  std::vector<int> const& theirs);

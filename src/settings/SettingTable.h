@@ -43,29 +43,29 @@ inline constexpr IntSetting kShowFps{"_ShowFPS", 0};
 inline constexpr IntSetting kFpsFontSize{"_FPSFontSize", 12, 1, kGreatestFont};
 inline constexpr TextSetting kFpsFontName{"_FPSFontName", "Helvetica"};
 
-// Where the haze begins, and where it hides everything: deep in the field, and outside of it; from where on
-// asteroids are drawn with fewer corners, and with the fewest.
+// Where fog begins; where it hides everything, deep in the field and outside it; from where on asteroids are
+// drawn in the medium and in the coarsest level of detail.
 inline constexpr FloatSetting kFogStart{"FogStart", 10.0F};
 inline constexpr FloatSetting kFogEndLow{"FogEndLow", 20.0F, 0.0F, kFarthestView};
 inline constexpr FloatSetting kFogEndHigh{"FogEndHigh", 50.0F, 0.0F, kFarthestView};
 inline constexpr FloatSetting kLodDistMedium{"LODDistMedium", 30.0F};
 inline constexpr FloatSetting kLodDistFar{"LODDistFar", 55.0F};
 
-// Shares of cells that are filled; slices and stacks of the nearest; radii: an impact is looked for that far.
+// Shares of filled cells; slices and stacks of the finest spheres; radii, which widen the search for impacts.
 inline constexpr FloatSetting kAsteroidsDensityEdge{"_AsteroidsDensityEdge", 0.01F};
 inline constexpr FloatSetting kAsteroidsDensityCenter{"_AsteroidsDensityCenter", 0.5F};
 inline constexpr IntSetting kAsteroidsSmoothness{.key = "_AsteroidsSmoothness", .standard = 7, .most = 12};
 inline constexpr FloatSetting kAsteroidsMinR{"_AsteroidsMinR", 0.1F, 0.0F, 1.0F};
 inline constexpr FloatSetting kAsteroidsMaxR{"_AsteroidsMaxR", 0.6F, 0.0F, 1.0F};
 
-// The ship, in units and seconds. Its path is searched cell by cell; its size is read and has no effect.
+// The ship, in units and seconds. Each cell along its path is searched; its size has no effect.
 inline constexpr FloatSetting kPlayerRotationsPerSecond{"_PlayerRotationsPerSecond", 0.1F, -kHuge, kHuge};
 inline constexpr FloatSetting kPlayerMaxSpeed{"_PlayerMaxSpeed", 4.0F, -1000.0F, 1000.0F};
 inline constexpr FloatSetting kPlayerMinSpeed{"_PlayerMinSpeed", 0.0F, -1000.0F, 1000.0F};
 inline constexpr FloatSetting kPlayerMaxAccel{"_PlayerMaxAccel", 0.3F, -kHuge, kHuge};
 inline constexpr FloatSetting kPlayerSize{"_PlayerSize", 0.2F};
 
-// The cockpit's texts; the place of its arrow is read and has no effect.
+// The cockpit's texts; the place of its arrow has no effect.
 inline constexpr IntSetting kCockpitArrowX{"_CockpitArrowX", 7};
 inline constexpr IntSetting kCockpitArrowY{"_CockpitArrowY", 7};
 inline constexpr IntSetting kCockpitTimerFontSize{"_CockpitTimerFontSize", 20, 1, kGreatestFont};
@@ -80,7 +80,7 @@ inline constexpr TextSetting kKeyThrustDown{"KeyDefaultThrustDown", "s"};
 inline constexpr TextSetting kKeyPause{"KeyDefaultPause", "\x1B"}; // Escape
 inline constexpr IntSetting kMouseInvert{"MouseInvert", 0};
 
-// The last track is that which was played last; times are in seconds, 0 for an empty place.
+// The last track is the one that was played last; times are in seconds, 0 for an empty place.
 inline constexpr FloatSetting kSoundVolume{"SoundVolume", 1.0F};
 inline constexpr FloatSetting kMusicVolume{"MusicVolume", 0.5F};
 inline constexpr IntSetting kMusicLastTrackIndex{"MusicLastTrackIndex", -1};

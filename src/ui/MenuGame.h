@@ -60,7 +60,7 @@ public:
     bool DoesItemReactToMouse(int item) const override;
 };
 
-// The way to the pages of settings.
+// Leads to the pages of settings.
 class MenuOptions : public Menu
 {
 public:
@@ -90,7 +90,7 @@ private:
     void SetStringForItem(int item);
 };
 
-// Who and what the game is made of.
+// Authors, libraries and music.
 class MenuCredits : public Menu
 {
 public:

@@ -99,8 +99,8 @@ MenuKeyboard::MenuKeyboard() : Menu(0, 0, 6, "Helvetica", 20)
     SetLocalizedItem(*this, kBack, "Back to Options");
 }
 
-// Another key's line that was waiting keeps its "[Type a key]": a text is only rewritten when its item
-// changes.
+// After a click on one key's line and then on another's, the first keeps its "[Type a key]": a text is
+// rewritten only when its own item changes.
 bool MenuKeyboard::MouseUp(int item)
 {
     switch (item)

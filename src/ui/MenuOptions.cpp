@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The hub of the settings and its pages for graphics and sound. A click writes the next value of a fixed
-// cycle at once; the word shown follows from the stored value by ranges, so a value set by hand joins its
-// cycle at a click.
+// The options and their pages for graphics and sound. A click stores the next value of a fixed cycle at once.
+// Word and next value follow from ranges of the stored value, so that any value in the settings file has
+// them.
 #include "audio/GameSound.h"
 #include "platform/base/Bundle.h"
 #include "settings/GameSettings.h"

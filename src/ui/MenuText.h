@@ -8,7 +8,7 @@
 
 class Menu;
 
-// Marks a text for the catalogue where it is looked up later on.
+// Marks a text for the catalogue that is looked up elsewhere.
 constexpr char const* MarkForCatalogue(char const* english)
 {
     return english;

@@ -12,7 +12,7 @@ class Universe;
 class Body
 {
 public:
-    // universe: asked by every body's Tick; the last body made decides it for all.
+    // universe: where Tick looks for asteroids; the last body made sets it for all.
     explicit Body(Universe const* universe);
     Body(Universe const* universe, TQ3Vector3D const& position);
 
@@ -31,7 +31,7 @@ public:
 
     void SetMinMaxVelocity(float min, float max);
     void SetAccel(float const& accel) { m_accel = accel; }
-    void SetVelocity(float const& speed); // held within the range, whose minimum wins over its maximum
+    void SetVelocity(float const& speed); // clamped; the minimum wins over the maximum
 
     void SetRotationRate(TQ3Vector3D const& axis, float rate); // radians per second about the axis as given
     void SetRotation(float angle);                             // turns by that angle about the spin axis
@@ -65,7 +65,7 @@ protected:
     float m_radius = 0.1F;
 
 private:
-    TQ3Vector3D Facing() const; // the rotation's
+    TQ3Vector3D Facing() const; // of the rotation
     void StopAtImpact();
 
     float m_diameter = 0.2F;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The player's ship and the viewpoint of the scene at once: a body that chases a throttle setting and turns
-// as asked.
+// The player's ship and the viewpoint of the scene at once: a body that accelerates or brakes to
+// the throttle's speed and turns as asked.
 #pragma once
 
 #include "world/Body.h"

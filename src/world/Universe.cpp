@@ -100,8 +100,8 @@ void Universe::ShowProgress(int previousSeconds, float previousDistSquared)
         m_cockpit.ShowTime(seconds);
     }
 
-    // A distance is compared with a squared one, as the game always did: the text is set in almost every
-    // frame, and stays only where both are the same whole number.
+    // The distance is compared with the last one's square: the text is set in almost every frame, and stays
+    // only where both are the same whole number.
     int const distance = FloorToInt(std::sqrt(SquaredDistanceToMarker()));
     if (distance != FloorToInt(previousDistSquared)) // far out the square exceeds an int
     {

@@ -58,7 +58,7 @@ public:
     float PointToFrustumDepth(TQ3Vector3D const& p) const { return m_scene.FogEndAt(p); }
     void InitCubeTexture() { m_scene.LoadSky(); }
 
-    // Not released with the world: whoever replaces a world deletes it.
+    // Not released with the world: delete it when the world is replaced.
     unsigned long GetSkyTexture() const { return m_scene.GetSkyTexture(); }
 
     void RenderEnvironmentBox() const { m_scene.RenderSkyBox(); }
@@ -95,6 +95,6 @@ private:
     Course m_course;
     Waypoint m_waypoint;
     GameSound m_whamSound;
-    GameSound m_grazeSound; // loaded, and played by nothing
+    GameSound m_grazeSound; // never played
     GameSound m_attentionSound;
 };

@@ -59,7 +59,8 @@ std::vector<Preferences::Value> HostileTexts()
             std::string("../../../etc/passwd")};
 }
 
-// Every setting but the display and the best times at a value drawn from a seed; as they were, in the end.
+// Sets every setting but the display and the best times to a value drawn from a seed; restores them at its
+// end.
 class DrawnSettings
 {
 public:

@@ -17,7 +17,7 @@ public:
     // Opened at the first call and kept: every test of the program draws into it.
     static SceneWindow& shared();
 
-    // pixels; at most the display's. Throws without a display or an OpenGL.
+    // pixels; at most the display's. Throws without a display or OpenGL.
     SceneWindow(int width, int height);
 
     int width() const { return m_width; }

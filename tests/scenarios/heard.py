@@ -14,7 +14,7 @@ SPACING = 7  # samples between two that are compared
 COMPARED = 400
 TOLERANCE = 3  # of 32768: decoder and mixer round each for themselves
 
-FANFARE = 4  # seconds until nothing of it is left
+FANFARE = 4  # seconds until it has died away
 
 CONFIGURATION = """[general]
 drivers = wave
@@ -65,7 +65,7 @@ def place(heard, piece, second, gain, begin=0):
     """Where in what was heard the piece's second begins, played at that gain, after the sample begin; or None."""
     at = int(second * RATE)
     wanted = [(offset, gain * piece[at + offset]) for offset in range(0, COMPARED * SPACING, SPACING)]
-    wanted.sort(key=lambda sample: -abs(sample[1]))  # the loudest tell the most
+    wanted.sort(key=lambda sample: -abs(sample[1]))  # the loudest first, as they differ most
     first, level = wanted[0]
     for start in range(begin, len(heard) - COMPARED * SPACING):
         if abs(heard[start + first] - level) <= TOLERANCE and \

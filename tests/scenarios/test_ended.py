@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-"""However the game is ended, and whatever it is doing then, it saves what was changed and leaves within a second."""
+"""In each way to end the game, and in each of its states, it saves what was changed and ends within a second."""
 
 import os
 import signal
@@ -11,7 +11,7 @@ from game_window import SETTINGS_GROUP, Display, Game, Scenario, wait_until
 
 # Sanitizers make a frame several times as long.
 LIMIT = 1.0 if "asan" not in os.environ["QUARROW_PROGRAM"] else 5.0  # seconds
-TRIES = 3  # another program may have the processor just then; the test fails when the game is too slow each time
+TRIES = 3  # another program may take the processor; the test fails when the game is too slow each time
 
 
 def limit():

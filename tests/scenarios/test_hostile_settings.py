@@ -66,7 +66,7 @@ class HostileSettingsScenario(unittest.TestCase):
         with tempfile.TemporaryDirectory(prefix="quarrow-home-") as home:
             file = pathlib.Path(home, ".config", "quarrow", "settings.ini")
             file.parent.mkdir(parents=True)
-            # The rate is read from the picture: whatever else stands still, this part changes with every frame.
+            # The frame rate's read-out changes with every frame, whatever else stands still.
             lines = {"_ShowFPS": "1", **settings}
             file.write_text(SETTINGS_GROUP + "".join(f"{key}={value}\n" for key, value in lines.items()))
             with Game(self.display, home) as game:

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Quarrow team
 # SPDX-License-Identifier: MIT
-"""The game on Wayland, without an X server that it could see.
+"""The game on Wayland, without an X server to connect to.
 
 The compositor is itself a window of an X server without a screen, and can be driven and looked at like any other. (With
 no display at all it has neither pointer nor keyboard, and SDL does not start there.)

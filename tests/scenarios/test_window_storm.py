@@ -91,7 +91,7 @@ class WindowStorm(Scenario):
             for word in ("Sanitizer", "runtime error", "Assertion", "terminate called"):
                 self.assertNotIn(word, log)
         print(f"{sum(self.counts.values())} events in {games} games:", self.counts)
-        with Game(self.display, self.home) as game:  # whatever the settings have become
+        with Game(self.display, self.home) as game:  # with the settings as they are now
             self.display.window()
             self.assertEqual(game.end(), 0)
 

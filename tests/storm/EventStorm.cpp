@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    // No random flight comes to the finish.
+    // No random flight reaches the finish.
     void Visit()
     {
         std::size_t const place = WhereWeAre();

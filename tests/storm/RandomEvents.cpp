@@ -8,7 +8,7 @@
 namespace
 {
 
-// Ends come so rarely that most runs see every menu.
+// So rare that most runs come to every menu before.
 constexpr int kEventsPerEnd = 8000;
 
 constexpr std::array kModifiers = {KMOD_NONE,  KMOD_NONE, KMOD_NONE, KMOD_LSHIFT, KMOD_CAPS,

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// What the system log gets while the object lives, line by line.
+// Captures the system log while the object lives, line by line.
 #pragma once
 
 #include <string>

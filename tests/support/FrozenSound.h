@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A sound device whose time stands still: what starts to play goes on playing until the test silences it,
-// however slow the machine. So a sound that was played since then still plays.
+// however slow the machine. So a sound that was played since then is still playing.
 #pragma once
 
 namespace frozen

@@ -54,6 +54,6 @@ void MoveTo(int x, int y);
 void ReleaseAt(int x, int y);
 void Click(int item);
 void Type(char16_t character);
-void LetGo(char16_t character); // the key goes up
+void LetGo(char16_t character); // releases the key
 
 } // namespace probe

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// How often a test of chance repeats itself.
+// How many rounds a random test runs.
 #pragma once
 
 namespace test

@@ -59,7 +59,7 @@ void WriteHeaders(LittleEndian& out, std::uint32_t width, std::uint32_t height)
     {
         out.u32(mask);
     }
-    out.u32(0x73524742); // sRGB; its end points and gammas count for nothing then
+    out.u32(0x73524742); // sRGB, for which end points and gammas are ignored
     for (int i = 0; i < 12; ++i)
     {
         out.u32(0);

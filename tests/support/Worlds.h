@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Worlds whose contents a test can tell beforehand, and a ship that lies in them as asked.
+// Worlds whose contents are known, and a ship placed in them.
 #pragma once
 
 #include "math/qmath.h"

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """A Debian system in a folder, with only the packages that every Debian has, and a player who uses it.
 
-The trials in this folder are the callers. They need root, debootstrap and a Debian mirror, and run for many minutes.
+The trials in this folder need root, debootstrap and a Debian mirror, and run for many minutes.
 QUARROW_BARE_ROOT names a finished root to copy; else debootstrap makes one.
 """
 

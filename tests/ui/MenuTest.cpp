@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// What every menu does, shown by one that notes what it is asked.
+// What every menu does, shown by one that records its calls.
 #include "ui/Menu.h"
 
 #include "audio/GameSound.h"
@@ -32,7 +32,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-// What a menu was asked; outlives it.
+// The calls of a menu; outlives it.
 struct Notes
 {
     std::vector<int> clicks;
@@ -40,7 +40,7 @@ struct Notes
     std::vector<std::pair<int, int>> layouts;
     int renders = 0;
     int destroyed = 0;
-    bool clickedWhenDestroyed = false; // the click was heard before the menu went
+    bool clickedWhenDestroyed = false; // the click sounded before the menu was destroyed
 };
 
 // Item 2 of it is a caption. A click on item 1 puts an empty menu in its place.

@@ -118,7 +118,7 @@ TEST_F(OverlayTest, DimensionsAreThoseOfTheTextureLastDrawn)
     EXPECT_EQ(probe::BoxOf(m_overlay), drawn) << "measured by the next draw";
 }
 
-// Sets the state before, draws, and hands out the calls.
+// Sets the state before, draws, and returns the calls.
 std::vector<recording::Call> Rendered(Overlay& overlay)
 {
     overlay.SetString("x");
@@ -210,7 +210,7 @@ TEST_F(OverlayTest, APendingErrorIsTaken)
     m_overlay.SetString("x");
     m_overlay.Render(800, 600);
     recording::setError(GL_INVALID_OPERATION);
-    m_overlay.Render(800, 600); // the texture stands: only the overlay itself asks
+    m_overlay.Render(800, 600); // the texture exists: only the overlay itself calls
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 

@@ -231,7 +231,7 @@ TEST_F(BodyTickTest, StandingBodyOnlySpins)
 
 TEST_F(BodyTickTest, NoTimeMeansNoStep)
 {
-    Body body = MovingBody({-0.31F, 0.0F, 0.0F}); // a hair from an asteroid
+    Body body = MovingBody({-0.31F, 0.0F, 0.0F}); // 0.01 from touching an asteroid
     EXPECT_FALSE(body.Tick(0.0));
     EXPECT_THAT(body.GetPosition(), IsExactly(-0.31F, 0.0F, 0.0F));
     EXPECT_EQ(body.GetSpeed(), 2.0F);

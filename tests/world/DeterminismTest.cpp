@@ -21,9 +21,8 @@ namespace
 constexpr unsigned kSeed = 20260101;
 constexpr int kSteps = 10000;
 
-// The state of that race after that many steps. It changes with the rules of the world and with the pilot's
-// manners; when one of them was meant to change, take the number that the failing test shows, from two build
-// types.
+// The state of that race after that many steps. It changes with the rules of the world and with the pilot;
+// when one of them was meant to change, take the number that the failing test shows in two build types.
 constexpr std::uint64_t kExpected = 16218311717498035303U;
 
 // FNV-1a, 64 bits.

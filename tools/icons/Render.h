@@ -12,7 +12,7 @@ namespace maker
 // The master drawing, with all detail. False when the file can't be written.
 bool WriteIconSvg(std::string const& path);
 
-// A square picture of a size in pixels, with the detail that it can bear. False when the file can't be
+// A square picture of a size in pixels, with the detail for that size. False when the file can't be
 // written.
 bool WriteIconPng(std::string const& path, int size);
 

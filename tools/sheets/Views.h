@@ -14,7 +14,7 @@ struct View
 {
     Vector eye; // from the centre of the asteroid or of the box, in world units
     Vector forward;
-    double fieldOfView = 45.0; // upright, in degrees
+    double fieldOfView = 45.0; // vertical, in degrees
 };
 
 // An asteroid of radius 0.6 round the origin over the sky, in a square of pixels.

@@ -16,7 +16,7 @@ public:
     SweepFilter() = default;
     SweepFilter(double cutoff, double damping) { Set(cutoff, damping); }
 
-    // damping: one over the quality; 1.414 is flat, 0 would ring for ever
+    // damping: one over the quality; 1.414 is flat, 0 never dies away
     void Set(double cutoff, double damping)
     {
         m_share = Tangent(0.5 * std::clamp(cutoff, 16.0, 19000.0) / kSampleRate);

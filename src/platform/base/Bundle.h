@@ -13,7 +13,7 @@
 namespace platform::Bundle
 {
 
-// The path of a readable file of that name in a sub-folder of the resources ("Images", "Sounds", "Music",
+// The path of the file of that name in a sub-folder of the resources ("Images", "Icons", "Sounds", "Music",
 // "Interface"). Nothing when there is none.
 std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
 

@@ -14,7 +14,7 @@ namespace platform
 // Each ill-formed byte becomes U+FFFD.
 std::u16string Utf16FromUtf8(std::string const& text);
 
-// U+FFFD for units of which one is half of a surrogate pair and alone.
+// U+FFFD for units with an unpaired surrogate.
 std::string Utf8FromUtf16(std::u16string const& units);
 
 // The URL of the path, made absolute first. Nothing for an empty path.

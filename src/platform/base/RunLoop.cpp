@@ -16,7 +16,7 @@ namespace platform
 namespace
 {
 
-// All parts of the game put their timers on the one run loop that the main thread has.
+// The timers of the main thread's run loop, the only one.
 std::vector<std::shared_ptr<Timer>>& Timers()
 {
     static std::vector<std::shared_ptr<Timer>> timers;

@@ -12,7 +12,7 @@
 namespace platform
 {
 
-// A repeating timer. It stays on the run loop until invalidate(), whoever else holds it.
+// A repeating timer. The run loop keeps it alive until invalidate().
 class Timer
 {
 public:

@@ -31,7 +31,7 @@ public:
     // Null for a file that cannot be read or decoded.
     static std::unique_ptr<ImageImporter> forFile(std::filesystem::path const& file);
 
-    // An importer for bytes of that type; null for a type that no decoder knows.
+    // An importer for bytes of that type; null for an unknown type.
     static std::unique_ptr<ImageImporter> forType(FourCharCode type);
 
     ~ImageImporter();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Scaled drawing through Cairo. It has no format for 1-5-5-5: such a target is drawn in 32 bits and turned
-// back.
+// Scaled drawing through Cairo, which has no format for 1-5-5-5: such a target is converted to 32 bits, drawn
+// into and converted back.
 #include "platform/image/PixelBuffer.h"
 
 #include "platform/base/CairoHandles.h"

@@ -31,7 +31,7 @@ struct PictureMatrix
 bool DrawPicture(PixelBuffer const& picture, PictureMatrix const& matrix, PixelBuffer const& target);
 
 // Draws the source, scaled with interpolation, over the destination's whole area; what was there is replaced.
-// The source's memory is read as 32-bit pixels whatever its depth; what that reaches beyond its end is
+// The source's memory is read as 32-bit pixels whatever its depth; pixels beyond its end are
 // transparent. False when memory is missing.
 bool DrawScaled(PixelBuffer const& source, PixelBuffer const& destination);
 

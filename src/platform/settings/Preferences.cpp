@@ -90,10 +90,10 @@ struct Preferences::Storage
     KeyFile values; // the user's, changes included
     KeyFile defaults{g_key_file_new()};
     std::map<std::string, Merge> merges;
-    std::map<std::string, std::vector<int>> readBefore; // of a changed key with a merge, as it was read
+    std::map<std::string, std::vector<int>> readBefore; // of changed keys with a merge
     std::set<std::string> changed;                      // keys not yet written
-    std::set<std::string> reported;                     // keys whose value was complained about
-    bool isRefused = false; // the last try to read or write the file, which was reported
+    std::set<std::string> reported;                     // keys whose value has the wrong type
+    bool isRefused = false; // the last try to read or write the file failed; it was reported
 
     template <typename Result>
     Result read(std::string const& key, Result (*get)(GKeyFile*, char const*, char const*, GError**));

@@ -5,9 +5,9 @@
 // layer of registered defaults that is never written to it.
 //
 // Every read asks the user's values first, then the defaults. A user's value that cannot be read as what is
-// asked for counts as absent; it is reported once and stays in the file. A number reads as an int towards
-// zero and within its range (NaN as 0). What is in neither layer, or a default of another type, reads as 0 or
-// empty.
+// asked for counts as absent; it is reported once and stays in the file. An int is a number truncated
+// towards zero and clamped to the range of an int (NaN: 0). What is in neither layer, or a default of another
+// type, reads as 0 or empty.
 #pragma once
 
 #include <filesystem>
@@ -27,8 +27,8 @@ public:
     using Value = std::variant<int, float, std::string, std::vector<int>>;
     using Defaults = std::map<std::string, Value>;
 
-    // What becomes of an array that another running game has changed as well: from the array as it was read
-    // here, as it was set here, and as it is in the file by now.
+    // Merges an array that another running game has changed as well. before: as it was read here; ours: as it
+    // was set here; theirs: as the file holds it now.
     using Merge = std::function<std::vector<int>(std::vector<int> const& before, std::vector<int> const& ours,
                                                  std::vector<int> const& theirs)>;
 

@@ -109,7 +109,7 @@ FolderLock::FolderLock(fs::path const& folder)
     constexpr int kOnlyThePlayer = 0700;
     g_mkdir_with_parents(folder.c_str(), kOnlyThePlayer);
     m_descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // As short as the gap between two saves of a game that saves without pause.
+    // Short, to find the lock free also between two saves of a game that saves in a loop.
     constexpr gulong kPause = 100; // microseconds
     constexpr int kTries = 8000;
     for (int i = 0; m_descriptor >= 0 && i < kTries && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0; ++i)

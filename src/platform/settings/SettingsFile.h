@@ -16,12 +16,12 @@ namespace platform
 // still is where it was; that is logged only if tellIfStuck.
 KeyFile LoadSettings(std::filesystem::path const& file, bool tellIfStuck);
 
-// Replaces the file where a symbolic link leads to, and keeps its permissions. False when the disk refuses,
-// which is logged if tellIfRefused; the old file is then as it was.
+// Replaces the file, that which it names if it is a symbolic link, and keeps its permissions. False when the
+// disk refuses, which is logged if tellIfRefused; the old file is then as it was.
 bool SaveSettings(std::filesystem::path const& file, GKeyFile* settings, bool tellIfRefused);
 
-// Keeps the saves of other games off the folder, made when it is missing, while it lives. Gives up after
-// about a second: a game that hangs amid its save must not hang this one.
+// While it lives no other running game saves to the folder, which is made when it is missing. Stops waiting
+// after about a second: a game that hangs during its save must not hang this one.
 class FolderLock
 {
 public:

@@ -22,9 +22,8 @@ namespace
 
 constexpr double kSecondsBetweenTries = 3.0;
 
-// Sends standard error to nowhere while it lives: sound drivers print what they miss on a machine, and the
-// game says it in one line of its own. The descriptor itself, since drivers do not ask before they write to
-// it.
+// Redirects standard error to /dev/null while it lives: sound drivers print lines about missing hardware, and
+// the game logs one line of its own. Drivers write to the file descriptor, so that is what it replaces.
 class QuietStandardError
 {
 public:
@@ -85,8 +84,8 @@ AudioDevice::Opening AudioDevice::systemOpening()
         }
         return alcOpenDevice(nullptr);
     };
-    // All our sounds have this rate, and the system's resampler is better than OpenAL's. No simulated head or
-    // room.
+    // All our sounds have this rate, and the system's resampler is better than OpenAL's. No head-related
+    // filter (HRTF), no effects.
     opening.attributes = {ALC_FREQUENCY, 44100, ALC_HRTF_SOFT, ALC_FALSE, ALC_MAX_AUXILIARY_SENDS, 0};
     return opening;
 }
@@ -152,7 +151,7 @@ void AudioDevice::close()
     }
 }
 
-// A library that cannot tell leaves the number as it is.
+// A library without this query leaves the value as it is.
 bool AudioDevice::answersAsConnected(ALCdevice* device)
 {
     ALCint connected = ALC_TRUE;

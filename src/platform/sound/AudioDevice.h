@@ -56,12 +56,12 @@ private:
     ALCdevice* m_device = nullptr;
     ALCcontext* m_context = nullptr;
     std::uint64_t m_generation = 0;
-    std::uint64_t m_lastTry = 0; // UpTime() of the last vain try, 0 for none
+    std::uint64_t m_lastTry = 0; // UpTime() of the last failed try, 0 for none
     bool m_isUntried = true;
     bool m_saidMissing = false;
 };
 
-// OpenAL's number for a thing of the device, 0 for none.
+// OpenAL's number for a source or a buffer, 0 for none.
 class AudioName
 {
 public:

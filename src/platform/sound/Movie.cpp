@@ -116,7 +116,7 @@ TimeValue Movie::duration() const
 
 void Movie::moviesTask()
 {
-    // A callback may ask for a task as well; the one that serves it goes on afterwards.
+    // A callback may call this too; the outer call goes on afterwards.
     if (m_isServing || !m_isActive)
     {
         return;
@@ -181,7 +181,7 @@ void Movie::travel(double distance)
             ++arrivals;
             if (wasHeard && !m_audio->isPlaying())
             {
-                return; // what else was heard lies past the place that the callback left
+                return; // the rest was heard on the course that the callback left
             }
         }
         else if (distance <= 0.0 || step <= 0.0)
@@ -225,7 +225,7 @@ void Movie::fireDue()
     }
 }
 
-// Brings the time up to what was heard, but not to the next callback or end: those belong to a task.
+// Advances the time by what was heard, but stops before the next callback or end: moviesTask() serves those.
 void Movie::catchUp()
 {
     if (m_isServing || !m_isActive || m_rate == 0)

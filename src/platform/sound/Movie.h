@@ -40,7 +40,7 @@ public:
     void start(); // at rate 1, and makes it active
     void stop() { setRate(0); }
     void setRate(Fixed rate);
-    Fixed rate() const { return m_rate; } // 0 also once the movie has come to its end
+    Fixed rate() const { return m_rate; } // 0 also once the movie has reached its end
     void setActive(bool isActive);        // an inactive movie is silent and its time stands
 
     // 8.8, 256 is full; a negative volume is silent and remembers its amount.
@@ -90,7 +90,7 @@ private:
     bool m_loopingHint = false;
     bool m_isServing = false;
     std::uint64_t m_lastTask = 0; // UpTime()
-    double m_owed = 0.0;          // samples that were heard, but not travelled yet
+    double m_owed = 0.0;          // samples that were heard and that m_time lacks
 };
 
 } // namespace platform

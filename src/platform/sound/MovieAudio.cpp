@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The course may jump or turn inside a buffer, so that no gap is heard there. Spans tell which samples of the
-// file the queued ones are.
+// A buffer may hold samples from both sides of a jump or turn, so that no gap is heard there. Spans tell
+// which stretches of the file the queued samples are.
 #include "platform/sound/MovieAudio.h"
 
 #include <algorithm>

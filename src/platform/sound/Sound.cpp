@@ -24,7 +24,7 @@ struct Sound::Voice
     std::vector<std::int16_t> stereo;
     AudioBuffer buffer; // the device's copy of the samples, made when they are first played there
     AudioSource source;
-    std::shared_ptr<Timer> nextPass; // null unless it waits for that
+    std::shared_ptr<Timer> nextPass; // set while play() is put off until then
 };
 
 Sound::Voice::Voice(SoundFile& file)
@@ -83,7 +83,7 @@ bool Sound::play()
     {
         return playInNextPass();
     }
-    // Asked in this order: a device that went away takes its sources with it.
+    // isReady() first: it notices a device that went away, and its sources with it.
     return device.isReady() && !isPlaying() && m_voice->start();
 }
 

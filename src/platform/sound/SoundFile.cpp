@@ -25,7 +25,7 @@ std::optional<SoundFile> SoundFile::open(std::filesystem::path const& file)
     {
         return std::nullopt;
     }
-    // An mp3 may decode to more than 16 bits hold.
+    // An mp3 may decode to more than 16 bits hold: clip, do not wrap round.
     sf_command(handle.get(), SFC_SET_CLIPPING, nullptr, SF_TRUE);
     return SoundFile(std::move(handle), info);
 }

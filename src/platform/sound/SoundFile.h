@@ -44,7 +44,7 @@ private:
     Handle m_file;
     SF_INFO m_info;
     std::int64_t m_next = 0;             // the sample that is decoded next
-    std::vector<std::int16_t> m_decoded; // a number a channel
+    std::vector<std::int16_t> m_decoded; // interleaved, all channels
 };
 
 } // namespace platform

@@ -13,7 +13,7 @@ namespace platform
 
 struct TextAttributes;
 
-// Has Pango look for fonts, which it does on a thread of its own until the first line is laid out.
+// Starts Pango's search for fonts, on its own thread. The first LayOutLine() waits for it.
 void PrepareText();
 
 // The line, laid out without wrapping. Borrowed, and valid until the next call.

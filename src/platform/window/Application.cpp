@@ -30,8 +30,8 @@ namespace
 {
 
 constexpr char const* kInterfaceName = "Main.ini";
-constexpr double kSaveInterval = 0.4;  // seconds: a change is on the disk well within one
-constexpr double kLongestSleep = 0.05; // seconds without a look at signals and events
+constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
+constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
 
 // Process-wide, because a signal handler can reach nothing else.
 volatile std::sig_atomic_t endIsWanted = 0;
@@ -50,7 +50,7 @@ void CatchEndingSignals()
     std::signal(SIGPIPE, SIG_IGN); // comes when the program that reads the log has ended
 }
 
-// A layout of another script has no such letter at all: there the place on the keyboard counts.
+// A layout of another script has no such letter: there the place on the keyboard counts.
 bool IsKeyNamed(std::string const& name, SDL_Keysym const& key)
 {
     bool const isOtherScript = key.sym > 0x7F && (key.sym & SDLK_SCANCODE_MASK) == 0;
@@ -100,7 +100,7 @@ private:
 
     InterfaceFile m_interface;
     std::unique_ptr<OpenGLView> m_view;
-    std::unique_ptr<Window> m_window; // goes before the view, whose context draws into it
+    std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
 };
 
 bool Application::load()
@@ -109,7 +109,7 @@ bool Application::load()
     {
         return false;
     }
-    // Threads only from here on: the start of the display changes the environment, and may fork.
+    // No thread starts before this: opening the display changes the environment, and may fork.
     PrepareText();
     return makeWindow();
 }
@@ -216,7 +216,7 @@ void Application::dispatchMouse(SDL_Event const& event)
     }
 }
 
-// Without a window manager keys may come for no window in particular; they are for the one that shows the
+// Without a window manager keys may come with window identifier 0; they are for the window that shows the
 // view.
 void Application::dispatchKeyDown(SDL_KeyboardEvent const& event)
 {

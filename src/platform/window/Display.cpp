@@ -34,7 +34,7 @@ void SwitchOffInputMethods()
 
 void SetHints()
 {
-    // By the class of its windows the desktop finds the program's entry and icon.
+    // The desktop finds the program's entry and icon by the class of its windows.
     setenv("SDL_VIDEO_X11_WMCLASS", "quarrow", 1);
     setenv("SDL_VIDEO_WAYLAND_WMCLASS", "quarrow", 1);
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // the application has its own

@@ -12,8 +12,8 @@ struct SDL_Window;
 namespace platform
 {
 
-// Opens the display unless it is open. False, with one log line, when nobody could see what is drawn: there
-// is no display, or only a driver that shows nothing.
+// Opens the display unless it is open. False, with one log line, when there is no display, or only a driver
+// that draws into memory.
 bool OpenDisplay();
 
 void CloseDisplay();

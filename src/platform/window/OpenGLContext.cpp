@@ -38,7 +38,7 @@ void SetAttributes(int colorSize, int depthSize)
 }
 
 // A driver without desktop OpenGL may hand out OpenGL ES, which lacks everything that the game draws with.
-// Asked through the driver's own entry point: this file is linked where another OpenGL stands in, too.
+// Calls the driver's own entry point: tests link this file with a recording OpenGL.
 bool IsDesktopOpenGL()
 {
     using GetString = unsigned char const* (*)(unsigned);
@@ -49,7 +49,7 @@ bool IsDesktopOpenGL()
            !std::string_view(reinterpret_cast<char const*>(version)).starts_with("OpenGL ES");
 }
 
-// The interval belongs to the window on some systems, hence after every change of windows.
+// On some systems the interval belongs to the window, so it is set after every change of windows.
 void WaitForDisplayAtSwap()
 {
     constexpr int kAdaptive = -1;

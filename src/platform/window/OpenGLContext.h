@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// An OpenGL context of the compatibility profile, with two buffers. It draws into the window that shows its
+// An OpenGL context of the compatibility profile, double-buffered. It draws into the window that shows its
 // view.
 #pragma once
 

@@ -24,7 +24,7 @@ public:
 
     // frame: the content rectangle in pixels. False when the view cannot be made.
     virtual bool initWithFrame(Rect frame) = 0;
-    virtual void awakeFromNib() = 0; // the interface file has been loaded, the window stands
+    virtual void awakeFromNib() = 0; // the interface file is loaded, the window made
     virtual void reshape() = 0;      // the frame's size has changed
     virtual void toggleFullScreen() = 0;
 

@@ -18,7 +18,7 @@ namespace
 
 constexpr char const* kDataName = "Window"; // under this name an SDL window keeps its Window
 
-// A minimised window may report nothing at all; a view always has something to draw into.
+// A minimised window may report a size of 0; a view has at least one pixel.
 Size DrawableSize(SDL_Window* window)
 {
     int width = 0;
@@ -43,7 +43,7 @@ SDL_Rect MainScreenBounds()
     return bounds;
 }
 
-// Whatever its size, the title bar's end of the window stays on the screen.
+// A window larger than the screen starts at the screen's top left, so that its title bar can be reached.
 void SizeAndPlaceInTheMiddle(SDL_Window* window, Size content)
 {
     SDL_Rect const screen = MainScreenBounds();
@@ -175,7 +175,7 @@ void Window::sendEvent(Event const& event)
         return m_firstResponder->mouseUp(event);
     case EventType::ScrollWheel:
         return m_firstResponder->scrollWheel(event);
-    default: // a view has no use for drags, the right button and keys let go
+    default: // a view gets no drags, right buttons and key releases
         return;
     }
 }

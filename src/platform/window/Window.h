@@ -45,8 +45,8 @@ public:
     void makeKeyAndOrderFront();
     void orderOut(); // hides it
 
-    // Gives the view the keyboard, or nobody. True when the view accepted. The view that loses the keyboard
-    // is asked to resign first.
+    // Gives the view the keyboard; null takes it from all. True when the view accepted. The view that loses
+    // the keyboard is asked to resign first.
     bool makeFirstResponder(OpenGLView* view);
 
     // Plain moves of the pointer reach the view only while this is on; off at first.

@@ -24,7 +24,7 @@ constexpr float kPixelSlack = 0.125F; // pixels by which a drawn edge may lie be
 constexpr float kPlaceSlack = 1e-6F;  // of the coordinates: how far OpenGL's rounding may move an asteroid
 
 // Two steps of a depth buffer of 16 bits, world units for one unit of squared distance: what lies no farther
-// behind might win against what is in front.
+// behind may pass the depth test.
 constexpr float kDepthSlack = 3.1e-4F;
 
 // Held within 0 and count, so that it fits an int.
@@ -101,7 +101,7 @@ bool CoveredView::IsHidden(Ball const& ball) const
     wide.radius += m_placeSlack + m_pixelSlack * std::max(ball.ahead, 0.0F);
     if (!(wide.ahead - wide.radius > kNear))
     {
-        return wide.ahead + wide.radius < kNear; // the near plane cuts it, or all of it lies before that
+        return wide.ahead + wide.radius < kNear; // cut by the near plane, or wholly before it
     }
     if (IsBeside(wide))
     {
@@ -118,7 +118,7 @@ bool CoveredView::IsBeside(Ball const& ball) const
            std::fabs(ball.up) - ball.radius * m_topPerRadius > ball.ahead * m_halfHeight;
 }
 
-// Most that show do so at their middle, which is found much quicker than all the cells that they touch.
+// Most balls that show do so at their centre, which is tested much faster than all the cells that they touch.
 bool CoveredView::IsOpenAtTheMiddle(Ball const& ball, float distance) const
 {
     float const column = ToColumn(ball.right / ball.ahead);

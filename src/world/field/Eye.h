@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Where the scene is seen from, and through which lens. OpenGL's projection is set from these constants, and
+// Where the scene is seen from, and in which projection. OpenGL's projection is set from these constants, and
 // what is in view and what is hidden is worked out with the same ones.
 #pragma once
 
@@ -11,7 +11,7 @@ struct Eye
 {
     static constexpr double kFieldOfViewDegrees = 45.0; // vertical
     static constexpr float kFieldOfView = 0.7853982F;   // the same in radians
-    static constexpr float kHalfTangent = 0.41421357F;  // of half of it
+    static constexpr float kHalfTangent = 0.41421357F;  // tangent of half of it
     static constexpr double kNear = 0.1;                // world units
     static constexpr double kFar = 100.0;
 

@@ -76,7 +76,7 @@ inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Frus
     }
 }
 
-// By counting how many stand in each quarter of a unit ahead: within one the order does not matter.
+// A counting sort by quarters of a unit ahead: within one the order does not matter.
 void FieldView::SortNearestFirst()
 {
     std::array<std::uint32_t, kBuckets + 1> begins{};

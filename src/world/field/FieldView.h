@@ -27,7 +27,7 @@ public:
     };
 
     // frustum: what that eye sees. Sizes of the picture in pixels. All that are in view, in the order of the
-    // cells, z innermost; to be drawn are those that are shown. Holds until the next call.
+    // cells, z innermost; those with isShown are to be drawn. Valid until the next call.
     std::vector<Rock> const& Choose(AsteroidField const& field, Frustum const& frustum, Eye const& eye,
                                     int width, int height);
 

@@ -13,16 +13,16 @@
 namespace
 {
 
-constexpr double kMostCellsAtOnce = 512.0; // a path of a second and less at the usual speed
-constexpr float kPieceLength = 8.0F;       // of the first; far out the pieces are wider, and longer too
+constexpr double kMostCellsAtOnce = 512.0; // enough for a path of a second at the usual speed
+constexpr float kPieceLength = 8.0F;       // of the first; each piece is longer than the one before
 constexpr float kPieceGrowth = 1.001F;
 constexpr float kPlaceSlack = 0.01F; // for the rounding of coordinates
 
 // The test of an asteroid takes the difference of two squares, each as large as the squared distance from the
-// start. Rounding puts the difference off by up to 12 * 2^-24 of that: this is the square root.
+// start. Rounding errors are up to 12 * 2^-24 of that; this is the square root.
 constexpr float kRounding = 0.00085F;
 
-// Here the search ends: asteroids 14 units beside the path are taken for hits.
+// Here the search ends: rounding already takes asteroids 14 units beside the path for hits.
 constexpr float kFarthest = 16384.0F;
 
 // Cells along one axis.

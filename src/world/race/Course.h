@@ -20,7 +20,7 @@ public:
     // Lays out new waypoints; the current one and the marker stay.
     void Randomize();
 
-    // Waypoint n becomes the current one and gets the marker, unless the last one was reached before.
+    // Waypoint n becomes the current one and gets the marker, unless the last one is current already.
     void GoTo(int n);
 
     // The current waypoint was touched: on to the next, true. After the last there is none: false, and the

@@ -16,8 +16,8 @@ public:
 
     double GetRaceTime() const { return m_raceTime; }
 
-    // The race result. Pauses, in which the race time stood still, are taken off a second time: the rules of
-    // the race make a pause pay.
+    // The race result. By the rules of the race pauses are subtracted, though the race time stands still in
+    // them: a pause makes the result better.
     double GetTimeElapsed() const { return m_raceTime - m_pausedTime; }
 
 private:

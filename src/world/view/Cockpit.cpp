@@ -104,7 +104,7 @@ float AngleTo(TQ3Vector3D const& direction, TQ3Vector3D const& vertical, bool is
     TQ3Vector3D side;
     Vector3D_Cross(&facing, &direction, &side);
 
-    // Below the ship's plane "vertical" points down and turns the sign round. For a marker exactly level it
+    // Below the ship's plane "vertical" points down, which changes the sign. For a marker exactly level it
     // is zero, and the angle stays positive.
     bool const isAgainst = Vector3D_Dot(&side, &vertical) < 0.0F;
     return isAgainst != isBelow ? -angle : angle;
@@ -132,7 +132,7 @@ void RenderInstruments(Camera const& ship, TQ3Vector3D const& marker)
     RenderCompass(heading.angle);
 }
 
-// Over the scene, and afterwards lit and culled whatever it was before.
+// Draws over the scene. Leaves lighting and face culling on, whatever they were before.
 void RenderGeometry(Camera const& ship, TQ3Vector3D const& marker)
 {
     bool const depthTested = glIsEnabled(GL_DEPTH_TEST) == GL_TRUE;
@@ -196,8 +196,8 @@ void Cockpit::Render(Camera const& ship, TQ3Vector3D const& marker, int width, i
     RenderTexts(width, height);
 }
 
-// Counter and distance stand to the left of the clock, one clock's height (of a 550 pixel high view) below
-// its top.
+// Counter and distance stand to the left of the clock, below its top by its height times the view's
+// height over 550.
 void Cockpit::RenderTexts(int width, int height)
 {
     m_clock.MoveTo(width * 5 / 9, height * 9 / 10);

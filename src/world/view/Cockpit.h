@@ -30,7 +30,7 @@ public:
 private:
     void RenderTexts(int width, int height);
 
-    float m_arrowX; // settings that are read, and used by nothing: the layout is fixed
+    float m_arrowX; // read from the settings, but unused: the layout is fixed
     float m_arrowY;
     Overlay m_clock;
     Overlay m_counter;

@@ -137,7 +137,7 @@ void Scene::Render(AsteroidField const& field, Camera const& ship, Waypoint cons
     BeginFog(fogEnd);
     RenderField(field, eye, frustum, width, height);
 
-    // Fog starts halfway to its end here, so that the marker shows through the haze from farther away.
+    // Fog starts halfway to its end here, so that the marker is seen from farther away.
     glFogf(GL_FOG_START, m_fogStart + (fogEnd - m_fogStart) * 0.5F);
     marker.Render(frustum);
     glDisable(GL_FOG);

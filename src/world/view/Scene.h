@@ -16,7 +16,7 @@ class Waypoint;
 class Scene
 {
 public:
-    // Starts to decode the pictures that every scene is drawn with; for the time in which the display opens.
+    // Starts to decode the pictures that every scene is drawn with, on another thread.
     static void DecodePicturesAhead();
 
     // Reads the settings.
@@ -35,10 +35,8 @@ public:
     void RenderSkyBox() const;
     void RenderFrameRate(float fps, int width, int height);
 
-    std::optional<Overlay> const& GetFrameRate() const
-    {
-        return m_frameRate;
-    } // where the settings ask for it
+    // Nothing unless the settings ask for it.
+    std::optional<Overlay> const& GetFrameRate() const { return m_frameRate; }
 
 private:
     void BeginFog(float fogEnd) const;

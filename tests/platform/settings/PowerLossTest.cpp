@@ -68,8 +68,8 @@ int KilledAfter(std::chrono::microseconds time, fs::path const& file, int first)
 TEST_F(PowerLossTest, KilledAtAnyMomentItLeavesAWholeFile)
 {
     constexpr int kKills = test::Rounds(500);
-    constexpr int kLongest =
-        20000; // microseconds: long enough for most to be killed during a later save than the first
+    // Microseconds; long enough for most to be killed during a later save than the first.
+    constexpr int kLongest = 20000;
     std::mt19937 random(20260101);
     std::uniform_int_distribution<int> moment(0, kLongest);
     int stored = 0;

@@ -69,7 +69,7 @@ inline void WriteSound(std::filesystem::path const& file, int format, Samples co
     double compression = (320.0 - kilobits) / (320.0 - 32.0); // from the most to the least that mp3 allows
     sf_command(sound, SFC_SET_BITRATE_MODE, &mode, sizeof mode);
     sf_command(sound, SFC_SET_COMPRESSION_LEVEL, &compression, sizeof compression);
-    // Not as they are: of two channels of 16 bits libsndfile 1.2 makes a broken mp3.
+    // In 32 bits: of two channels of 16 bits libsndfile 1.2 makes a broken mp3.
     std::vector<int> wide(samples.size());
     std::transform(samples.begin(), samples.end(), wide.begin(), [](int sample) { return sample * 65536; });
     sf_write_int(sound, wide.data(), static_cast<sf_count_t>(wide.size()));
@@ -98,7 +98,7 @@ inline Samples StereoSine(int frames, double hertz, double amplitude = 0.5, int 
     return samples;
 }
 
-// No two samples of 65,521 alike, so that each place can be told; left and right differ.
+// No two of 65,521 samples are alike, so that each shows its place; left and right differ.
 inline Samples StereoRamp(int frames)
 {
     Samples samples;
@@ -111,7 +111,7 @@ inline Samples StereoRamp(int frames)
     return samples;
 }
 
-// With the encoder's delay and padding, and the header that tells them.
+// With the encoder's delay and padding, and the header that holds their lengths.
 inline void WriteMp3(std::filesystem::path const& file, Samples const& stereo)
 {
     WriteSound(file, SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III, stereo);
@@ -165,7 +165,7 @@ public:
         platform::AudioDevice::shared().setOpening(opening);
     }
 
-    // Pulled out, and there is no other. Nothing more is heard.
+    // The device is unplugged, and there is no other. Nothing more is heard.
     void unplug()
     {
         m_isPluggedIn = false;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// How the application starts and ends, with a view of the tests' own in the game's window.
+// How the application starts and ends, with the tests' view in the game's window.
 #include "platform/window/Application.h"
 
 #include "platform/base/Clock.h"

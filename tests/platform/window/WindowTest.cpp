@@ -66,7 +66,7 @@ protected:
     }
 
     TestView m_view;
-    std::unique_ptr<Window> m_window; // goes before the view, whose context draws into it
+    std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
 };
 
 TEST_F(WindowTest, IdentifierLeadsBackToTheWindow)

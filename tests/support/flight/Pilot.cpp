@@ -37,7 +37,7 @@ bool GoesOn(std::vector<TQ3Vector3D> const& places, Axis axis, TQ3Vector3D const
            line.*axis * (marker.*axis - places.back().*axis) > 0.0F;
 }
 
-// First on along the axis of the last line, where that leads to the marker: one stop less.
+// Goes on along the axis of the last line first, where that leads to the marker: this saves a stop.
 void AppendLines(std::vector<TQ3Vector3D>& places, TQ3Vector3D const& marker)
 {
     std::array<Axis, 3> axes = {&TQ3Vector3D::x, &TQ3Vector3D::y, &TQ3Vector3D::z};
@@ -98,7 +98,7 @@ PilotInput Pilot::NextInput()
     float const sideways = std::hypot(aim.x, aim.y);
     float const error = std::atan2(sideways, -aim.z);
 
-    // What lies straight behind is turned to by the right.
+    // Turns right to a point straight behind.
     float const turn = error < kExact ? 0.0F : std::clamp(error / (kReaction * m_turnRate), kLeastTurn, 1.0F);
     float const x = sideways > 0.0F ? aim.x / sideways * turn : turn;
     float const y = sideways > 0.0F ? aim.y / sideways * turn : 0.0F;
@@ -131,7 +131,7 @@ TQ3Vector3D Pilot::AimFromCockpit() const
     return offset;
 }
 
-// At which the ship stays close to its line while it corrects its heading, and can stop at the line's end.
+// The speed at which the ship stays close to its line while it corrects its heading, and can stop at its end.
 float Pilot::SafeSpeed(float headingError) const
 {
     if (headingError > kAligned)

@@ -14,7 +14,7 @@ namespace recording
 namespace
 {
 
-int defaultContext = 0; // only its address counts
+int defaultContext = 0; // only its address is used
 
 State newState()
 {

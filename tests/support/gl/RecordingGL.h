@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// An OpenGL (and GLU) without a picture: the same entry points, which note each call while recording is on,
+// An OpenGL (and GLU) that draws nothing: the same entry points, which note each call while recording is on,
 // hand out names, and keep the state that the game queries. While recording is off they cost next to nothing.
 // Link quarrow_recording_gl instead of OpenGL.
 #pragma once

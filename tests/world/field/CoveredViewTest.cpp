@@ -100,7 +100,7 @@ TEST_F(CoveredViewTest, BallCutByTheNearPlaneCoversNothing)
 {
     Cover({0.0F, 0.0F, 0.65F, 0.6F});
     EXPECT_FALSE(m_view.IsHidden({0.0F, 0.0F, 10.0F, 0.6F}));
-    m_view.Cover({0.0F, 0.0F, 0.65F, 0.5F}, 0.6F); // what counts is where the drawn thing ends
+    m_view.Cover({0.0F, 0.0F, 0.65F, 0.5F}, 0.6F); // the outer radius counts
     EXPECT_FALSE(m_view.IsHidden({0.0F, 0.0F, 10.0F, 0.6F}));
     Cover({0.0F, 0.0F, 0.75F, 0.6F});
     EXPECT_TRUE(m_view.IsHidden({0.0F, 0.0F, 10.0F, 0.6F}));

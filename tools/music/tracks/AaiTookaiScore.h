@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The melodies, figures and roots of "Aai_Tookai", for its piece alone.
+// The melodies, figures and roots of "Aai_Tookai".
 #pragma once
 
 #include "music/Piece.h"

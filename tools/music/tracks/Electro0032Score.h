@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The chords and melodies of "Electro0032", for its piece alone.
+// The chords and melodies of "Electro0032".
 #pragma once
 
 #include "music/Piece.h"

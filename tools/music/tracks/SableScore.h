@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The chords and melodies of "Sable", for its piece alone.
+// The chords and melodies of "Sable".
 #pragma once
 
 #include "music/Piece.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The twelve-tone row of "SerialK" and what is done with it, for its piece alone.
+// The twelve-tone row of "SerialK" and what is done with it.
 #pragma once
 
 #include "music/Piece.h"
@@ -27,7 +27,7 @@ using Row = std::array<int, 12>; // pitches or, in the prime, semitones above it
 // Built from one cell of four tones, its transposition by a fifth, and a fan of thirds that is left over.
 inline constexpr Row kPrime = {0, 3, 2, 6, 7, 10, 9, 13, 4, 5, 8, 11};
 
-// The sixteenths that carry the weight.
+// The accented sixteenths.
 inline constexpr std::string_view kWeights = "X..X..X.X.X.";
 
 Row Inverted(Row row);
@@ -37,7 +37,7 @@ Row Transposed(Row row, int semitones);
 // Every tone moved by octaves into the twelve semitones from the lowest up.
 Row Folded(Row row, int lowest);
 
-// The form that the whole machine works on in a bar; it changes every four bars. Pitches are about middle C.
+// The row form that all parts use in a bar; it changes every four bars. Pitches are about middle C.
 Row FormOf(int bar);
 
 // The row in the theme's rhythm, four bars long.
