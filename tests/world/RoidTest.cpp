@@ -120,30 +120,25 @@ TEST_F(RoidTest, ListsHoldFourRadiiInThreeLevelsOfDetail)
 }
 
 // The distance of the nearest face of a sphere of radius 1 that is built of so many slices and stacks.
-double NearestFace(int subdivisions)
+float NearestFace(int subdivisions)
 {
-    constexpr double kPi = 3.14159265358979;
-    double nearest = 1.0;
+    auto const corner = [subdivisions](int ring, int slice)
+    {
+        float const down = kPi * static_cast<float>(ring) / static_cast<float>(subdivisions);
+        float const round = 2.0F * kPi * static_cast<float>(slice) / static_cast<float>(subdivisions);
+        return TQ3Vector3D{std::sin(down) * std::cos(round), std::sin(down) * std::sin(round), std::cos(down)};
+    };
+    float nearest = 1.0F;
     for (int stack = 0; stack < subdivisions; ++stack)
     {
-        auto const corner = [&](int ring, int slice)
-        {
-            double const down = kPi * ring / subdivisions;
-            double const round = 2.0 * kPi * slice / subdivisions;
-            return std::array<double, 3>{std::sin(down) * std::cos(round), std::sin(down) * std::sin(round),
-                                         std::cos(down)};
-        };
         // Three corners of one face, two of them on the ring that is no pole.
-        int const ring = stack == 0 ? 1 : stack;
-        auto const a = corner(ring, 0);
-        auto const b = corner(ring, 1);
-        auto const c = corner(stack == 0 ? 0 : stack + 1, 0);
-        std::array<double, 3> const u{b[0] - a[0], b[1] - a[1], b[2] - a[2]};
-        std::array<double, 3> const v{c[0] - a[0], c[1] - a[1], c[2] - a[2]};
-        std::array<double, 3> const n{u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2],
-                                      u[0] * v[1] - u[1] * v[0]};
-        double const length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
-        nearest = std::min(nearest, std::fabs(n[0] * a[0] + n[1] * a[1] + n[2] * a[2]) / length);
+        int const ring = std::max(stack, 1);
+        TQ3Vector3D const a = corner(ring, 0);
+        TQ3Vector3D const u = test::Difference(corner(ring, 1), a);
+        TQ3Vector3D const v = test::Difference(corner(stack == 0 ? 0 : stack + 1, 0), a);
+        TQ3Vector3D n;
+        Vector3D_Cross(&u, &v, &n);
+        nearest = std::min(nearest, std::fabs(Vector3D_Dot(&n, &a)) / test::Length(n));
     }
     return nearest;
 }
