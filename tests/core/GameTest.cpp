@@ -148,9 +148,7 @@ TEST_F(Stage, TheFieldFollowsFromTheTimeOfDay)
 
 TEST_F(Stage, ConstructionSetsTheFixedState)
 {
-    recording::start();
-    Game const game(probe::kWidth, probe::kHeight);
-    auto const calls = recording::stop();
+    auto const calls = recording::during([&] { Game const game(probe::kWidth, probe::kHeight); });
     std::vector<recording::Call> const wanted{
         call("glShadeModel", {GL_SMOOTH}),
         call("glClearDepth", {1.0}),
@@ -378,12 +376,7 @@ TEST_F(GameTest, AnUnknownStateIsOnlyStored)
 
 TEST_F(GameTest, MenusAreDrawnInEveryStateButARace)
 {
-    auto const draws = [this]
-    {
-        recording::start();
-        frame();
-        return recording::count(recording::stop(), "gluOrtho2D");
-    };
+    auto const draws = [this] { return recording::count(recording::during([&] { frame(); }), "gluOrtho2D"); };
     int const withMainMenu = draws();
     EXPECT_GE(withMainMenu, 9) << "five items and four captions";
     startRace();
