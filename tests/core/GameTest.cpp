@@ -70,6 +70,12 @@ protected:
     }
 };
 
+class GameInARace : public GameTest
+{
+protected:
+    GameInARace() { startRace(); }
+};
+
 TEST_F(GameTest, StartsInTheMainMenuOverAMovingWorld)
 {
     EXPECT_EQ(game().GetState(), kStateMenu);
@@ -230,9 +236,8 @@ TEST_F(GameTest, ARaceStartsTheNextTrack)
               (before + 1) % GameMusic::kTrackCount);
 }
 
-TEST_F(GameTest, ThePauseKeyFreezesTheRace)
+TEST_F(GameInARace, ThePauseKeyFreezesTheRace)
 {
-    startRace();
     pressPause();
     EXPECT_EQ(game().GetState(), kStatePaused);
     EXPECT_NE(probe::Current<MenuPaused>(), nullptr);
@@ -241,17 +246,15 @@ TEST_F(GameTest, ThePauseKeyFreezesTheRace)
     EXPECT_TRUE(musicPlays());
 }
 
-TEST_F(GameTest, SwitchingToPausedAloneDoesNotPauseTheWorld)
+TEST_F(GameInARace, SwitchingToPausedAloneDoesNotPauseTheWorld)
 {
-    startRace();
     game().SwitchToState(kStatePaused);
     EXPECT_EQ(game().GetState(), kStatePaused);
     EXPECT_FALSE(world().IsPaused());
 }
 
-TEST_F(GameTest, ThePauseKeyTwiceResumesTheSameWorld)
+TEST_F(GameInARace, ThePauseKeyTwiceResumesTheSameWorld)
 {
-    startRace();
     Universe const* const raced = &world();
     world().Tick(2.0);
     pressPause();
@@ -262,9 +265,8 @@ TEST_F(GameTest, ThePauseKeyTwiceResumesTheSameWorld)
     EXPECT_FALSE(world().IsPaused());
 }
 
-TEST_F(GameTest, ContinueRaceResumesTheSameWorld)
+TEST_F(GameInARace, ContinueRaceResumesTheSameWorld)
 {
-    startRace();
     world().Tick(2.0);
     pressPause();
     click(0);
@@ -274,9 +276,8 @@ TEST_F(GameTest, ContinueRaceResumesTheSameWorld)
     EXPECT_FALSE(world().IsPaused());
 }
 
-TEST_F(GameTest, QuittingAPausedRaceLeavesTheWorldFrozenBehindTheMainMenu)
+TEST_F(GameInARace, QuittingAPausedRaceLeavesTheWorldFrozenBehindTheMainMenu)
 {
-    startRace();
     world().Tick(2.0);
     send(events::KeyDown(u"w"));
     pressPause();
@@ -291,9 +292,8 @@ TEST_F(GameTest, QuittingAPausedRaceLeavesTheWorldFrozenBehindTheMainMenu)
     EXPECT_EQ(world().GetRaceTime(), 2.0);
 }
 
-TEST_F(GameTest, TheLastWaypointEndsTheRace)
+TEST_F(GameInARace, TheLastWaypointEndsTheRace)
 {
-    startRace();
     frozen::Silence();
     finishRace();
     EXPECT_EQ(game().GetState(), kStateMenu);
@@ -304,18 +304,16 @@ TEST_F(GameTest, TheLastWaypointEndsTheRace)
     EXPECT_FALSE(musicPlays());
 }
 
-TEST_F(GameTest, TheResultIsTheRaceTimeInWholeSeconds)
+TEST_F(GameInARace, TheResultIsTheRaceTimeInWholeSeconds)
 {
-    startRace();
     world().Tick(95.75);
     game().SwitchToState(kStateRaceOver);
     EXPECT_EQ(game().GetState(), kStateMenu);
     EXPECT_EQ(probe::TextOf(*Menu::GetCurrent(), 0), "Total Time: 1:35");
 }
 
-TEST_F(GameTest, RestartAfterARaceBringsANewWorld)
+TEST_F(GameInARace, RestartAfterARaceBringsANewWorld)
 {
-    startRace();
     world().Tick(2.0);
     finishRace();
     click(3);
@@ -327,9 +325,8 @@ TEST_F(GameTest, RestartAfterARaceBringsANewWorld)
     EXPECT_TRUE(musicPlays());
 }
 
-TEST_F(GameTest, TheMainMenuAfterARaceKeepsTheWorldFrozen)
+TEST_F(GameInARace, TheMainMenuAfterARaceKeepsTheWorldFrozen)
 {
-    startRace();
     finishRace();
     click(4);
     EXPECT_EQ(game().GetState(), kStateMenu);
@@ -359,9 +356,8 @@ TEST_F(GameTest, EveryScreenOfTheMainMenuLeadsBack)
     EXPECT_EQ(game().GetState(), kStateMenu);
 }
 
-TEST_F(GameTest, AnUnknownStateIsOnlyStored)
+TEST_F(GameInARace, AnUnknownStateIsOnlyStored)
 {
-    startRace();
     world().Tick(2.0);
     constexpr auto kUnknown = static_cast<GameState>(7);
     game().SwitchToState(kUnknown);
