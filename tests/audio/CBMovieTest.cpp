@@ -18,8 +18,6 @@ using namespace testmedia;
 namespace
 {
 
-constexpr int kFrame = 735; // samples in a sixtieth of a second
-
 void PassRunLoop()
 {
     platform::RunLoop::runTimersOnce();
@@ -28,54 +26,38 @@ void PassRunLoop()
 class CBMovieTest : public Test
 {
 protected:
+    // A playing movie lives on without its users.
+    ~CBMovieTest() override
+    {
+        if (auto const movie = m_movie.lock())
+        {
+            movie->stop();
+        }
+    }
+
     std::shared_ptr<CBMovie> open(Samples const& samples)
     {
         WriteWav(m_folder / "test.wav", samples);
-        return CBMovie::initWithFile(m_folder / "test.wav", false);
+        auto movie = CBMovie::initWithFile(m_folder / "test.wav", false);
+        m_movie = movie;
+        return movie;
+    }
+
+    std::shared_ptr<CBMovie> play(Samples const& samples, LoopMode loopMode)
+    {
+        auto movie = open(samples);
+        movie->setLoopMode(loopMode);
+        movie->start();
+        return movie;
     }
 
     // One pass of the run loop before each frame's sound.
-    Samples hear(int samples)
-    {
-        Samples heard;
-        for (; samples > 0; samples -= kFrame)
-        {
-            PassRunLoop();
-            for (float const sample : m_loopback.render(std::min(samples, kFrame)))
-            {
-                heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
-            }
-        }
-        PassRunLoop();
-        return heard;
-    }
+    Samples hear(int samples) { return m_loopback.renderFrames(samples, PassRunLoop); }
 
     Folder m_folder;
+    std::weak_ptr<CBMovie> m_movie;
     Loopback m_loopback;
 };
-
-Samples Forwards(int count)
-{
-    return StereoRamp(count);
-}
-
-Samples Backwards(int count)
-{
-    Samples reversed;
-    Samples const samples = StereoRamp(count);
-    for (std::size_t i = samples.size(); i > 0; i -= 2)
-    {
-        reversed.push_back(samples[i - 2]);
-        reversed.push_back(samples[i - 1]);
-    }
-    return reversed;
-}
-
-Samples operator+(Samples left, Samples const& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
-}
 
 } // namespace
 
@@ -135,83 +117,66 @@ TEST_F(CBMovieTest, WithoutAMovieEverythingIsHarmless)
 
 TEST_F(CBMovieTest, LoopModeNoneStopsAtTheEnd)
 {
-    auto const movie = open(Forwards(2000));
-    movie->start();
+    auto const movie = play(StereoRamp(2000), kLoopNone);
     EXPECT_TRUE(movie->isPlaying());
-    EXPECT_EQ(hear(3000), Forwards(2000) + Samples(2000, 0));
+    EXPECT_EQ(hear(3000), StereoRamp(2000) + Samples(2000, 0));
     EXPECT_FALSE(movie->isPlaying());
     EXPECT_EQ(movie->time(), 2000);
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, LoopModeNormalGoesOnFromTheBeginning)
 {
-    auto const movie = open(Forwards(5000));
-    movie->setLoopMode(kLoopNormal);
-    movie->start();
-    EXPECT_EQ(hear(15000), Forwards(5000) + Forwards(5000) + Forwards(5000));
+    auto const movie = play(StereoRamp(5000), kLoopNormal);
+    EXPECT_EQ(hear(15000), StereoRamp(5000) + StereoRamp(5000) + StereoRamp(5000));
     EXPECT_TRUE(movie->isPlaying());
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, LoopModePalindromeTurnsAtEitherEnd)
 {
-    auto const movie = open(Forwards(5000));
-    movie->setLoopMode(kLoopPalindrome);
-    movie->start();
-    EXPECT_EQ(hear(20000), Forwards(5000) + Backwards(5000) + Forwards(5000) + Backwards(5000));
-    movie->stop();
+    auto const movie = play(StereoRamp(5000), kLoopPalindrome);
+    EXPECT_EQ(hear(20000),
+              StereoRamp(5000) + Reversed(StereoRamp(5000)) + StereoRamp(5000) + Reversed(StereoRamp(5000)));
 }
 
 TEST_F(CBMovieTest, LeavingAPalindromeDisposesOfBothItsCallBacks)
 {
-    auto const movie = open(Forwards(5000));
-    movie->setLoopMode(kLoopPalindrome);
-    movie->start();
+    auto const movie = play(StereoRamp(5000), kLoopPalindrome);
     hear(6000);
     EXPECT_EQ(movie->rate(), -1.0F);
     movie->setLoopMode(kLoopNone);
     hear(6000);
     EXPECT_FALSE(movie->isPlaying());
     EXPECT_EQ(movie->time(), 0);
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, PlainLoopMayBecomeAPalindromeWhileItPlays)
 {
-    auto const movie = open(Forwards(5000));
-    movie->setLoopMode(kLoopNormal);
-    movie->start();
+    auto const movie = play(StereoRamp(5000), kLoopNormal);
     hear(2000);
     movie->setLoopMode(kLoopPalindrome);
     hear(4000);
     EXPECT_EQ(movie->rate(), -1.0F);
     EXPECT_NEAR(movie->time(), 4000, kFrame);
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, PlainLoopDoesNotHoldAtTheBeginningGoingBackwards)
 {
-    auto const movie = open(Forwards(5000));
+    auto const movie = open(StereoRamp(5000));
     movie->setLoopMode(kLoopNormal);
     movie->gotoTime(2000);
     movie->setRate(-1.0F);
     hear(3000);
     EXPECT_FALSE(movie->isPlaying());
     EXPECT_EQ(movie->time(), 0);
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, LoopingMovieSentToItsEndGoesOn)
 {
-    auto const movie = open(Forwards(5000));
-    movie->setLoopMode(kLoopNormal);
-    movie->start();
+    auto const movie = play(StereoRamp(5000), kLoopNormal);
     movie->gotoEnd();
     EXPECT_EQ(movie->time(), 5000);
     EXPECT_EQ(hear(3000), StereoRamp(3000));
     EXPECT_TRUE(movie->isPlaying());
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, TimerLivesFromStartToStop)
@@ -249,7 +214,6 @@ TEST_F(CBMovieTest, RateTwoAndMinusOneAdvanceTimeAsTheyShould)
     int const turned = movie->time();
     hear(10 * kFrame);
     EXPECT_NEAR(movie->time(), turned - 10 * kFrame, 2);
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, VolumeIsHeldInTwoHundredAndFiftySixths)
@@ -278,7 +242,6 @@ TEST_F(CBMovieTest, SetMutedMutesWhateverItIsToldAndNeverUnmutes)
     EXPECT_TRUE(movie->isMuted());
     movie->setMuted(true);
     EXPECT_TRUE(movie->isMuted());
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, PercentIsTruncatedToAWhole)
@@ -319,7 +282,6 @@ TEST_F(CBMovieTest, SelectionIsKeptAndNotApplied)
     EXPECT_TRUE(movie->playsSelectionOnly());
     movie->start();
     EXPECT_EQ(hear(1000), StereoRamp(1000));
-    movie->stop();
 }
 
 TEST_F(CBMovieTest, NameIsTakenOnceAndKeepsTheMovieAlive)

@@ -25,8 +25,6 @@ using namespace testmedia;
 namespace
 {
 
-constexpr int kFrame = 735; // samples in a sixtieth of a second
-
 // A process that a test starts finds the variable set, and shares the folder of the one that started it.
 class GameMusicTest : public Test
 {
@@ -163,10 +161,9 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     while (at < decoded.size())
     {
         platform::RunLoop::runTimersOnce();
-        for (float const sample :
-             loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
+        for (double const sample : loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
         {
-            heardPower += double{sample} * sample;
+            heardPower += sample * sample;
             filePower += static_cast<double>(decoded[at]) * decoded[at];
             ++at;
         }
@@ -193,16 +190,7 @@ TEST(GameSoundNSMovieTest, PlayLeavesAPlayingTrackAloneAndStopRewinds)
     Loopback loopback;
     GameSoundNSMovie movie("Sable.mp3");
     auto const hear = [&](int frames)
-    {
-        std::vector<float> heard;
-        for (int i = 0; i < frames; ++i)
-        {
-            platform::RunLoop::runTimersOnce();
-            auto const frame = loopback.render(kFrame);
-            heard.insert(heard.end(), frame.begin(), frame.end());
-        }
-        return heard;
-    };
+    { return loopback.renderFrames(frames * kFrame, platform::RunLoop::runTimersOnce); };
     movie.Play();
     EXPECT_TRUE(movie.IsPlaying());
     auto const beginning = hear(60);
@@ -210,7 +198,7 @@ TEST(GameSoundNSMovieTest, PlayLeavesAPlayingTrackAloneAndStopRewinds)
     EXPECT_NE(hear(60), beginning);
     movie.Stop();
     EXPECT_FALSE(movie.IsPlaying());
-    EXPECT_THAT(hear(10), Each(0.0F));
+    EXPECT_THAT(hear(10), Each(0));
     movie.Play();
     EXPECT_EQ(hear(60), beginning);
 }

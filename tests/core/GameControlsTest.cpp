@@ -20,9 +20,12 @@
 namespace
 {
 
+// In a race.
 class GameControls : public GameStage
 {
 protected:
+    GameControls() { startRace(); }
+
     Game& game() { return *Game::pGame; }
     Camera& ship() { return *game().GetUniverse()->GetCamera(); }
     float throttle() { return ship().GetTargetVPct(); }
@@ -56,7 +59,6 @@ constexpr float kNear = 1e-6F;
 
 TEST_F(GameControls, FiveStepsFromStopToFull)
 {
-    startRace();
     for (float const wanted : {0.2F, 0.4F, 0.6F, 0.8F, 1.0F, 1.0F})
     {
         press(u"w");
@@ -73,7 +75,6 @@ TEST_F(GameControls, FiveStepsFromStopToFull)
 
 TEST_F(GameControls, TheWheelStepsLikeTheKeys)
 {
-    startRace();
     send(events::Wheel(0.0F, 1.0F));
     send(events::Wheel(1.0F, 0.0F));
     EXPECT_NEAR(throttle(), 0.4F, kNear);
@@ -87,7 +88,6 @@ TEST_F(GameControls, TheWheelStepsLikeTheKeys)
 
 TEST_F(GameControls, EveryStepClicks)
 {
-    startRace();
     for (platform::Event const& event : {events::KeyDown(u"w"), events::KeyDown(u"s"),
                                          events::Wheel(0.0F, 1.0F), events::Wheel(0.0F, -1.0F)})
     {
@@ -99,7 +99,6 @@ TEST_F(GameControls, EveryStepClicks)
 
 TEST_F(GameControls, StepsClickAtTheLimitsToo)
 {
-    startRace();
     press(u"s");
     EXPECT_TRUE(frozen::Plays("Controls.AIFF"));
     ship().SetTargetVPct(1.0F);
@@ -111,7 +110,6 @@ TEST_F(GameControls, StepsClickAtTheLimitsToo)
 
 TEST_F(GameControls, NothingElseClicks)
 {
-    startRace();
     press(u"x");
     send(events::MouseMoved(5.0F, 5.0F));
     send(events::LeftUp(5.0F, 5.0F));
@@ -121,7 +119,6 @@ TEST_F(GameControls, NothingElseClicks)
 
 TEST_F(GameControls, ABindingMatchesItsCaseOnly)
 {
-    startRace();
     press(u"W");
     EXPECT_EQ(throttle(), 0.0F);
 }
@@ -144,7 +141,6 @@ TEST_F(GameControls, BindingsAreReadWhenARaceStarts)
 
 TEST_F(GameControls, ABindingChangedDuringAPauseWaitsForTheNextRace)
 {
-    startRace();
     press(u"\x1B");
     GameSettings::SetUniCharParam(setting::kKeyThrustUp, u'u');
     press(u"\x1B");
@@ -179,7 +175,6 @@ TEST_F(GameControls, MoreWinsOverLess)
 
 TEST_F(GameControls, TheThrottleRestsDuringAPause)
 {
-    startRace();
     press(u"w");
     press(u"\x1B");
     press(u"w");
@@ -189,7 +184,6 @@ TEST_F(GameControls, TheThrottleRestsDuringAPause)
 
 TEST_F(GameControls, ThePauseMenuSeesThePausedEventsFirst)
 {
-    startRace();
     press(u"\x1B");
     game().Render(probe::kWidth, probe::kHeight);
     Menu& menu = *Menu::GetCurrent();
@@ -200,7 +194,6 @@ TEST_F(GameControls, ThePauseMenuSeesThePausedEventsFirst)
 
 TEST_F(GameControls, TheDebugLetterIsNoted)
 {
-    startRace();
     press(u"x");
     EXPECT_FALSE(game().WasDebugKeySeen());
     press(u"ad");
@@ -209,7 +202,6 @@ TEST_F(GameControls, TheDebugLetterIsNoted)
 
 TEST_F(GameControls, TheDebugLetterIsNotedDuringAPause)
 {
-    startRace();
     press(u"\x1B");
     press(u"d");
     EXPECT_TRUE(game().WasDebugKeySeen());
@@ -217,6 +209,7 @@ TEST_F(GameControls, TheDebugLetterIsNotedDuringAPause)
 
 TEST_F(GameControls, TheDebugLetterIsNotNotedInMenus)
 {
+    game().SwitchToState(kStateMenu);
     press(u"d");
     EXPECT_FALSE(game().WasDebugKeySeen());
 }
@@ -234,7 +227,6 @@ TEST_F(GameControls, APauseKeyThatIsTheDebugLetterOnlyPauses)
 
 TEST_F(GameControls, NoTurnBeforeThePointerMoves)
 {
-    startRace();
     game().Render(probe::kWidth, probe::kHeight);
     EXPECT_EQ(ship().GetRotationRate(), 0.0F);
 }
@@ -242,7 +234,6 @@ TEST_F(GameControls, NoTurnBeforeThePointerMoves)
 // A view of 800 x 600 has its centre at (400, 300); the dead zone of 5 % ends 20 and 15 pixels off it.
 TEST_F(GameControls, ATurnStartsOutsideTheDeadZone)
 {
-    startRace();
     EXPECT_FALSE(turnsAt(400, 300));
     EXPECT_FALSE(turnsAt(420, 300));
     EXPECT_TRUE(turnsAt(421, 300));
@@ -256,14 +247,12 @@ TEST_F(GameControls, ATurnStartsOutsideTheDeadZone)
 
 TEST_F(GameControls, EachDirectionHasItsOwnDeadZone)
 {
-    startRace();
     EXPECT_FALSE(turnsAt(419, 314));
     EXPECT_NEAR(turnAt(600, 314), 0.5F, 1e-5F);
 }
 
 TEST_F(GameControls, TheTurnAtTheEdgeIsTheSensitivity)
 {
-    startRace();
     EXPECT_NEAR(turnAt(800, 300), 1.0F, 1e-5F);
     EXPECT_NEAR(turnAt(0, 300), 1.0F, 1e-5F);
     EXPECT_NEAR(turnAt(400, 600), 1.0F, 1e-5F);
@@ -283,7 +272,6 @@ TEST_F(GameControls, TheDeadZoneShrinksAsSensitivityGrows)
 
 TEST_F(GameControls, MouseSettingsAreReadWhenARaceStarts)
 {
-    startRace();
     GameSettings::SetFloatParam(setting::kMouseSensitivity, 2.0F);
     GameSettings::SetFloatParam(setting::kMouseDeadCenterPct, 0.9F);
     EXPECT_NEAR(turnAt(800, 300), 1.0F, 1e-5F);
@@ -295,7 +283,6 @@ TEST_F(GameControls, MouseSettingsAreReadWhenARaceStarts)
 
 TEST_F(GameControls, TheTurnFollowsTheViewsSize)
 {
-    startRace();
     send(events::MouseMoved(800, 300));
     game().Render(1600, 600);
     EXPECT_EQ(ship().GetRotationRate(), 0.0F) << "the pointer is in the middle of the larger view";
@@ -303,7 +290,6 @@ TEST_F(GameControls, TheTurnFollowsTheViewsSize)
 
 TEST_F(GameControls, OutsideARaceTheShipIsToldToStopTurning)
 {
-    startRace();
     ASSERT_TRUE(turnsAt(800, 600));
     press(u"\x1B");
     game().Render(probe::kWidth, probe::kHeight);
@@ -312,7 +298,6 @@ TEST_F(GameControls, OutsideARaceTheShipIsToldToStopTurning)
 
 TEST_F(GameControls, TheSwitchForEffectsSilencesTheThrottle)
 {
-    startRace();
     GameSound::SetVolume(false);
     press(u"w");
     EXPECT_FALSE(frozen::Plays("Controls.AIFF"));

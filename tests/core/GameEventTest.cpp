@@ -108,78 +108,72 @@ TEST(GameEventKeys, TheFirstUnitIsTheCharacter)
     EXPECT_EQ(Wrapped(KeyDown(u"")).GetUniChar(), 0);
 }
 
-TEST(GameEventMouse, MovesAndDragsTellPlaceAndMovement)
+class GameEventMouse : public testing::Test
+{
+protected:
+    // What a question answers; it may leave them as they are.
+    int m_dx = 1;
+    int m_dy = 2;
+    int m_x = 3;
+    int m_y = 4;
+    int m_button = 5;
+};
+
+TEST_F(GameEventMouse, MovesAndDragsTellPlaceAndMovement)
 {
     for (EventType const type : {EventType::MouseMoved, EventType::LeftMouseDragged,
                                  EventType::RightMouseDragged, EventType::OtherMouseDragged})
     {
         GameEvent const event = Wrapped(MouseDragged(type, 30.0F, 40.0F, 5, -6));
-        int dx = 0;
-        int dy = 0;
-        int x = 0;
-        int y = 0;
-        EXPECT_TRUE(event.IsMouseMove(dx, dy, x, y));
-        EXPECT_EQ(dx, 5);
-        EXPECT_EQ(dy, -6);
-        EXPECT_EQ(x, 30);
-        EXPECT_EQ(y, 40);
+        m_dx = m_dy = m_x = m_y = 0;
+        EXPECT_TRUE(event.IsMouseMove(m_dx, m_dy, m_x, m_y));
+        EXPECT_EQ(m_dx, 5);
+        EXPECT_EQ(m_dy, -6);
+        EXPECT_EQ(m_x, 30);
+        EXPECT_EQ(m_y, 40);
     }
 }
 
-TEST(GameEventMouse, PlacesAreCutTowardsZero)
+TEST_F(GameEventMouse, PlacesAreCutTowardsZero)
 {
-    int dx = 0;
-    int dy = 0;
-    int x = 0;
-    int y = 0;
-    ASSERT_TRUE(Wrapped(MouseMoved(12.9F, -3.9F)).IsMouseMove(dx, dy, x, y));
-    EXPECT_EQ(x, 12);
-    EXPECT_EQ(y, -3);
-    ASSERT_TRUE(Wrapped(LeftUp(7.9F, -0.9F)).IsMouseUp(x, y));
-    EXPECT_EQ(x, 7);
-    EXPECT_EQ(y, 0);
+    ASSERT_TRUE(Wrapped(MouseMoved(12.9F, -3.9F)).IsMouseMove(m_dx, m_dy, m_x, m_y));
+    EXPECT_EQ(m_x, 12);
+    EXPECT_EQ(m_y, -3);
+    ASSERT_TRUE(Wrapped(LeftUp(7.9F, -0.9F)).IsMouseUp(m_x, m_y));
+    EXPECT_EQ(m_x, 7);
+    EXPECT_EQ(m_y, 0);
 }
 
-TEST(GameEventMouse, AKeyIsNoMoveButClearsTheMovement)
+TEST_F(GameEventMouse, AKeyIsNoMoveButClearsTheMovement)
 {
-    int dx = 1;
-    int dy = 2;
-    int x = 3;
-    int y = 4;
-    EXPECT_FALSE(Wrapped(KeyDown(u"w")).IsMouseMove(dx, dy, x, y));
-    EXPECT_EQ(dx, 0);
-    EXPECT_EQ(dy, 0);
-    EXPECT_EQ(x, 3);
-    EXPECT_EQ(y, 4);
+    EXPECT_FALSE(Wrapped(KeyDown(u"w")).IsMouseMove(m_dx, m_dy, m_x, m_y));
+    EXPECT_EQ(m_dx, 0);
+    EXPECT_EQ(m_dy, 0);
+    EXPECT_EQ(m_x, 3);
+    EXPECT_EQ(m_y, 4);
 }
 
-TEST(GameEventMouse, BothButtonsRelease)
+TEST_F(GameEventMouse, BothButtonsRelease)
 {
-    int x = 0;
-    int y = 0;
-    int button = 0;
-    EXPECT_TRUE(Wrapped(LeftUp(5.0F, 6.0F)).IsMouseUp(x, y));
-    EXPECT_TRUE(Wrapped(RightUp(5.0F, 6.0F)).IsMouseUp(x, y));
-    EXPECT_EQ(x, 5);
-    EXPECT_EQ(y, 6);
-    EXPECT_TRUE(GameEventNSEvent(LeftUp(5.0F, 6.0F)).IsMouseUp(x, y, button));
-    EXPECT_EQ(button, 1);
-    EXPECT_TRUE(GameEventNSEvent(RightUp(7.0F, 8.0F)).IsMouseUp(x, y, button));
-    EXPECT_EQ(button, 2);
-    EXPECT_EQ(x, 7);
-    EXPECT_EQ(y, 8);
+    EXPECT_TRUE(Wrapped(LeftUp(5.0F, 6.0F)).IsMouseUp(m_x, m_y));
+    EXPECT_TRUE(Wrapped(RightUp(5.0F, 6.0F)).IsMouseUp(m_x, m_y));
+    EXPECT_EQ(m_x, 5);
+    EXPECT_EQ(m_y, 6);
+    EXPECT_TRUE(GameEventNSEvent(LeftUp(5.0F, 6.0F)).IsMouseUp(m_x, m_y, m_button));
+    EXPECT_EQ(m_button, 1);
+    EXPECT_TRUE(GameEventNSEvent(RightUp(7.0F, 8.0F)).IsMouseUp(m_x, m_y, m_button));
+    EXPECT_EQ(m_button, 2);
+    EXPECT_EQ(m_x, 7);
+    EXPECT_EQ(m_y, 8);
 }
 
-TEST(GameEventMouse, AKeyIsNoReleaseAndClearsThePlace)
+TEST_F(GameEventMouse, AKeyIsNoReleaseAndClearsThePlace)
 {
-    int x = 3;
-    int y = 4;
-    int button = 1;
-    EXPECT_FALSE(Wrapped(KeyDown(u"w")).IsMouseUp(x, y));
-    EXPECT_EQ(x, 0);
-    EXPECT_EQ(y, 0);
-    EXPECT_FALSE(GameEventNSEvent(MouseMoved(1.0F, 1.0F)).IsMouseUp(x, y, button));
-    EXPECT_EQ(button, -1);
+    EXPECT_FALSE(Wrapped(KeyDown(u"w")).IsMouseUp(m_x, m_y));
+    EXPECT_EQ(m_x, 0);
+    EXPECT_EQ(m_y, 0);
+    EXPECT_FALSE(GameEventNSEvent(MouseMoved(1.0F, 1.0F)).IsMouseUp(m_x, m_y, m_button));
+    EXPECT_EQ(m_button, -1);
 }
 
 struct WheelCase

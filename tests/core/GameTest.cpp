@@ -70,6 +70,12 @@ protected:
     }
 };
 
+class GameInARace : public GameTest
+{
+protected:
+    GameInARace() { startRace(); }
+};
+
 TEST_F(GameTest, StartsInTheMainMenuOverAMovingWorld)
 {
     EXPECT_EQ(game().GetState(), kStateMenu);
@@ -148,9 +154,7 @@ TEST_F(Stage, TheFieldFollowsFromTheTimeOfDay)
 
 TEST_F(Stage, ConstructionSetsTheFixedState)
 {
-    recording::start();
-    Game const game(probe::kWidth, probe::kHeight);
-    auto const calls = recording::stop();
+    auto const calls = recording::during([&] { Game const game(probe::kWidth, probe::kHeight); });
     std::vector<recording::Call> const wanted{
         call("glShadeModel", {GL_SMOOTH}),
         call("glClearDepth", {1.0}),
@@ -232,9 +236,8 @@ TEST_F(GameTest, ARaceStartsTheNextTrack)
               (before + 1) % GameMusic::kTrackCount);
 }
 
-TEST_F(GameTest, ThePauseKeyFreezesTheRace)
+TEST_F(GameInARace, ThePauseKeyFreezesTheRace)
 {
-    startRace();
     pressPause();
     EXPECT_EQ(game().GetState(), kStatePaused);
     EXPECT_NE(probe::Current<MenuPaused>(), nullptr);
@@ -243,17 +246,15 @@ TEST_F(GameTest, ThePauseKeyFreezesTheRace)
     EXPECT_TRUE(musicPlays());
 }
 
-TEST_F(GameTest, SwitchingToPausedAloneDoesNotPauseTheWorld)
+TEST_F(GameInARace, SwitchingToPausedAloneDoesNotPauseTheWorld)
 {
-    startRace();
     game().SwitchToState(kStatePaused);
     EXPECT_EQ(game().GetState(), kStatePaused);
     EXPECT_FALSE(world().IsPaused());
 }
 
-TEST_F(GameTest, ThePauseKeyTwiceResumesTheSameWorld)
+TEST_F(GameInARace, ThePauseKeyTwiceResumesTheSameWorld)
 {
-    startRace();
     Universe const* const raced = &world();
     world().Tick(2.0);
     pressPause();
@@ -264,9 +265,8 @@ TEST_F(GameTest, ThePauseKeyTwiceResumesTheSameWorld)
     EXPECT_FALSE(world().IsPaused());
 }
 
-TEST_F(GameTest, ContinueRaceResumesTheSameWorld)
+TEST_F(GameInARace, ContinueRaceResumesTheSameWorld)
 {
-    startRace();
     world().Tick(2.0);
     pressPause();
     click(0);
@@ -276,9 +276,8 @@ TEST_F(GameTest, ContinueRaceResumesTheSameWorld)
     EXPECT_FALSE(world().IsPaused());
 }
 
-TEST_F(GameTest, QuittingAPausedRaceLeavesTheWorldFrozenBehindTheMainMenu)
+TEST_F(GameInARace, QuittingAPausedRaceLeavesTheWorldFrozenBehindTheMainMenu)
 {
-    startRace();
     world().Tick(2.0);
     send(events::KeyDown(u"w"));
     pressPause();
@@ -293,9 +292,8 @@ TEST_F(GameTest, QuittingAPausedRaceLeavesTheWorldFrozenBehindTheMainMenu)
     EXPECT_EQ(world().GetRaceTime(), 2.0);
 }
 
-TEST_F(GameTest, TheLastWaypointEndsTheRace)
+TEST_F(GameInARace, TheLastWaypointEndsTheRace)
 {
-    startRace();
     frozen::Silence();
     finishRace();
     EXPECT_EQ(game().GetState(), kStateMenu);
@@ -306,18 +304,16 @@ TEST_F(GameTest, TheLastWaypointEndsTheRace)
     EXPECT_FALSE(musicPlays());
 }
 
-TEST_F(GameTest, TheResultIsTheRaceTimeInWholeSeconds)
+TEST_F(GameInARace, TheResultIsTheRaceTimeInWholeSeconds)
 {
-    startRace();
     world().Tick(95.75);
     game().SwitchToState(kStateRaceOver);
     EXPECT_EQ(game().GetState(), kStateMenu);
     EXPECT_EQ(probe::TextOf(*Menu::GetCurrent(), 0), "Total Time: 1:35");
 }
 
-TEST_F(GameTest, RestartAfterARaceBringsANewWorld)
+TEST_F(GameInARace, RestartAfterARaceBringsANewWorld)
 {
-    startRace();
     world().Tick(2.0);
     finishRace();
     click(3);
@@ -329,9 +325,8 @@ TEST_F(GameTest, RestartAfterARaceBringsANewWorld)
     EXPECT_TRUE(musicPlays());
 }
 
-TEST_F(GameTest, TheMainMenuAfterARaceKeepsTheWorldFrozen)
+TEST_F(GameInARace, TheMainMenuAfterARaceKeepsTheWorldFrozen)
 {
-    startRace();
     finishRace();
     click(4);
     EXPECT_EQ(game().GetState(), kStateMenu);
@@ -361,9 +356,8 @@ TEST_F(GameTest, EveryScreenOfTheMainMenuLeadsBack)
     EXPECT_EQ(game().GetState(), kStateMenu);
 }
 
-TEST_F(GameTest, AnUnknownStateIsOnlyStored)
+TEST_F(GameInARace, AnUnknownStateIsOnlyStored)
 {
-    startRace();
     world().Tick(2.0);
     constexpr auto kUnknown = static_cast<GameState>(7);
     game().SwitchToState(kUnknown);
@@ -378,12 +372,7 @@ TEST_F(GameTest, AnUnknownStateIsOnlyStored)
 
 TEST_F(GameTest, MenusAreDrawnInEveryStateButARace)
 {
-    auto const draws = [this]
-    {
-        recording::start();
-        frame();
-        return recording::count(recording::stop(), "gluOrtho2D");
-    };
+    auto const draws = [this] { return recording::count(recording::during([&] { frame(); }), "gluOrtho2D"); };
     int const withMainMenu = draws();
     EXPECT_GE(withMainMenu, 9) << "five items and four captions";
     startRace();

@@ -174,9 +174,7 @@ TEST_F(HostileSettings, HazeEndsWhereTheSettingSaysInAFullFieldToo)
     test::ScopedSetting const density(setting::kAsteroidsDensityEdge, 1.0F);
     Game::pGame->SwitchToState(kStateMenu);
     Game::pGame->SwitchToState(kStatePlaying);
-    recording::start();
-    Game::pGame->Render(800, 600);
-    auto const calls = recording::stop();
+    auto const calls = recording::during([&] { Game::pGame->Render(800, 600); });
     EXPECT_TRUE(std::ranges::any_of(
         calls, [](recording::Call const& call)
         { return call.name == "glFogf" && call.arguments[0] == GL_FOG_END && call.arguments[1] == 80.0; }));

@@ -137,9 +137,7 @@ TEST_F(Stage, TheContextIsMadeCurrentAndLogged)
 TEST_F(ViewInWindow, ReshapeSetsViewportAndProjection)
 {
     ASSERT_TRUE(m_hasContext);
-    recording::start();
-    m_view->reshape();
-    EXPECT_THAT(recording::stop(),
+    EXPECT_THAT(recording::during([&] { m_view->reshape(); }),
                 ElementsAre(call("glViewport", {0, 0, 640, 480}), call("glMatrixMode", {GL_PROJECTION}),
                             call("glLoadIdentity"),
                             call("gluPerspective", {45.0, 640.0 / 480.0, static_cast<double>(0.1F), 100.0}),
@@ -220,9 +218,8 @@ TEST_F(ViewInWindow, AWindowedStartPassesThroughFullScreenOnce)
     EXPECT_GT(Game::pGame->GetUniverse()->GetRaceTime(), 0.0) << "the first frame ticks too";
 
     Game const* const game = Game::pGame;
-    recording::start();
-    m_view->drawFrame();
-    EXPECT_GE(recording::indexOf(recording::stop(), call("gluOrtho2D", {0, 640, 480, 0})), 0)
+    auto const calls = recording::during([&] { m_view->drawFrame(); });
+    EXPECT_GE(recording::indexOf(calls, call("gluOrtho2D", {0, 640, 480, 0})), 0)
         << "the menu is drawn in the view's size";
     EXPECT_EQ(Game::pGame, game) << "only the first frame makes a game";
     delete Game::pGame;

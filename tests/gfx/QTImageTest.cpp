@@ -84,18 +84,24 @@ TestPicture::Colour Quarters(int x, int y)
     return x < 2 ? kBlue : 0x80FFFFFF;
 }
 
-TEST(QTImage, Row0IsTheBottomOfThePictureInBgra)
+class QTImageOfQuarters : public testing::Test
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
-    ASSERT_TRUE(image.CreateImageWithBitdepth(32));
-    EXPECT_THAT(PixelOf(image, 0, 0), ElementsAre(255, 0, 0, 255));
-    EXPECT_THAT(PixelOf(image, 3, 0), ElementsAre(128, 128, 128, 128)) << "premultiplied";
-    EXPECT_THAT(PixelOf(image, 0, 3), ElementsAre(0, 0, 255, 255));
-    EXPECT_THAT(PixelOf(image, 3, 3), ElementsAre(0, 255, 0, 255));
-    EXPECT_THAT(PixelOf(image, 0, 1), ElementsAre(255, 0, 0, 255));
-    EXPECT_THAT(PixelOf(image, 0, 2), ElementsAre(0, 0, 255, 255));
+protected:
+    QTImageOfQuarters() { EXPECT_TRUE(m_image.SetImageFromFSSpec(m_picture.file())); }
+
+    TestPicture const m_picture{4, 4, Quarters};
+    QTImage m_image;
+};
+
+TEST_F(QTImageOfQuarters, Row0IsTheBottomOfThePictureInBgra)
+{
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    EXPECT_THAT(PixelOf(m_image, 0, 0), ElementsAre(255, 0, 0, 255));
+    EXPECT_THAT(PixelOf(m_image, 3, 0), ElementsAre(128, 128, 128, 128)) << "premultiplied";
+    EXPECT_THAT(PixelOf(m_image, 0, 3), ElementsAre(0, 0, 255, 255));
+    EXPECT_THAT(PixelOf(m_image, 3, 3), ElementsAre(0, 255, 0, 255));
+    EXPECT_THAT(PixelOf(m_image, 0, 1), ElementsAre(255, 0, 0, 255));
+    EXPECT_THAT(PixelOf(m_image, 0, 2), ElementsAre(0, 0, 255, 255));
 }
 
 TEST(QTImage, AStretchedPictureIsUpsideDownToo)
@@ -110,50 +116,38 @@ TEST(QTImage, AStretchedPictureIsUpsideDownToo)
     EXPECT_THAT(PixelOf(image, 64, 511), ElementsAre(0, 0, 255, 255));
 }
 
-TEST(QTImage, SixteenBitsAre1555)
+TEST_F(QTImageOfQuarters, SixteenBitsAre1555)
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
-    ASSERT_TRUE(image.CreateImageWithBitdepth(16));
-    EXPECT_EQ(image.GetBitDepth(), 16);
-    EXPECT_EQ(PixelOf16(image, 0, 0), 0x801F);
-    EXPECT_EQ(PixelOf16(image, 0, 3), 0xFC00);
-    EXPECT_EQ(PixelOf16(image, 3, 3), 0x83E0);
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(16));
+    EXPECT_EQ(m_image.GetBitDepth(), 16);
+    EXPECT_EQ(PixelOf16(m_image, 0, 0), 0x801F);
+    EXPECT_EQ(PixelOf16(m_image, 0, 3), 0xFC00);
+    EXPECT_EQ(PixelOf16(m_image, 3, 3), 0x83E0);
 }
 
-TEST(QTImage, TellsTypeAndDepthOfTheFile)
+TEST_F(QTImageOfQuarters, TellsTypeAndDepthOfTheFile)
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
-    EXPECT_EQ(image.GetType(), 0x424D5066U); // 'BMPf'
-    EXPECT_EQ(image.GetImageDepth(), 32);
+    EXPECT_EQ(m_image.GetType(), 0x424D5066U); // 'BMPf'
+    EXPECT_EQ(m_image.GetImageDepth(), 32);
 }
 
-TEST(QTImage, TheSameDepthReusesTheBuffer)
+TEST_F(QTImageOfQuarters, TheSameDepthReusesTheBuffer)
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
-    ASSERT_TRUE(image.CreateImageWithBitdepth(32));
-    void const* const first = image.GetPixels();
-    ASSERT_TRUE(image.CreateImageWithBitdepth(32));
-    EXPECT_EQ(image.GetPixels(), first);
-    EXPECT_TRUE(image.WasDrawn());
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    void const* const first = m_image.GetPixels();
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    EXPECT_EQ(m_image.GetPixels(), first);
+    EXPECT_TRUE(m_image.WasDrawn());
 }
 
-TEST(QTImage, AnotherDepthReplacesTheBuffer)
+TEST_F(QTImageOfQuarters, AnotherDepthReplacesTheBuffer)
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
-    ASSERT_TRUE(image.CreateImageWithBitdepth(32));
-    ASSERT_TRUE(image.CreateImageWithBitdepth(16));
-    EXPECT_EQ(image.GetBitDepth(), 16);
-    ASSERT_TRUE(image.CreateImageWithBitdepth(32));
-    EXPECT_EQ(image.GetBitDepth(), 32);
-    EXPECT_THAT(PixelOf(image, 0, 0), ElementsAre(255, 0, 0, 255));
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(16));
+    EXPECT_EQ(m_image.GetBitDepth(), 16);
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    EXPECT_EQ(m_image.GetBitDepth(), 32);
+    EXPECT_THAT(PixelOf(m_image, 0, 0), ElementsAre(255, 0, 0, 255));
 }
 
 TEST(QTImage, AnotherFileReplacesThePicture)
@@ -172,15 +166,12 @@ TEST(QTImage, AnotherFileReplacesThePicture)
     EXPECT_THAT(PixelOf(image, 20, 8), ElementsAre(0, 255, 0, 255));
 }
 
-TEST(QTImage, ResetLetsGoOfTheBuffer)
+TEST_F(QTImageOfQuarters, ResetLetsGoOfTheBuffer)
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
-    ASSERT_TRUE(image.CreateImageWithBitdepth(32));
-    image.Reset();
-    EXPECT_EQ(image.GetPixels(), nullptr);
-    EXPECT_FALSE(image.WasDrawn());
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    m_image.Reset();
+    EXPECT_EQ(m_image.GetPixels(), nullptr);
+    EXPECT_FALSE(m_image.WasDrawn());
 }
 
 TEST(QTImage, ThePictureOfARockIsFoundByName)
@@ -211,20 +202,17 @@ TEST(QTImage, AMissingNameIsNull)
 
 TEST(QTImage, AFileThatIsNoPictureIsRefused)
 {
-    TestPicture const picture(4, 4, Quarters);
+    TestPicture const picture(4, 4, Plain(kRed));
     std::ofstream(picture.file()) << "these are only words, and none of them shows anything";
     QTImage image;
     EXPECT_FALSE(image.SetImageFromFSSpec(picture.file()));
     EXPECT_FALSE(image.SetImageFromFSSpec("/no/such/file"));
 }
 
-TEST(QTImage, BytesThatAreNoPictureOfTheFilesTypeAreLogged)
+TEST_F(QTImageOfQuarters, BytesThatAreNoPictureOfTheFilesTypeAreLogged)
 {
-    TestPicture const picture(4, 4, Quarters);
-    QTImage image;
-    ASSERT_TRUE(image.SetImageFromFSSpec(picture.file()));
     CapturedLog log;
-    EXPECT_FALSE(image.CreateImportRefFromData(std::vector<std::byte>(100)));
+    EXPECT_FALSE(m_image.CreateImportRefFromData(std::vector<std::byte>(100)));
     EXPECT_THAT(log.lines(), ElementsAre("err: set error = -1"));
 }
 

@@ -43,9 +43,9 @@ TEST_F(QTUtil, AMissingPictureIsLoggedAndLeavesAnEmptyName)
 {
     unsigned long texture = 0;
     CapturedLog log;
-    recording::start();
-    EXPECT_EQ(QTLoadAsTexture(&texture, "no-such-picture.jpg"), -1);
-    EXPECT_THAT(recording::stop(), ElementsAre(call("glGenTextures", {1})));
+    auto const calls =
+        recording::during([&] { EXPECT_EQ(QTLoadAsTexture(&texture, "no-such-picture.jpg"), -1); });
+    EXPECT_THAT(calls, ElementsAre(call("glGenTextures", {1})));
     EXPECT_THAT(log.lines(), ElementsAre("Unable to load texture no-such-picture.jpg"));
     EXPECT_TRUE(recording::textures().contains(static_cast<unsigned>(texture)));
 }

@@ -33,9 +33,7 @@ protected:
     // The calls of making the texture.
     std::vector<Call> create(int mode, QTImage const& image)
     {
-        recording::start();
-        EXPECT_TRUE(m_sprite.CreateTextureFromImage(image, mode));
-        return recording::stop();
+        return recording::during([&] { EXPECT_TRUE(m_sprite.CreateTextureFromImage(image, mode)); });
     }
     std::vector<Call> create(int mode) { return create(mode, m_image); }
 
@@ -132,9 +130,8 @@ TEST_F(SpriteTest, ASecondPictureKeepsTheName)
 TEST_F(SpriteTest, WithoutANameThereIsNoTexture)
 {
     recording::refuseNextTexture();
-    recording::start();
-    EXPECT_FALSE(m_sprite.CreateTextureFromImage(m_image, 1));
-    EXPECT_THAT(recording::stop(), Not(Contains(testing::Field(&Call::name, "glTexImage2D"))));
+    auto const calls = recording::during([&] { EXPECT_FALSE(m_sprite.CreateTextureFromImage(m_image, 1)); });
+    EXPECT_THAT(calls, Not(Contains(testing::Field(&Call::name, "glTexImage2D"))));
     EXPECT_EQ(m_sprite.GetTexture(), 0U);
 }
 
@@ -148,9 +145,7 @@ TEST_F(SpriteTest, SetBindsAndMinifiesByItsMode)
     for (auto const& [mode, minify] : cases)
     {
         create(mode);
-        recording::start();
-        m_sprite.set();
-        EXPECT_THAT(recording::stop(),
+        EXPECT_THAT(recording::during([&] { m_sprite.set(); }),
                     ElementsAre(call("glBindTexture", {GL_TEXTURE_2D, double(m_sprite.GetTexture())}),
                                 filter(GL_TEXTURE_MIN_FILTER, minify)));
     }
@@ -161,30 +156,25 @@ TEST_F(SpriteTest, SetLeavesTheFilterInModes0AndAbove3)
     for (int const mode : {0, 4})
     {
         create(mode);
-        recording::start();
-        m_sprite.set();
-        EXPECT_THAT(recording::stop(),
+        EXPECT_THAT(recording::during([&] { m_sprite.set(); }),
                     ElementsAre(call("glBindTexture", {GL_TEXTURE_2D, double(m_sprite.GetTexture())})));
     }
 }
 
 TEST_F(SpriteTest, SetWithoutATextureDoesNothing)
 {
-    recording::start();
-    m_sprite.set();
-    EXPECT_THAT(recording::stop(), IsEmpty());
+    EXPECT_THAT(recording::during([&] { m_sprite.set(); }), IsEmpty());
 }
 
 TEST_F(SpriteTest, TheQuadShowsTheWholeTexture)
 {
     create(1);
-    recording::start();
-    m_sprite.render(10.9F, 20.9F);
-    EXPECT_THAT(recording::stop(), ElementsAre(call("glBegin", {GL_QUADS}), call("glTexCoord2i", {0, 1}),
-                                               call("glVertex2i", {10, 20}), call("glTexCoord2i", {0, 0}),
-                                               call("glVertex2i", {10, 84}), call("glTexCoord2i", {1, 0}),
-                                               call("glVertex2i", {266, 84}), call("glTexCoord2i", {1, 1}),
-                                               call("glVertex2i", {266, 20}), call("glEnd")));
+    EXPECT_THAT(recording::during([&] { m_sprite.render(10.9F, 20.9F); }),
+                ElementsAre(call("glBegin", {GL_QUADS}), call("glTexCoord2i", {0, 1}),
+                            call("glVertex2i", {10, 20}), call("glTexCoord2i", {0, 0}),
+                            call("glVertex2i", {10, 84}), call("glTexCoord2i", {1, 0}),
+                            call("glVertex2i", {266, 84}), call("glTexCoord2i", {1, 1}),
+                            call("glVertex2i", {266, 20}), call("glEnd")));
 }
 
 TEST_F(SpriteTest, DeletingTellsWhetherThereWasATexture)

@@ -42,9 +42,7 @@ protected:
     // What drawing at (0, 0) calls.
     std::vector<recording::Call> draw()
     {
-        recording::start();
-        m_texture.drawAtPoint({0.0F, 0.0F});
-        return recording::stop();
+        return recording::during([&] { m_texture.drawAtPoint({0.0F, 0.0F}); });
     }
 
     void expectFrame(float width, float height)
@@ -209,22 +207,19 @@ TEST_F(StringTextureTest, TheQuadIsTheTextureAtItsNaturalSize)
     m_texture.useStaticFrame({200.0F, 30.0F});
     draw();
     double const name = m_texture.texName();
-    recording::start();
-    m_texture.drawAtPoint({10.0F, 20.0F});
-    EXPECT_THAT(recording::stop(), ElementsAre(call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name}),
-                                               call("glBegin", {GL_QUADS}), call("glTexCoord2f", {0, 0}),
-                                               call("glVertex2f", {10, 20}), call("glTexCoord2f", {0, 30}),
-                                               call("glVertex2f", {10, 50}), call("glTexCoord2f", {200, 30}),
-                                               call("glVertex2f", {210, 50}), call("glTexCoord2f", {200, 0}),
-                                               call("glVertex2f", {210, 20}), call("glEnd")));
+    auto const calls = recording::during([&] { m_texture.drawAtPoint({10.0F, 20.0F}); });
+    EXPECT_THAT(calls, ElementsAre(call("glBindTexture", {GL_TEXTURE_RECTANGLE_EXT, name}),
+                                   call("glBegin", {GL_QUADS}), call("glTexCoord2f", {0, 0}),
+                                   call("glVertex2f", {10, 20}), call("glTexCoord2f", {0, 30}),
+                                   call("glVertex2f", {10, 50}), call("glTexCoord2f", {200, 30}),
+                                   call("glVertex2f", {210, 50}), call("glTexCoord2f", {200, 0}),
+                                   call("glVertex2f", {210, 20}), call("glEnd")));
 }
 
 TEST_F(StringTextureTest, BoundsStretchTheTexture)
 {
     m_texture.useStaticFrame({200.0F, 30.0F});
-    recording::start();
-    m_texture.drawWithBounds({{1.0F, 2.0F}, {50.0F, 60.0F}});
-    auto const calls = recording::stop();
+    auto const calls = recording::during([&] { m_texture.drawWithBounds({{1.0F, 2.0F}, {50.0F, 60.0F}}); });
     EXPECT_EQ(recording::count(calls, "glTexImage2D"), 1) << "made on demand here too";
     EXPECT_GE(recording::indexOf(calls, call("glTexCoord2f", {200, 30})), 0);
     EXPECT_GE(recording::indexOf(calls, call("glVertex2f", {51, 62})), 0);

@@ -22,6 +22,7 @@ constexpr float kRounding = 1e-6F;
 constexpr TQ3Vector3D kX{1.0F, 0.0F, 0.0F};
 constexpr TQ3Vector3D kY{0.0F, 1.0F, 0.0F};
 constexpr TQ3Vector3D kZ{0.0F, 0.0F, 1.0F};
+constexpr TQ3Quaternion kIdentity{1.0F, 0.0F, 0.0F, 0.0F};
 constexpr TQ3Quaternion kQ{1.0F, 2.0F, 3.0F, 4.0F};
 constexpr TQ3Quaternion kR{5.0F, 6.0F, 7.0F, 8.0F};
 
@@ -44,6 +45,20 @@ TQ3Quaternion FromTo(TQ3Vector3D const& from, TQ3Vector3D const& to)
     TQ3Quaternion q;
     Q3Quaternion_SetRotateVectorToVector(&q, &from, &to);
     return q;
+}
+
+TQ3Quaternion Normalized(TQ3Quaternion const& q)
+{
+    TQ3Quaternion out;
+    EXPECT_EQ(Q3Quaternion_Normalize(&q, &out), &out);
+    return out;
+}
+
+TQ3Quaternion InterpolatedLinear(TQ3Quaternion const& from, TQ3Quaternion const& to, float t)
+{
+    TQ3Quaternion out;
+    EXPECT_EQ(Q3Quaternion_InterpolateLinear(&from, &to, t, &out), &out);
+    return out;
 }
 
 TEST(QuaternionTest, IdentityHasScalarPartOne)
@@ -96,22 +111,13 @@ TEST(QuaternionTest, MultiplyWorksIntoEitherInput)
 
 TEST(QuaternionTest, NormalizeDividesByTheNorm)
 {
-    TQ3Quaternion const q{2.0F, 0.0F, 0.0F, 0.0F};
-    TQ3Quaternion out;
-    EXPECT_EQ(Q3Quaternion_Normalize(&q, &out), &out);
-    EXPECT_THAT(out, IsQuaternion(1.0F, 0.0F, 0.0F, 0.0F));
-
-    TQ3Quaternion const r{1.0F, -1.0F, 1.0F, -1.0F};
-    Q3Quaternion_Normalize(&r, &out);
-    EXPECT_THAT(out, IsQuaternion(0.5F, -0.5F, 0.5F, -0.5F));
+    EXPECT_THAT(Normalized({2.0F, 0.0F, 0.0F, 0.0F}), IsQuaternion(1.0F, 0.0F, 0.0F, 0.0F));
+    EXPECT_THAT(Normalized({1.0F, -1.0F, 1.0F, -1.0F}), IsQuaternion(0.5F, -0.5F, 0.5F, -0.5F));
 }
 
 TEST(QuaternionTest, NormalizeLeavesWhatIsNearlyUnitLengthAlone)
 {
-    TQ3Quaternion const q{1.0F, 0.0F, 0.0F, 1e-4F};
-    TQ3Quaternion out;
-    Q3Quaternion_Normalize(&q, &out);
-    EXPECT_THAT(out, IsQuaternion(1.0F, 0.0F, 0.0F, 1e-4F));
+    EXPECT_THAT(Normalized({1.0F, 0.0F, 0.0F, 1e-4F}), IsQuaternion(1.0F, 0.0F, 0.0F, 1e-4F));
 }
 
 // The bounds themselves, squared norms of 1 - 2^-23 and 1 + 2^-23, are not skipped.
@@ -119,25 +125,17 @@ TEST(QuaternionTest, NormalizeTakesSquaredNormsOneEpsilonFromOne)
 {
     TQ3Quaternion const q{1.0F, 0.00034526698F, 0.0F, 0.0F};
     ASSERT_EQ(Q3Quaternion_Dot(&q, &q), 1.0000001F);
-    TQ3Quaternion out;
-    Q3Quaternion_Normalize(&q, &out);
-    EXPECT_LT(out.w, 1.0F);
+    EXPECT_LT(Normalized(q).w, 1.0F);
 }
 
 TEST(QuaternionTest, NormalizePassesZeroThrough)
 {
-    TQ3Quaternion const zero{0.0F, 0.0F, 0.0F, 0.0F};
-    TQ3Quaternion out;
-    Q3Quaternion_Normalize(&zero, &out);
-    EXPECT_THAT(out, IsQuaternion(0.0F, 0.0F, 0.0F, 0.0F));
+    EXPECT_THAT(Normalized({0.0F, 0.0F, 0.0F, 0.0F}), IsQuaternion(0.0F, 0.0F, 0.0F, 0.0F));
 }
 
 TEST(QuaternionTest, NormalizePassesASquaredNormBelowEpsilonThrough)
 {
-    TQ3Quaternion const tiny{3e-4F, 0.0F, 0.0F, 0.0F};
-    TQ3Quaternion out;
-    Q3Quaternion_Normalize(&tiny, &out);
-    EXPECT_THAT(out, IsQuaternion(3e-4F, 0.0F, 0.0F, 0.0F));
+    EXPECT_THAT(Normalized({3e-4F, 0.0F, 0.0F, 0.0F}), IsQuaternion(3e-4F, 0.0F, 0.0F, 0.0F));
 }
 
 TEST(QuaternionTest, RotationAboutAnAxisHoldsHalfTheAngle)
@@ -223,60 +221,46 @@ TEST(QuaternionTest, VectorsWhoseSumHasNoLengthAreOpposite)
 
 TEST(QuaternionTest, InterpolateLinearFollowsTheArc)
 {
-    TQ3Quaternion const from = About(kZ, 0.0F);
-    TQ3Quaternion const to = About(kZ, kQuarterTurn);
-    TQ3Quaternion out;
-    EXPECT_EQ(Q3Quaternion_InterpolateLinear(&from, &to, 1.0F / 3.0F, &out), &out);
     // 30 degrees about z.
-    EXPECT_THAT(out, IsQuaternionNear(0.9659258F, 0.0F, 0.0F, 0.2588190F, kRounding));
+    EXPECT_THAT(InterpolatedLinear(About(kZ, 0.0F), About(kZ, kQuarterTurn), 1.0F / 3.0F),
+                IsQuaternionNear(0.9659258F, 0.0F, 0.0F, 0.2588190F, kRounding));
 }
 
 TEST(QuaternionTest, InterpolateLinearOfEqualOnesSnapsToAnEnd)
 {
     TQ3Quaternion const q{0.6F, 0.8F, 0.0F, 0.0F};
-    TQ3Quaternion out;
-    Q3Quaternion_InterpolateLinear(&q, &q, 0.3F, &out);
-    EXPECT_THAT(out, IsQuaternion(0.6F, 0.8F, 0.0F, 0.0F));
-    Q3Quaternion_InterpolateLinear(&q, &q, 0.7F, &out);
-    EXPECT_THAT(out, IsQuaternion(0.6F, 0.8F, 0.0F, 0.0F));
+    EXPECT_THAT(InterpolatedLinear(q, q, 0.3F), IsQuaternion(0.6F, 0.8F, 0.0F, 0.0F));
+    EXPECT_THAT(InterpolatedLinear(q, q, 0.7F), IsQuaternion(0.6F, 0.8F, 0.0F, 0.0F));
 }
 
 TEST(QuaternionTest, InterpolateLinearOfOppositeOnesSnapsToTheNearerEnd)
 {
-    TQ3Quaternion const q{1.0F, 0.0F, 0.0F, 0.0F};
     TQ3Quaternion const r{-1.0F, 0.0F, 0.0F, 0.0F};
-    TQ3Quaternion out;
-    Q3Quaternion_InterpolateLinear(&q, &r, 0.5F, &out);
-    EXPECT_THAT(out, IsQuaternion(1.0F, 0.0F, 0.0F, 0.0F));
-    Q3Quaternion_InterpolateLinear(&q, &r, 0.6F, &out);
-    EXPECT_THAT(out, IsQuaternion(-1.0F, 0.0F, 0.0F, 0.0F));
+    EXPECT_THAT(InterpolatedLinear(kIdentity, r, 0.5F), IsQuaternion(1.0F, 0.0F, 0.0F, 0.0F));
+    EXPECT_THAT(InterpolatedLinear(kIdentity, r, 0.6F), IsQuaternion(-1.0F, 0.0F, 0.0F, 0.0F));
 }
 
 TEST(QuaternionTest, InterpolateLinearTakesTheLongWayRound)
 {
-    TQ3Quaternion const q{1.0F, 0.0F, 0.0F, 0.0F};
-    TQ3Quaternion const r{-0.5F, 0.8660254F, 0.0F, 0.0F}; // 120 degrees from q in four dimensions
-    TQ3Quaternion out;
-    Q3Quaternion_InterpolateLinear(&q, &r, 0.5F, &out);
-    EXPECT_THAT(out, IsQuaternionNear(0.5F, 0.8660254F, 0.0F, 0.0F, kRounding));
+    TQ3Quaternion const r{-0.5F, 0.8660254F, 0.0F, 0.0F}; // 120 degrees from the other in four dimensions
+    EXPECT_THAT(InterpolatedLinear(kIdentity, r, 0.5F),
+                IsQuaternionNear(0.5F, 0.8660254F, 0.0F, 0.0F, kRounding));
 }
 
 TEST(QuaternionTest, InterpolateFastMixesAndNormalizes)
 {
-    TQ3Quaternion const q{1.0F, 0.0F, 0.0F, 0.0F};
     TQ3Quaternion const r{0.0F, 1.0F, 0.0F, 0.0F};
     TQ3Quaternion out;
-    EXPECT_EQ(Q3Quaternion_InterpolateFast(&q, &r, 0.25F, &out), &out);
+    EXPECT_EQ(Q3Quaternion_InterpolateFast(&kIdentity, &r, 0.25F, &out), &out);
     // (0.75, 0.25) over the square root of 0.625.
     EXPECT_THAT(out, IsQuaternionNear(0.9486833F, 0.3162278F, 0.0F, 0.0F, kRounding));
 }
 
 TEST(QuaternionTest, InterpolateFastDoesNotFlipToTheShorterArc)
 {
-    TQ3Quaternion const q{1.0F, 0.0F, 0.0F, 0.0F};
     TQ3Quaternion const minus{-1.0F, 0.0F, 0.0F, 0.0F};
     TQ3Quaternion out;
-    Q3Quaternion_InterpolateFast(&q, &minus, 0.5F, &out);
+    Q3Quaternion_InterpolateFast(&kIdentity, &minus, 0.5F, &out);
     EXPECT_THAT(out, IsQuaternion(0.0F, 0.0F, 0.0F, 0.0F));
 }
 

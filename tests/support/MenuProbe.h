@@ -48,6 +48,16 @@ constexpr int kWidth = 800;
 constexpr int kHeight = 600;
 void RenderCurrent();
 
+// Makes a new menu of that class the current one, drawn.
+template <typename Kind, typename... Arguments>
+Kind& Show(Arguments... arguments)
+{
+    auto* const menu = new Kind(arguments...);
+    Menu::SetCurrent(menu);
+    RenderCurrent();
+    return *menu;
+}
+
 // Events for the current menu. Items are hit in their middle; points are pixels from the bottom left.
 void MoveOnto(int item);
 void MoveTo(int x, int y);

@@ -25,9 +25,6 @@ public:
 
     std::filesystem::path const& file() const { return m_file; }
 
-    // Keeps only the first bytes of the file.
-    void truncate(std::uintmax_t bytes) const;
-
 private:
     std::filesystem::path m_file;
 };

@@ -27,11 +27,7 @@ constexpr char const* kIndent = "     ";
 class MenuCreditsTest : public Stage
 {
 protected:
-    MenuCreditsTest()
-    {
-        Menu::SetCurrent(new MenuCredits);
-        probe::RenderCurrent();
-    }
+    MenuCreditsTest() { probe::Show<MenuCredits>(); }
     Menu& menu() { return *Menu::GetCurrent(); }
 };
 

@@ -29,11 +29,7 @@ constexpr TextSetting kPause = setting::kKeyPause;
 class MenuKeyboardTest : public Stage
 {
 protected:
-    MenuKeyboardTest()
-    {
-        Menu::SetCurrent(new MenuKeyboard);
-        probe::RenderCurrent();
-    }
+    MenuKeyboardTest() { probe::Show<MenuKeyboard>(); }
     Menu& menu() { return *Menu::GetCurrent(); }
 };
 

@@ -103,9 +103,7 @@ TEST_F(MenuMainTest, CaptionsFollowTheWindow)
 
 TEST_F(MenuMainTest, CaptionsAreDrawnInOrderBeforeTheItems)
 {
-    recording::start();
-    probe::RenderCurrent();
-    auto const calls = recording::stop();
+    auto const calls = recording::during([&] { probe::RenderCurrent(); });
     int from = 0;
     auto const nextAt = [&](double x, double y)
     {
@@ -132,12 +130,10 @@ TEST_F(MenuMainTest, TheOtherItemsShowTheirScreens)
 {
     Click(1);
     EXPECT_NE(Current<MenuFastestTimes>(), nullptr);
-    Menu::SetCurrent(new MenuMain);
-    probe::RenderCurrent();
+    probe::Show<MenuMain>();
     Click(2);
     EXPECT_NE(Current<MenuOptions>(), nullptr);
-    Menu::SetCurrent(new MenuMain);
-    probe::RenderCurrent();
+    probe::Show<MenuMain>();
     Click(3);
     EXPECT_NE(Current<MenuCredits>(), nullptr);
     EXPECT_EQ(Game::pGame->GetState(), kStateMenu);

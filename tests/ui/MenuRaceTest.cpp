@@ -24,6 +24,7 @@ using probe::Click;
 using probe::Current;
 using probe::IsHighlighted;
 using probe::MoveOnto;
+using probe::Show;
 using probe::TextOf;
 using probe::TextsOf;
 using testing::ElementsAre;
@@ -40,15 +41,6 @@ Times Stored()
     Times times{-1, -1, -1, -1, -1};
     GameSettings::GetIntArrayParam(setting::kRaceTimes, times.data(), 5);
     return times;
-}
-
-template <typename Kind, typename... Arguments>
-Kind& Show(Arguments... arguments)
-{
-    auto* const menu = new Kind(arguments...);
-    Menu::SetCurrent(menu);
-    probe::RenderCurrent();
-    return *menu;
 }
 
 class MenuPausedTest : public GameStage
@@ -111,9 +103,7 @@ TEST_F(MenuPausedTest, AnyOtherIndexDoesNothing)
     }
 }
 
-class MenuEndGameTest : public GameStage
-{
-};
+using MenuEndGameTest = GameStage;
 
 TEST_F(MenuEndGameTest, TheFirstTimeEverRanksFirst)
 {
@@ -241,9 +231,7 @@ TEST_F(MenuEndGameTest, MainMenuLeadsBack)
     EXPECT_NE(Current<MenuMain>(), nullptr);
 }
 
-class MenuFastestTimesTest : public GameStage
-{
-};
+using MenuFastestTimesTest = GameStage;
 
 constexpr char const* kNone = "(No race times recorded yet)";
 constexpr char const* kClear = "Clear Fastest Times";

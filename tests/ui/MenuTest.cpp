@@ -175,9 +175,7 @@ TEST_F(MenuTest, AnOffsetMovesTheColumnAndKeepsItsShape)
 
 TEST_F(MenuTest, ItemsAreDrawnInTheirOrder)
 {
-    recording::start();
-    RenderCurrent();
-    auto const calls = recording::stop();
+    auto const calls = recording::during([&] { RenderCurrent(); });
     int from = 0;
     for (int item = 0; item < 4; ++item)
     {
@@ -372,9 +370,7 @@ TEST_F(MenuTest, AnotherMenuDestroysTheCurrentOne)
 TEST_F(MenuTest, WithoutAMenuNothingIsDrawnOrHandled)
 {
     Menu::ClearCurrent();
-    recording::start();
-    RenderCurrent();
-    EXPECT_THAT(recording::stop(), IsEmpty());
+    EXPECT_THAT(recording::during([&] { RenderCurrent(); }), IsEmpty());
     MoveTo(400, 300);
     probe::Type(u'a');
     EXPECT_EQ(m_notes.keys.size(), 0U);

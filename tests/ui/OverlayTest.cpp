@@ -123,9 +123,7 @@ std::vector<recording::Call> Rendered(Overlay& overlay)
 {
     overlay.SetString("x");
     overlay.Render(800, 600); // makes the texture, whose calls are not of interest here
-    recording::start();
-    overlay.Render(800, 600);
-    return recording::stop();
+    return recording::during([&] { overlay.Render(800, 600); });
 }
 
 TEST_F(OverlayTest, RenderUndoesItsStateInReverse)

@@ -23,7 +23,17 @@ constexpr float kQuarterTurn = 1.5707964F;
 constexpr float kRounding = 1e-6F;
 constexpr TQ3Vector3D kYAxis{0.0F, 1.0F, 0.0F};
 
-using BodyTest = Stage;
+class BodyTest : public Stage
+{
+protected:
+    void turnAQuarterAboutY()
+    {
+        m_body.SetRotationRate(kYAxis, 0.0F);
+        m_body.SetRotation(kQuarterTurn);
+    }
+
+    Body m_body{nullptr};
+};
 
 TEST_F(BodyTest, StartsAtRestAtTheOriginFacingDownZ)
 {
@@ -60,120 +70,104 @@ TEST_F(BodyTest, LastOneMadeDecidesTheUniverseOfAll)
 
 TEST_F(BodyTest, DefaultsKeepTheSpinAxis)
 {
-    Body body(nullptr);
-    body.SetRotationRate({1.0F, 2.0F, 3.0F}, 4.0F);
-    body.SetDefaults();
-    EXPECT_THAT(body.GetRotationAxis(), IsExactly(1.0F, 2.0F, 3.0F));
-    EXPECT_EQ(body.GetRotationRate(), 0.0F);
+    m_body.SetRotationRate({1.0F, 2.0F, 3.0F}, 4.0F);
+    m_body.SetDefaults();
+    EXPECT_THAT(m_body.GetRotationAxis(), IsExactly(1.0F, 2.0F, 3.0F));
+    EXPECT_EQ(m_body.GetRotationRate(), 0.0F);
 }
 
 TEST_F(BodyTest, SizeIsARadius)
 {
-    Body body(nullptr);
-    body.SetSize(0.75F);
-    EXPECT_EQ(body.GetRadius(), 0.75F);
-    EXPECT_EQ(body.GetDiameter(), 1.5F);
+    m_body.SetSize(0.75F);
+    EXPECT_EQ(m_body.GetRadius(), 0.75F);
+    EXPECT_EQ(m_body.GetDiameter(), 1.5F);
 }
 
 TEST_F(BodyTest, SetPosLeavesTheFacingPointWhereItWas)
 {
-    Body body(nullptr);
-    body.SetRotationRate(kYAxis, 0.0F);
-    body.SetRotation(kQuarterTurn);
-    TQ3Vector3D const before = body.GetLookAt();
-    body.SetPos(5.0F, 6.0F, 7.0F);
-    EXPECT_THAT(body.GetPosition(), IsExactly(5.0F, 6.0F, 7.0F));
-    EXPECT_THAT(body.GetLookAt(), IsExactly(before.x, before.y, before.z));
+    turnAQuarterAboutY();
+    TQ3Vector3D const before = m_body.GetLookAt();
+    m_body.SetPos(5.0F, 6.0F, 7.0F);
+    EXPECT_THAT(m_body.GetPosition(), IsExactly(5.0F, 6.0F, 7.0F));
+    EXPECT_THAT(m_body.GetLookAt(), IsExactly(before.x, before.y, before.z));
 }
 
 TEST_F(BodyTest, MoveToAndTranslateCarryTheFacingPointAlong)
 {
-    Body body(nullptr);
-    body.MoveTo(5.0F, 6.0F, 7.0F);
-    EXPECT_THAT(body.GetPosition(), IsExactly(5.0F, 6.0F, 7.0F));
-    EXPECT_THAT(body.GetLookAt(), IsExactly(5.0F, 6.0F, 6.0F));
-    body.Translate({1.0F, -1.0F, 0.5F});
-    EXPECT_THAT(body.GetPosition(), IsExactly(6.0F, 5.0F, 7.5F));
-    EXPECT_THAT(body.GetLookAt(), IsExactly(6.0F, 5.0F, 6.5F));
+    m_body.MoveTo(5.0F, 6.0F, 7.0F);
+    EXPECT_THAT(m_body.GetPosition(), IsExactly(5.0F, 6.0F, 7.0F));
+    EXPECT_THAT(m_body.GetLookAt(), IsExactly(5.0F, 6.0F, 6.0F));
+    m_body.Translate({1.0F, -1.0F, 0.5F});
+    EXPECT_THAT(m_body.GetPosition(), IsExactly(6.0F, 5.0F, 7.5F));
+    EXPECT_THAT(m_body.GetLookAt(), IsExactly(6.0F, 5.0F, 6.5F));
 }
 
 TEST_F(BodyTest, SpeedIsHeldWithinItsRange)
 {
-    Body body(nullptr);
-    body.SetMinMaxVelocity(0.5F, 2.0F);
-    body.SetVelocity(1.25F);
-    EXPECT_EQ(body.GetSpeed(), 1.25F);
-    body.SetVelocity(0.25F);
-    EXPECT_EQ(body.GetSpeed(), 0.5F);
-    body.SetVelocity(3.0F);
-    EXPECT_EQ(body.GetSpeed(), 2.0F);
+    m_body.SetMinMaxVelocity(0.5F, 2.0F);
+    m_body.SetVelocity(1.25F);
+    EXPECT_EQ(m_body.GetSpeed(), 1.25F);
+    m_body.SetVelocity(0.25F);
+    EXPECT_EQ(m_body.GetSpeed(), 0.5F);
+    m_body.SetVelocity(3.0F);
+    EXPECT_EQ(m_body.GetSpeed(), 2.0F);
 }
 
 TEST_F(BodyTest, MinimumSpeedWinsOverTheMaximum)
 {
-    Body body(nullptr);
-    body.SetMinMaxVelocity(3.0F, 1.0F);
-    body.SetVelocity(2.0F);
-    EXPECT_EQ(body.GetSpeed(), 3.0F);
+    m_body.SetMinMaxVelocity(3.0F, 1.0F);
+    m_body.SetVelocity(2.0F);
+    EXPECT_EQ(m_body.GetSpeed(), 3.0F);
 }
 
 TEST_F(BodyTest, VelocityPointsWhereTheBodyFaces)
 {
-    Body body(nullptr);
-    body.SetMinMaxVelocity(0.0F, 4.0F);
-    body.SetRotationRate(kYAxis, 0.0F);
-    body.SetRotation(kQuarterTurn);
-    body.SetVelocity(2.0F);
+    m_body.SetMinMaxVelocity(0.0F, 4.0F);
+    turnAQuarterAboutY();
+    m_body.SetVelocity(2.0F);
     // A quarter turn about y takes -z to -x.
-    EXPECT_THAT(body.GetVelocity(), IsNear(-2.0F, 0.0F, 0.0F, kRounding));
+    EXPECT_THAT(m_body.GetVelocity(), IsNear(-2.0F, 0.0F, 0.0F, kRounding));
 }
 
 TEST_F(BodyTest, SetRotationTurnsAboutTheSpinAxisAndKeepsTheFacingPointAhead)
 {
-    Body body(nullptr);
-    body.MoveTo(10.0F, 0.0F, 0.0F);
-    body.SetRotationRate(kYAxis, 0.0F);
-    body.SetRotation(kQuarterTurn);
-    EXPECT_THAT(body.GetRotation(), IsQuaternionNear(0.70710678F, 0.0F, 0.70710678F, 0.0F, kRounding));
-    EXPECT_THAT(body.GetLookAt(), IsNear(9.0F, 0.0F, 0.0F, kRounding));
+    m_body.MoveTo(10.0F, 0.0F, 0.0F);
+    turnAQuarterAboutY();
+    EXPECT_THAT(m_body.GetRotation(), IsQuaternionNear(0.70710678F, 0.0F, 0.70710678F, 0.0F, kRounding));
+    EXPECT_THAT(m_body.GetLookAt(), IsNear(9.0F, 0.0F, 0.0F, kRounding));
 }
 
 // A quarter about y, then one about z: -z turns to -x, and that to -y. The other order would end at -x.
 TEST_F(BodyTest, TurnsAddUpAboutTheAxesOfTheWorld)
 {
-    Body body(nullptr);
-    body.SetRotationRate(kYAxis, 0.0F);
-    body.SetRotation(kQuarterTurn);
-    body.SetRotationRate({0.0F, 0.0F, 1.0F}, 0.0F);
-    body.SetRotation(kQuarterTurn);
-    EXPECT_THAT(body.GetLookAt(), IsNear(0.0F, -1.0F, 0.0F, kRounding));
+    turnAQuarterAboutY();
+    m_body.SetRotationRate({0.0F, 0.0F, 1.0F}, 0.0F);
+    m_body.SetRotation(kQuarterTurn);
+    EXPECT_THAT(m_body.GetLookAt(), IsNear(0.0F, -1.0F, 0.0F, kRounding));
 }
 
 TEST_F(BodyTest, TurnToFaceLooksAtThePoint)
 {
-    Body body(nullptr);
-    body.TurnToFace(0.0F, 8.0F, 0.0F);
-    EXPECT_THAT(body.GetLookAt(), IsNear(0.0F, 1.0F, 0.0F, kRounding));
+    m_body.TurnToFace(0.0F, 8.0F, 0.0F);
+    EXPECT_THAT(m_body.GetLookAt(), IsNear(0.0F, 1.0F, 0.0F, kRounding));
 }
 
 // The arc from the old facing to the new replaces the rotation, so that a body that has turned before faces
 // wrongly: from -x (turned) to +y is a quarter turn about -z, and that leaves -z where it is.
 TEST_F(BodyTest, TurnToFaceReplacesTheRotation)
 {
-    Body body(nullptr);
-    body.TurnToFace(-5.0F, 0.0F, 0.0F);
-    body.TurnToFace(0.0F, 5.0F, 0.0F);
-    EXPECT_THAT(body.GetRotation(), IsQuaternionNear(0.70710678F, 0.0F, 0.0F, -0.70710678F, kRounding));
-    EXPECT_THAT(body.GetLookAt(), IsNear(0.0F, 0.0F, -1.0F, kRounding));
+    m_body.TurnToFace(-5.0F, 0.0F, 0.0F);
+    m_body.TurnToFace(0.0F, 5.0F, 0.0F);
+    EXPECT_THAT(m_body.GetRotation(), IsQuaternionNear(0.70710678F, 0.0F, 0.0F, -0.70710678F, kRounding));
+    EXPECT_THAT(m_body.GetLookAt(), IsNear(0.0F, 0.0F, -1.0F, kRounding));
 }
 
 TEST_F(BodyTest, SpheresThatTouchIntersect)
 {
-    Body body(nullptr);
-    body.SetSize(0.5F);
-    EXPECT_TRUE(body.SphereIntersects({0.75F, 0.0F, 0.0F}, 0.25F));
-    EXPECT_FALSE(body.SphereIntersects({0.7501F, 0.0F, 0.0F}, 0.25F));
-    EXPECT_TRUE(body.SphereIntersects({0.0F, 0.1F, 0.0F}, 0.0F));
+    m_body.SetSize(0.5F);
+    EXPECT_TRUE(m_body.SphereIntersects({0.75F, 0.0F, 0.0F}, 0.25F));
+    EXPECT_FALSE(m_body.SphereIntersects({0.7501F, 0.0F, 0.0F}, 0.25F));
+    EXPECT_TRUE(m_body.SphereIntersects({0.0F, 0.1F, 0.0F}, 0.0F));
 }
 
 class BodyTickTest : public Stage

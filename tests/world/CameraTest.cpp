@@ -79,9 +79,7 @@ TEST_F(CameraTest, FullDeflectionIsTheGreatestTurnRate)
 TEST_F(CameraTest, LookAtReplacesTheMatrixByTheViewFromTheShip)
 {
     test::LayShip(m_camera, {1.0F, 2.0F, 3.0F});
-    recording::start();
-    m_camera.LookAt();
-    EXPECT_THAT(recording::stop(),
+    EXPECT_THAT(recording::during([&] { m_camera.LookAt(); }),
                 testing::ElementsAre(call("glLoadIdentity"), call("gluLookAt", {1, 2, 3, 1, 2, 2, 0, 1, 0})));
 }
 

@@ -36,9 +36,7 @@ constexpr int kTriangles[24][3] = {
 std::vector<Call> Drawing(Waypoint const& marker)
 {
     Frustum const view(kQuarterTurn, 1.0F, &kOrigin, &kForwards, &kUp, 20.0F);
-    recording::start();
-    marker.Render(view);
-    return recording::stop();
+    return recording::during([&] { marker.Render(view); });
 }
 
 class WaypointTest : public testing::Test

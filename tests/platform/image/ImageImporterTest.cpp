@@ -13,11 +13,6 @@
 #include <array>
 #include <fstream>
 
-extern "C"
-{
-#include <libavcodec/avcodec.h>
-}
-
 using namespace testing;
 using platform::ImageImporter;
 using platform::PixelBuffer;

@@ -38,6 +38,16 @@ protected:
         return all.str();
     }
 
+    // A run of the game that sets these.
+    void store(platform::Preferences::Defaults const& values) const
+    {
+        platform::Preferences preferences(file());
+        for (auto const& [key, value] : values)
+        {
+            preferences.setValue(key, value);
+        }
+    }
+
     std::vector<std::string> others() const // names beside settings.ini
     {
         std::vector<std::string> names;

@@ -18,8 +18,6 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <map>
-#include <sstream>
 
 namespace
 {
@@ -30,7 +28,18 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-using PreferencesTest = PreferencesFolder;
+class PreferencesTest : public PreferencesFolder
+{
+protected:
+    void expectFloats(Preferences::Defaults const& values) const
+    {
+        Preferences const preferences(file());
+        for (auto const& [key, value] : values)
+        {
+            EXPECT_EQ(preferences.floatForKey(key), std::get<float>(value)) << key;
+        }
+    }
+};
 
 TEST_F(PreferencesTest, UnknownKeysReadAsNothing)
 {
@@ -56,13 +65,7 @@ TEST_F(PreferencesTest, RegisteredDefaultsAreReadAndNeverWritten)
 
 TEST_F(PreferencesTest, ChangesComeBackInTheNextRun)
 {
-    {
-        Preferences preferences(file());
-        preferences.setValue("Number", -3);
-        preferences.setValue("Real", 0.25F);
-        preferences.setValue("Text", std::string("\x1B"));
-        preferences.setValue("List", std::vector<int>{});
-    }
+    store({{"Number", -3}, {"Real", 0.25F}, {"Text", "\x1B"}, {"List", std::vector<int>{}}});
     Preferences const preferences(file());
     EXPECT_EQ(preferences.integerForKey("Number"), -3);
     EXPECT_EQ(preferences.floatForKey("Real"), 0.25F);
@@ -72,23 +75,13 @@ TEST_F(PreferencesTest, ChangesComeBackInTheNextRun)
 
 TEST_F(PreferencesTest, FloatsAreWrittenAsTheShortestDecimalThatReadsBack)
 {
-    constexpr float kValues[] = {0.1F, 0.3F, 1e30F, 16777216.0F, 1.17549435e-38F, 3.40282347e38F, 65.0F};
-    {
-        Preferences preferences(file());
-        int i = 0;
-        for (float const value : kValues)
-        {
-            preferences.setValue("Value" + std::to_string(i++), value);
-        }
-    }
-    EXPECT_THAT(text(), HasSubstr("Value0=0.1\n"));
-    EXPECT_THAT(text(), HasSubstr("Value1=0.3\n"));
-    Preferences const preferences(file());
-    int i = 0;
-    for (float const value : kValues)
-    {
-        EXPECT_EQ(preferences.floatForKey("Value" + std::to_string(i++)), value);
-    }
+    Preferences::Defaults const values{
+        {"a", 0.1F},           {"b", 0.3F}, {"c", 1e30F}, {"d", 16777216.0F}, {"e", 1.17549435e-38F},
+        {"f", 3.40282347e38F}, {"g", 65.0F}};
+    store(values);
+    EXPECT_THAT(text(), HasSubstr("a=0.1\n"));
+    EXPECT_THAT(text(), HasSubstr("b=0.3\n"));
+    expectFloats(values);
 }
 
 TEST_F(PreferencesTest, NumbersConvertTowardsZeroAndWithinTheirRange)
@@ -145,11 +138,7 @@ TEST_F(PreferencesTest, CommentsOrderAndUnknownKeysSurviveASave)
           "\n\n[Other]\nForeign=1.5;x\n\n[Settings]\n# Slower\nZebra[de]=Streifen\n" +
           "Number=5\n\n# Nearer\nApple=\"quoted\" = 7\n\n[Last]\nkey=2001-02-03\n# end\n");
     std::string const before = text();
-    {
-        Preferences preferences(file());
-        preferences.setValue("Number", 1);
-        preferences.setValue("New", 2);
-    }
+    store({{"Number", 1}, {"New", 2}});
     std::string expected = before;
     expected.replace(expected.find("Number=5"), 8, "Number=1");
     expected.insert(expected.find("[Last]"), "New=2\n\n");
@@ -176,10 +165,7 @@ TEST_F(PreferencesTest, PermissionsAndLinksStay)
     std::ofstream(real) << "[Settings]\nA=1\n";
     fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink(real, file());
-    {
-        Preferences preferences(file());
-        preferences.setValue("B", 2);
-    }
+    store({{"B", 2}});
     EXPECT_TRUE(fs::is_symlink(file()));
     EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(Preferences(real).integerForKey("B"), 2);
@@ -189,10 +175,7 @@ TEST_F(PreferencesTest, LinkToNothingIsNoBrokenFileAndIsFollowed)
 {
     fs::path const real = m_folder / "real.ini";
     fs::create_symlink("real.ini", file());
-    {
-        Preferences preferences(file());
-        preferences.setValue("A", 1);
-    }
+    store({{"A", 1}});
     EXPECT_TRUE(fs::is_symlink(file()));
     EXPECT_EQ(Preferences(real).integerForKey("A"), 1);
     EXPECT_THAT(others(), ElementsAre("real.ini"));
@@ -204,11 +187,7 @@ TEST_F(PreferencesTest, TextsOfManyLinesAndOddSignsComeBack)
          {"\nafter a break", "a\nb\n", "three ''' and\nthree \"\"\"", "a\\b", "\ttab\t", "\"", "'", "=",
           "a;b;", "#", "[", " both ", "\r\n", "\x7F\x01", "Ж\n漢字", " "})
     {
-        {
-            Preferences preferences(file());
-            preferences.setValue("Text", text);
-            preferences.setValue("Number", 3);
-        }
+        store({{"Text", text}, {"Number", 3}});
         Preferences const preferences(file());
         EXPECT_EQ(preferences.stringForKey("Text"), text);
         EXPECT_EQ(preferences.integerForKey("Number"), 3);
@@ -218,7 +197,7 @@ TEST_F(PreferencesTest, TextsOfManyLinesAndOddSignsComeBack)
 // The form feed is left out: no key gives it, and GLib takes it for white space before the value.
 TEST_F(PreferencesTest, EveryCharacterComesBack)
 {
-    std::map<std::string, std::string> texts;
+    Preferences::Defaults texts;
     for (gunichar c = 1; c < 0x10000; c += c < 0x300 ? 1 : 0x95)
     {
         std::array<char, 6> bytes{};
@@ -228,27 +207,17 @@ TEST_F(PreferencesTest, EveryCharacterComesBack)
             texts["Key" + std::to_string(c)] = std::string(bytes.data(), length);
         }
     }
-    {
-        Preferences preferences(file());
-        for (auto const& [key, text] : texts)
-        {
-            preferences.setValue(key, text);
-        }
-    }
+    store(texts);
     Preferences const preferences(file());
     for (auto const& [key, text] : texts)
     {
-        EXPECT_EQ(preferences.stringForKey(key), text) << key;
+        EXPECT_EQ(preferences.stringForKey(key), std::get<std::string>(text)) << key;
     }
 }
 
 TEST_F(PreferencesTest, IllFormedTextCostsNoOtherSetting)
 {
-    {
-        Preferences preferences(file());
-        preferences.setValue("A", 1);
-        preferences.setValue("Text", std::string("x\xFFy"));
-    }
+    store({{"A", 1}, {"Text", "x\xFFy"}});
     Preferences const preferences(file());
     EXPECT_EQ(preferences.integerForKey("A"), 1);
     EXPECT_EQ(preferences.stringForKey("Text"), "x\xEF\xBF\xBDy");
@@ -257,7 +226,7 @@ TEST_F(PreferencesTest, IllFormedTextCostsNoOtherSetting)
 TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
 {
     constexpr std::uint32_t kStep = 2097143; // a prime: some two thousand bit patterns of every magnitude
-    std::map<std::string, float> values;
+    Preferences::Defaults values;
     for (std::uint64_t bits = 1; bits < 0x100000000U; bits += kStep)
     {
         auto const value = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
@@ -266,18 +235,8 @@ TEST_F(PreferencesTest, EveryFloatComesBackBitForBit)
             values[std::to_string(bits)] = value;
         }
     }
-    {
-        Preferences preferences(file());
-        for (auto const& [key, value] : values)
-        {
-            preferences.setValue(key, value);
-        }
-    }
-    Preferences const preferences(file());
-    for (auto const& [key, value] : values)
-    {
-        EXPECT_EQ(preferences.floatForKey(key), value) << key;
-    }
+    store(values);
+    expectFloats(values);
 }
 
 // Where the tests run as root: the user "nobody" while the object exists.

@@ -22,7 +22,6 @@ namespace
 {
 
 constexpr platform::Fixed kOne = 0x10000;
-constexpr int kFrame = 735; // samples in a sixtieth of a second
 
 // A task without a device, and what the clock said before and after it.
 struct Moment
@@ -63,22 +62,23 @@ protected:
         return Movie::openFile(m_folder / "test.wav");
     }
 
-    // Renders frame by frame with a task before each, as the game does.
+    std::unique_ptr<Movie> play(Samples const& samples)
+    {
+        auto movie = open(samples);
+        movie->start();
+        return movie;
+    }
+
+    // From its end to its beginning.
+    static void playBackwards(Movie& movie)
+    {
+        movie.setTimeValue(movie.duration());
+        movie.setRate(-kOne);
+    }
+
     Samples hear(Movie& movie, int samples)
     {
-        Samples heard;
-        while (samples > 0)
-        {
-            movie.moviesTask();
-            int const count = std::min(samples, kFrame);
-            for (float const sample : m_loopback.render(count))
-            {
-                heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
-            }
-            samples -= count;
-        }
-        movie.moviesTask();
-        return heard;
+        return m_loopback.renderFrames(samples, [&movie] { movie.moviesTask(); });
     }
 
     Folder m_folder;
@@ -88,23 +88,6 @@ protected:
 Samples Part(Samples const& samples, std::ptrdiff_t from, std::ptrdiff_t to)
 {
     return {samples.begin() + 2 * from, samples.begin() + 2 * to};
-}
-
-Samples Reversed(Samples const& samples)
-{
-    Samples reversed;
-    for (std::size_t i = samples.size(); i > 0; i -= 2)
-    {
-        reversed.push_back(samples[i - 2]);
-        reversed.push_back(samples[i - 1]);
-    }
-    return reversed;
-}
-
-Samples operator+(Samples left, Samples const& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
 }
 
 // The first sample that differs, -1 for none: a mismatch of a hundred thousand numbers is no help.
@@ -133,7 +116,7 @@ Samples Decoded(std::filesystem::path const& path)
     return samples;
 }
 
-// Sends the movie back to its beginning each time it comes to its end.
+// Starts the movie, and sends it back to its beginning each time it comes to its end.
 class Looper
 {
 public:
@@ -141,6 +124,7 @@ public:
     {
         movie.setLoopingHint(true);
         arm();
+        movie.start();
     }
     int count() const { return m_count; }
 
@@ -166,16 +150,14 @@ private:
 TEST_F(MovieTest, PlaysEverySampleAsItIs)
 {
     Samples const samples = StereoRamp(30000);
-    auto const movie = open(samples);
-    movie->start();
+    auto const movie = play(samples);
     EXPECT_EQ(FirstDifference(hear(*movie, 30000), samples), -1);
 }
 
 TEST_F(MovieTest, StopsAtItsEndWithItsLastSamplesHeard)
 {
     Samples const samples = StereoRamp(5000);
-    auto const movie = open(samples);
-    movie->start();
+    auto const movie = play(samples);
     EXPECT_EQ(FirstDifference(hear(*movie, 6000), samples + Samples(2000, 0)), -1);
     EXPECT_EQ(movie->rate(), 0);
     EXPECT_EQ(movie->time(), 5000);
@@ -183,8 +165,7 @@ TEST_F(MovieTest, StopsAtItsEndWithItsLastSamplesHeard)
 
 TEST_F(MovieTest, TimeFollowsWhatIsHeard)
 {
-    auto const movie = open(StereoRamp(44100));
-    movie->start();
+    auto const movie = play(StereoRamp(44100));
     hear(*movie, 10 * kFrame);
     EXPECT_EQ(movie->time(), 10 * kFrame);
 }
@@ -194,7 +175,6 @@ TEST_F(MovieTest, LoopHasNoGapAndNoClick)
     Samples const samples = StereoSine(22050, 440.0);
     auto const movie = open(samples);
     Looper const looper(*movie);
-    movie->start();
     EXPECT_EQ(FirstDifference(hear(*movie, 3 * 22050), samples + samples + samples), -1);
     EXPECT_EQ(looper.count(), 3);
 }
@@ -203,7 +183,6 @@ TEST_F(MovieTest, TimeInALoopCountsFromTheSeam)
 {
     auto const movie = open(StereoRamp(10000));
     Looper const looper(*movie);
-    movie->start();
     hear(*movie, 25000);
     EXPECT_EQ(movie->time(), 5000);
 }
@@ -212,7 +191,6 @@ TEST_F(MovieTest, RateChangedAfterTheSeamLosesNoTime)
 {
     auto const movie = open(StereoRamp(5000));
     Looper const looper(*movie);
-    movie->start();
     hear(*movie, 4000);
     m_loopback.render(2000);
     movie->setRate(2 * kOne);
@@ -227,7 +205,6 @@ TEST_F(MovieTest, LoopOfAnMp3IsExactToTheSample)
     ASSERT_EQ(decoded.size(), 2U * 44100U) << "the encoder's delay or padding is still there";
     auto const movie = Movie::openFile(m_folder / "test.mp3");
     Looper const looper(*movie);
-    movie->start();
     EXPECT_EQ(FirstDifference(hear(*movie, 100000), decoded + decoded + Part(decoded, 0, 11800)), -1);
 }
 
@@ -236,7 +213,6 @@ TEST_F(MovieTest, MovieShorterThanAFrameLoopsWithoutAGap)
     Samples const samples = StereoRamp(300);
     auto const movie = open(samples);
     Looper const looper(*movie);
-    movie->start();
     Samples expected;
     while (expected.size() < 2 * 9000)
     {
@@ -264,8 +240,7 @@ TEST_F(MovieTest, NegativeRatePlaysBackwardsToTheSample)
 {
     Samples const samples = StereoRamp(30000);
     auto const movie = open(samples);
-    movie->setTimeValue(movie->duration());
-    movie->setRate(-kOne);
+    playBackwards(*movie);
     EXPECT_EQ(FirstDifference(hear(*movie, 30000), Reversed(samples)), -1);
     EXPECT_EQ(movie->time(), 0);
     EXPECT_EQ(movie->rate(), 0);
@@ -295,8 +270,7 @@ TEST_F(MovieTest, BackwardsMp3IsTheForwardOneReversed)
     WriteMp3(m_folder / "test.mp3", StereoSine(44100, 441.0));
     Samples const decoded = Decoded(m_folder / "test.mp3");
     auto const movie = Movie::openFile(m_folder / "test.mp3");
-    movie->setTimeValue(movie->duration());
-    movie->setRate(-kOne);
+    playBackwards(*movie);
     EXPECT_EQ(FirstDifference(hear(*movie, 44100), Reversed(decoded)), -1);
 }
 
@@ -306,8 +280,7 @@ TEST_F(MovieTest, BackwardsNoiseOf32KilobitsIsTheForwardOneReversed)
     WriteNoiseMp3(m_folder / "noise.mp3");
     Samples const expected = Reversed(Decoded(m_folder / "noise.mp3"));
     auto const movie = Movie::openFile(m_folder / "noise.mp3");
-    movie->setTimeValue(movie->duration());
-    movie->setRate(-kOne);
+    playBackwards(*movie);
     Samples const heard = hear(*movie, static_cast<int>(expected.size() / 2));
     EXPECT_LE(LargestDifference(heard, expected), 1) << "more than a decoder's rounding";
 }
@@ -351,8 +324,7 @@ TEST_F(MovieTest, NegativeVolumeIsSilentAndTimeGoesOn)
 TEST_F(MovieTest, StopAndStartLoseAndRepeatNoSample)
 {
     Samples const samples = StereoRamp(30000);
-    auto const movie = open(samples);
-    movie->start();
+    auto const movie = play(samples);
     Samples heard = hear(*movie, 5000);
     m_loopback.render(0);
     movie->stop();
@@ -364,8 +336,7 @@ TEST_F(MovieTest, StopAndStartLoseAndRepeatNoSample)
 
 TEST_F(MovieTest, StoppedBetweenTwoTasksItKnowsWhatWasHeard)
 {
-    auto const movie = open(StereoRamp(30000));
-    movie->start();
+    auto const movie = play(StereoRamp(30000));
     hear(*movie, 5000);
     m_loopback.render(1000);
     movie->stop();
@@ -375,8 +346,7 @@ TEST_F(MovieTest, StoppedBetweenTwoTasksItKnowsWhatWasHeard)
 TEST_F(MovieTest, JumpIsHeardAtOnce)
 {
     Samples const samples = StereoRamp(30000);
-    auto const movie = open(samples);
-    movie->start();
+    auto const movie = play(samples);
     hear(*movie, 5000);
     movie->setTimeValue(20000);
     EXPECT_EQ(FirstDifference(hear(*movie, 5000), Part(samples, 20000, 25000)), -1);
@@ -385,13 +355,8 @@ TEST_F(MovieTest, JumpIsHeardAtOnce)
 TEST_F(MovieTest, StarvedMovieGoesOnWhereItStopped)
 {
     Samples const samples = StereoRamp(200000);
-    auto const movie = open(samples);
-    movie->start();
-    Samples heard;
-    for (float const sample : m_loopback.render(100000)) // no task for two seconds
-    {
-        heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
-    }
+    auto const movie = play(samples);
+    Samples const heard = m_loopback.render(100000); // no task for two seconds
     auto const firstSilence = std::find(heard.begin(), heard.end(), 0);
     auto const starvedAt = (firstSilence - heard.begin()) / 2;
     ASSERT_LT(starvedAt, 100000);
@@ -403,8 +368,7 @@ TEST_F(MovieTest, StarvedMovieGoesOnWhereItStopped)
 TEST_F(MovieTest, VanishedDeviceLeavesTimeAdvancingAndAReturnedOneSounds)
 {
     Samples const samples = StereoRamp(30 * 44100);
-    auto const movie = open(samples);
-    movie->start();
+    auto const movie = play(samples);
     hear(*movie, 4410);
     m_loopback.unplug();
     ExpectAdvance(*movie, 44100.0);
@@ -476,8 +440,7 @@ TEST_F(MovieTest, CallBackInTheMiddleMayJump)
 
 TEST_F(MovieTest, InactiveMovieStandsStill)
 {
-    auto const movie = open(StereoRamp(44100));
-    movie->start();
+    auto const movie = play(StereoRamp(44100));
     hear(*movie, 2000);
     movie->setActive(false);
     EXPECT_THAT(hear(*movie, 2000), Each(0));
@@ -489,17 +452,10 @@ TEST_F(MovieTest, InactiveMovieStandsStill)
 
 TEST_F(MovieTest, MonoIsHeardOnBothSidesAtItsOwnLevel)
 {
-    Samples const mono{1000, 2000, -3000, 4000};
-    Samples samples;
-    for (int i = 0; i < 500; ++i)
-    {
-        samples.insert(samples.end(), mono.begin(), mono.end());
-    }
-    WriteWav(m_folder / "mono.wav", samples, 1);
+    WriteWav(m_folder / "mono.wav", {1000, 2000, -3000, 4000}, 1);
     auto const movie = Movie::openFile(m_folder / "mono.wav");
     movie->start();
-    Samples const heard = hear(*movie, 4);
-    EXPECT_THAT(heard, ElementsAre(1000, 1000, 2000, 2000, -3000, -3000, 4000, 4000));
+    EXPECT_THAT(hear(*movie, 4), ElementsAre(1000, 1000, 2000, 2000, -3000, -3000, 4000, 4000));
 }
 
 TEST_F(MovieTest, FilesThatCannotBeDecodedAreNoMovies)

@@ -27,15 +27,7 @@ protected:
         return m_folder / name;
     }
 
-    Samples hear(int samples)
-    {
-        Samples heard;
-        for (float const sample : m_loopback.render(samples))
-        {
-            heard.push_back(static_cast<std::int16_t>(std::lround(sample)));
-        }
-        return heard;
-    }
+    Samples hear(int samples) { return m_loopback.render(samples); }
 
     Folder m_folder;
     Loopback m_loopback;

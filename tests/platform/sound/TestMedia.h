@@ -26,6 +26,8 @@ namespace testmedia
 
 using Samples = std::vector<std::int16_t>; // interleaved
 
+constexpr int kFrame = 735; // samples in a sixtieth of a second
+
 // A folder of its own for each user, gone afterwards.
 class Folder
 {
@@ -111,6 +113,22 @@ inline Samples StereoRamp(int frames)
     return samples;
 }
 
+inline Samples Reversed(Samples const& stereo)
+{
+    Samples reversed(stereo.rbegin(), stereo.rend());
+    for (std::size_t i = 0; i < reversed.size(); i += 2)
+    {
+        std::swap(reversed[i], reversed[i + 1]); // left comes first
+    }
+    return reversed;
+}
+
+inline Samples operator+(Samples left, Samples const& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
 // With the encoder's delay and padding, and the header that holds their lengths.
 inline void WriteMp3(std::filesystem::path const& file, Samples const& stereo)
 {
@@ -172,18 +190,32 @@ public:
         m_device = nullptr;
     }
 
-    // What is heard in the next so many samples: left and right in turn, in units of a 16-bit sample.
-    std::vector<float> render(int frames)
+    // What is heard in the next so many samples.
+    Samples render(int frames)
     {
         std::vector<float> heard(2 * static_cast<std::size_t>(frames), 0.0F);
         if (m_device != nullptr)
         {
             m_alcRender(m_device, heard.data(), frames);
         }
-        for (float& sample : heard)
+        Samples samples(heard.size());
+        std::transform(heard.begin(), heard.end(), samples.begin(),
+                       [](float sample)
+                       { return static_cast<std::int16_t>(std::lround(sample * 32768.0F)); });
+        return samples;
+    }
+
+    // The same frame by frame, with a task before each and at the end, as the game does.
+    template <typename Task>
+    Samples renderFrames(int samples, Task task)
+    {
+        Samples heard;
+        for (; samples > 0; samples -= kFrame)
         {
-            sample *= 32768.0F;
+            task();
+            heard = std::move(heard) + render(std::min(samples, kFrame));
         }
+        task();
         return heard;
     }
 

@@ -25,11 +25,6 @@ using testing::IsEmpty;
 
 constexpr platform::Rect kContent{{0.0F, 0.0F}, {640.0F, 480.0F}};
 
-std::unique_ptr<Window> MakeFullScreenWindow()
-{
-    return Window::initOverMainScreen();
-}
-
 SDL_Window* Underlying(Window const& window)
 {
     return SDL_GetWindowFromID(window.identifier());
@@ -52,11 +47,13 @@ protected:
         m_window->setContentView(&m_view);
     }
 
-    void showFullScreen(std::unique_ptr<Window> const& full)
+    std::unique_ptr<Window> showFullScreen()
     {
+        auto full = Window::initOverMainScreen();
         full->setContentView(&m_view);
         full->makeKeyAndOrderFront();
         m_window->orderOut();
+        return full;
     }
 
     void showWindowed()
@@ -129,8 +126,7 @@ TEST_F(WindowTest, FullScreenWindowCoversTheWholeScreen)
 {
     SDL_Rect screen{};
     ASSERT_EQ(SDL_GetDisplayBounds(0, &screen), 0);
-    auto const full = MakeFullScreenWindow();
-    showFullScreen(full);
+    auto const full = showFullScreen();
     int x = -1;
     int y = -1;
     SDL_GetWindowPosition(Underlying(*full), &x, &y);
@@ -143,8 +139,7 @@ TEST_F(WindowTest, FullScreenWindowCoversTheWholeScreen)
 TEST_F(WindowTest, ContextDrawsIntoTheWindowThatShowsTheView)
 {
     EXPECT_EQ(SDL_GL_GetCurrentWindow(), Underlying(*m_window));
-    auto const full = MakeFullScreenWindow();
-    showFullScreen(full);
+    auto const full = showFullScreen();
     EXPECT_EQ(SDL_GL_GetCurrentWindow(), Underlying(*full));
     EXPECT_EQ(m_view.window(), full.get());
     showWindowed();
@@ -161,8 +156,7 @@ TEST_F(WindowTest, TexturesOutliveAnyNumberOfSwitches)
     auto const context = platform::CurrentGLContext();
     for (int i = 0; i < 20; ++i)
     {
-        auto const full = MakeFullScreenWindow();
-        showFullScreen(full);
+        auto const full = showFullScreen();
         m_view.openGLContext()->flushBuffer();
         showWindowed();
     }
@@ -176,8 +170,7 @@ TEST_F(WindowTest, TexturesOutliveAnyNumberOfSwitches)
 
 TEST_F(WindowTest, ContextStaysUsableWhenItsWindowCloses)
 {
-    auto full = MakeFullScreenWindow();
-    showFullScreen(full);
+    auto full = showFullScreen();
     full.reset();
     EXPECT_EQ(m_view.window(), nullptr);
     EXPECT_NE(platform::CurrentGLContext(), nullptr);
@@ -243,8 +236,7 @@ TEST_F(WindowTest, ResponderMayKeepTheKeyboard)
 TEST_F(WindowTest, ViewThatMovesToAnotherWindowRespondsThereOnly)
 {
     m_window->makeFirstResponder(&m_view);
-    auto const full = MakeFullScreenWindow();
-    showFullScreen(full);
+    auto const full = showFullScreen();
     m_window->sendEvent(Event{});
     EXPECT_THAT(m_view.told, ElementsAre("become"));
     EXPECT_TRUE(full->makeFirstResponder(&m_view));

@@ -37,6 +37,15 @@ void start();
 // Stops, and returns what was noted.
 std::vector<Call> stop();
 
+// The calls that an action makes.
+template <typename Action>
+std::vector<Call> during(Action action)
+{
+    start();
+    action();
+    return stop();
+}
+
 // The names that exist.
 std::set<unsigned> const& textures();
 std::set<unsigned> const& lists();

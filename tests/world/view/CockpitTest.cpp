@@ -43,9 +43,7 @@ protected:
     // The calls from the cockpit's own matrix to the end of the instruments.
     std::vector<Call> Instruments()
     {
-        recording::start();
-        m_world->RenderCockpit(kWidth, kHeight);
-        std::vector<Call> calls = recording::stop();
+        std::vector<Call> calls = recording::during([&] { m_world->RenderCockpit(kWidth, kHeight); });
         int const first = indexOf(calls, call("glTranslatef", {-0.1F, -0.35F, -1}));
         int const last = indexOf(calls, "glPopMatrix", first);
         return {calls.begin() + first, calls.begin() + last + 1};
@@ -222,9 +220,7 @@ TEST_F(CockpitTest, LeavesDepthTestAndMatrixModeAsTheyWereAndTheRestOn)
 TEST_F(CockpitTest, IsDrawnWithoutDepthLightAndCulling)
 {
     recording::setEnabled(GL_DEPTH_TEST, true);
-    recording::start();
-    m_world->RenderCockpit(kWidth, kHeight);
-    std::vector<Call> const calls = recording::stop();
+    auto const calls = recording::during([&] { m_world->RenderCockpit(kWidth, kHeight); });
     int const matrix = indexOf(calls, call("glTranslatef", {-0.1F, -0.35F, -1}));
     std::vector<Call> const before(calls.begin() + matrix - 8, calls.begin() + matrix);
     EXPECT_THAT(before, testing::ElementsAre(

@@ -35,9 +35,7 @@ using Cell = std::array<int, 3>;
 
 std::vector<Call> Drawing(Universe& world, int width = 800, int height = 600)
 {
-    recording::start();
-    world.Render(width, height);
-    return recording::stop();
+    return recording::during([&] { world.Render(width, height); });
 }
 
 // The cells whose asteroids were drawn.

@@ -22,9 +22,7 @@ using recording::indexOf;
 
 std::vector<Call> Drawing(Universe& world)
 {
-    recording::start();
-    world.Render(800, 600);
-    return recording::stop();
+    return recording::during([&] { world.Render(800, 600); });
 }
 
 // The matrix that holds for the call at that index, as far as it was loaded whole.
@@ -57,9 +55,7 @@ protected:
 // Texture coordinate and vertex by turns, 24 times, in one batch of quads.
 TEST_F(SkyTest, SkyIsACubeWithTheSamePictureOnEverySide)
 {
-    recording::start();
-    m_world->RenderEnvironmentBox();
-    std::vector<Call> const calls = recording::stop();
+    auto const calls = recording::during([&] { m_world->RenderEnvironmentBox(); });
     constexpr int kCorners[24][3] = {
         {-10, 10, -10}, {-10, -10, -10}, {10, -10, -10}, {10, 10, -10},  {-10, 10, 10},   {10, 10, 10},
         {10, -10, 10},  {-10, -10, 10},  {-10, 10, 10},  {-10, -10, 10}, {-10, -10, -10}, {-10, 10, -10},

@@ -5,6 +5,7 @@
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
+#include "support/flight/Vectors.h"
 #include "support/gl/RecordingGL.h"
 #include "support/Stage.h"
 #include "support/TestSettings.h"
@@ -14,9 +15,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
+#include <list>
+#include <numbers>
 #include <vector>
 
 namespace
@@ -38,10 +40,8 @@ Frustum WideView()
 // The compiled spheres in order: radius, slices, stacks.
 std::vector<std::vector<double>> CompiledSpheres()
 {
-    recording::start();
-    Roid::ReadSettings();
     std::vector<std::vector<double>> spheres;
-    for (Call const& c : recording::stop())
+    for (Call const& c : recording::during(Roid::ReadSettings))
     {
         if (c.name == "gluSphere")
         {
@@ -120,30 +120,27 @@ TEST_F(RoidTest, ListsHoldFourRadiiInThreeLevelsOfDetail)
 }
 
 // The distance of the nearest face of a sphere of radius 1 that is built of so many slices and stacks.
-double NearestFace(int subdivisions)
+float NearestFace(int subdivisions)
 {
-    constexpr double kPi = 3.14159265358979;
-    double nearest = 1.0;
+    constexpr float kPi = std::numbers::pi_v<float>;
+    auto const corner = [=](int ring, int slice)
+    {
+        float const down = kPi * static_cast<float>(ring) / static_cast<float>(subdivisions);
+        float const round = 2.0F * kPi * static_cast<float>(slice) / static_cast<float>(subdivisions);
+        return TQ3Vector3D{std::sin(down) * std::cos(round), std::sin(down) * std::sin(round),
+                           std::cos(down)};
+    };
+    float nearest = 1.0F;
     for (int stack = 0; stack < subdivisions; ++stack)
     {
-        auto const corner = [&](int ring, int slice)
-        {
-            double const down = kPi * ring / subdivisions;
-            double const round = 2.0 * kPi * slice / subdivisions;
-            return std::array<double, 3>{std::sin(down) * std::cos(round), std::sin(down) * std::sin(round),
-                                         std::cos(down)};
-        };
         // Three corners of one face, two of them on the ring that is no pole.
-        int const ring = stack == 0 ? 1 : stack;
-        auto const a = corner(ring, 0);
-        auto const b = corner(ring, 1);
-        auto const c = corner(stack == 0 ? 0 : stack + 1, 0);
-        std::array<double, 3> const u{b[0] - a[0], b[1] - a[1], b[2] - a[2]};
-        std::array<double, 3> const v{c[0] - a[0], c[1] - a[1], c[2] - a[2]};
-        std::array<double, 3> const n{u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2],
-                                      u[0] * v[1] - u[1] * v[0]};
-        double const length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
-        nearest = std::min(nearest, std::fabs(n[0] * a[0] + n[1] * a[1] + n[2] * a[2]) / length);
+        int const ring = std::max(stack, 1);
+        TQ3Vector3D const a = corner(ring, 0);
+        TQ3Vector3D const u = test::Difference(corner(ring, 1), a);
+        TQ3Vector3D const v = test::Difference(corner(stack == 0 ? 0 : stack + 1, 0), a);
+        TQ3Vector3D n;
+        Vector3D_Cross(&u, &v, &n);
+        nearest = std::min(nearest, std::fabs(Vector3D_Dot(&n, &a)) / test::Length(n));
     }
     return nearest;
 }
@@ -181,9 +178,7 @@ TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)
 
 TEST_F(RoidTest, SpheresAreSmoothSolidAndTextured)
 {
-    recording::start();
-    Roid::ReadSettings();
-    std::vector<Call> const calls = recording::stop();
+    auto const calls = recording::during([&] { Roid::ReadSettings(); });
     int const quadric = recording::indexOf(calls, "gluNewQuadric");
     ASSERT_GE(quadric, 0);
     std::vector<Call> const setup(calls.begin() + quadric, calls.begin() + quadric + 8);
@@ -225,15 +220,12 @@ TEST_F(RoidTest, ReadingAgainReplacesWhatIsShared)
 
 TEST_F(RoidTest, FirstToGoReleasesWhatIsSharedAndTheOthersNothingMore)
 {
-    std::vector<Roid> roids;
-    roids.reserve(3);
+    std::list<Roid> roids;
     for (int i = 0; i < 3; ++i)
     {
         roids.emplace_back(nullptr);
     }
-    recording::start();
-    roids.clear();
-    std::vector<Call> const calls = recording::stop();
+    auto const calls = recording::during([&] { roids.clear(); });
     EXPECT_EQ(recording::count(calls, "glDeleteTextures"), 1);
     EXPECT_EQ(recording::count(calls, "glDeleteLists"), 12);
     EXPECT_TRUE(recording::lists().empty());
@@ -245,9 +237,7 @@ TEST_F(RoidTest, ReadingAfterTheReleaseDeletesNothing)
     {
         Roid const roid(nullptr);
     }
-    recording::start();
-    Roid::ReadSettings();
-    std::vector<Call> const calls = recording::stop();
+    auto const calls = recording::during([&] { Roid::ReadSettings(); });
     EXPECT_EQ(recording::count(calls, "glDeleteTextures"), 0);
     EXPECT_EQ(recording::count(calls, "glDeleteLists"), 0);
     EXPECT_EQ(recording::lists().size(), 12U);
@@ -258,26 +248,23 @@ TEST_F(RoidTest, SharedStateIsSetOnceForAll)
     recording::start();
     Roid::RenderStart();
     Roid::RenderEnd();
-    EXPECT_THAT(
-        recording::stop(),
-        testing::ElementsAre(call("glMaterialfv", {GL_FRONT, GL_SPECULAR, 0.8F, 0.6F, 0.6F, 1}),
-                             call("glMaterialfv", {GL_FRONT, GL_SHININESS, 40}),
-                             call("glMaterialfv", {GL_FRONT, GL_AMBIENT_AND_DIFFUSE, 0.8F, 0.8F, 0.8F, 1}),
-                             call("glMaterialfv", {GL_FRONT, GL_EMISSION, 0, 0, 0, 1}),
-                             call("glEnable", {GL_TEXTURE_2D}),
-                             call("glBindTexture", {GL_TEXTURE_2D, static_cast<double>(Roid::m_texture)}),
-                             call("glDisable", {GL_TEXTURE_2D})));
+    EXPECT_THAT(recording::stop(), testing::ElementsAre(
+                           call("glMaterialfv", {GL_FRONT, GL_SPECULAR, 0.8F, 0.6F, 0.6F, 1}),
+                           call("glMaterialfv", {GL_FRONT, GL_SHININESS, 40}),
+                           call("glMaterialfv", {GL_FRONT, GL_AMBIENT_AND_DIFFUSE, 0.8F, 0.8F, 0.8F, 1}),
+                           call("glMaterialfv", {GL_FRONT, GL_EMISSION, 0, 0, 0, 1}),
+                           call("glEnable", {GL_TEXTURE_2D}),
+                           call("glBindTexture", {GL_TEXTURE_2D, static_cast<double>(Roid::m_texture)}),
+                           call("glDisable", {GL_TEXTURE_2D})));
 }
 
 TEST_F(RoidTest, DrawsItsListWhereItIsMoved)
 {
     Roid roid(nullptr);
-    recording::start();
-    EXPECT_TRUE(roid.Render({1.0F, 2.0F, -5.0F}, WideView()));
-    EXPECT_THAT(recording::stop(),
-                testing::ElementsAre(call("glPushMatrix"), call("glTranslated", {1, 2, -5}),
-                                     call("glCallList", {List(roid.GetSizeClass(), 0)}),
-                                     call("glPopMatrix")));
+    auto const calls = recording::during([&] { EXPECT_TRUE(roid.Render({1.0F, 2.0F, -5.0F}, WideView())); });
+    EXPECT_THAT(calls, testing::ElementsAre(call("glPushMatrix"), call("glTranslated", {1, 2, -5}),
+                                            call("glCallList", {List(roid.GetSizeClass(), 0)}),
+                                            call("glPopMatrix")));
     EXPECT_THAT(roid.GetPosition(), test::IsExactly(1.0F, 2.0F, -5.0F));
 }
 
@@ -285,9 +272,8 @@ TEST_F(RoidTest, DrawsItsListWhereItIsMoved)
 TEST_F(RoidTest, OutOfViewDrawsNothingButMoves)
 {
     Roid roid(nullptr);
-    recording::start();
-    EXPECT_FALSE(roid.Render({0.0F, 0.0F, 0.01F}, WideView()));
-    EXPECT_TRUE(recording::stop().empty());
+    auto const calls = recording::during([&] { EXPECT_FALSE(roid.Render({0.0F, 0.0F, 0.01F}, WideView())); });
+    EXPECT_TRUE(calls.empty());
     EXPECT_THAT(roid.GetPosition(), test::IsExactly(0.0F, 0.0F, 0.01F));
 }
 
@@ -296,9 +282,7 @@ TEST_F(RoidTest, DetailFallsAtExactlyTheSettingsDistances)
     Roid roid(nullptr);
     auto const lodAt = [&roid](float distance)
     {
-        recording::start();
-        roid.Render({0.0F, 0.0F, -distance}, WideView());
-        std::vector<Call> const calls = recording::stop();
+        auto const calls = recording::during([&] { roid.Render({0.0F, 0.0F, -distance}, WideView()); });
         double const list = calls.at(2).arguments[0];
         for (int lod = 0; lod < 3; ++lod)
         {
