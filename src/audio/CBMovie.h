@@ -77,7 +77,7 @@ public:
     void setMuted(bool muted);    // ignores its argument: it mutes, and never unmutes
     bool isMuted() const { return m_movie && m_movie->volume() < 0; }
 
-    platform::Rect movieRect() const { return {}; } // empty: there is nothing to see
+    static platform::Rect movieRect() { return {}; } // empty: there is nothing to see
     void setSelection(platform::TimeRange selection);
     platform::TimeRange selection() const;
     void setPlaysSelectionOnly(bool flag) { m_playsSelectionOnly = flag; } // nothing applies it

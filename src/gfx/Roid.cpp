@@ -64,7 +64,8 @@ float ShareOfInnerBall(int subdivisions)
         return 0.0F;
     }
     double const slice = kPi / subdivisions; // half the angle of a slice is the angle of a stack
-    double const upper = (subdivisions / 2) * slice;
+    int const stacksAbove = subdivisions / 2;
+    double const upper = stacksAbove * slice;
     double const lower = upper + slice;
     double const upperX = std::sin(upper) * std::cos(slice);
     double const lowerX = std::sin(lower) * std::cos(slice);

@@ -8,6 +8,7 @@
 #include "settings/RaceTimes.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -36,8 +37,8 @@ Preferences::Value DefaultOf(ListSetting const&)
 template <typename Number>
 Number Held(NumberSetting<Number> const& setting, Number value)
 {
-    bool const isNumber = value == value; // a NaN is not
-    return isNumber ? std::clamp(value, setting.least, setting.most) : setting.standard;
+    return std::isnan(static_cast<double>(value)) ? setting.standard
+                                                  : std::clamp(value, setting.least, setting.most);
 }
 
 template <typename Number>

@@ -11,8 +11,8 @@
 template <typename Number>
 struct NumberSetting
 {
-    char const* key;
-    Number standard;
+    char const* key = nullptr;
+    Number standard = 0;
     Number least = std::numeric_limits<Number>::lowest();
     Number most = std::numeric_limits<Number>::max();
 };

@@ -9,6 +9,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <exception>
 #include <limits>
 #include <set>
 
@@ -179,7 +180,14 @@ Preferences::Preferences(std::filesystem::path file) : m_storage(std::make_uniqu
 
 Preferences::~Preferences()
 {
-    synchronize();
+    try
+    {
+        synchronize();
+    }
+    catch (std::exception const& problem)
+    {
+        LogFormat("The settings cannot be saved: %s", problem.what());
+    }
 }
 
 void Preferences::registerDefaults(Defaults const& defaults)

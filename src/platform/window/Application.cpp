@@ -93,8 +93,8 @@ private:
     bool makeWindow();
     void pumpEvents();
     void dispatch(SDL_Event const& event);
-    void dispatchWindowEvent(SDL_WindowEvent const& event);
-    void dispatchMouse(SDL_Event const& event);
+    static void dispatchWindowEvent(SDL_WindowEvent const& event);
+    static void dispatchMouse(SDL_Event const& event);
     void dispatchKeyDown(SDL_KeyboardEvent const& event);
     bool performCommand(SDL_KeyboardEvent const& event);
 

@@ -67,8 +67,8 @@ private:
 
     Row const& RowAt(int x, int y, int depth) const
     {
-        return m_rows[static_cast<std::size_t>((CoordToDensity(depth) * kSize + x % kSize) * kSize +
-                                               y % kSize)];
+        int const row = (CoordToDensity(depth) * kSize + x % kSize) * kSize + y % kSize;
+        return m_rows[static_cast<std::size_t>(row)];
     }
 
     // The asteroid of the lowest of some filled cells.
