@@ -38,11 +38,6 @@ protected:
         Menu::ClearCurrent();
         frozen::Silence();
     }
-    void send(platform::Event const& event)
-    {
-        GameEvent const wrapped = events::Wrapped(event);
-        game().HandleEvent(&wrapped);
-    }
     void press(std::u16string const& characters) { send(events::KeyDown(characters)); }
 
     // The turn that the ship is asked for with the pointer at (x, y), as a share of the greatest turn.

@@ -37,11 +37,6 @@ protected:
     Game& game() { return *Game::pGame; }
     Universe& world() { return *game().GetUniverse(); }
 
-    void send(platform::Event const& event)
-    {
-        GameEvent const wrapped = events::Wrapped(event);
-        game().HandleEvent(&wrapped);
-    }
     void pressPause() { send(events::KeyDown(u"\x1B")); }
     void frame() { game().Render(probe::kWidth, probe::kHeight); }
 
@@ -183,15 +178,13 @@ TEST_F(Stage, ConstructionSetsTheFixedState)
     ASSERT_GE(calls.size(), wanted.size());
     EXPECT_TRUE(std::equal(wanted.begin(), wanted.end(), calls.begin()))
         << "the first calls are " << testing::PrintToString(std::vector(calls.begin(), calls.begin() + 23));
-    EXPECT_EQ(recording::indexOf(calls, "glTexImage2D") > 22, true)
-        << "the world comes after the fixed state";
+    EXPECT_GT(recording::indexOf(calls, "glTexImage2D"), 22) << "the world comes after the fixed state";
 }
 
 TEST_F(Stage, ConstructionPlacesNoLight)
 {
-    recording::start();
-    Game const game(probe::kWidth, probe::kHeight);
-    for (recording::Call const& made : recording::stop())
+    auto const calls = recording::during([] { Game const game(probe::kWidth, probe::kHeight); });
+    for (recording::Call const& made : calls)
     {
         EXPECT_FALSE(made.name == "glLightfv" && made.arguments[1] == GL_POSITION);
     }

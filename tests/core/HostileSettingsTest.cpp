@@ -152,10 +152,8 @@ TEST_F(HostileSettings, NothingIsDrawnBeyondTheLongestView)
     test::ScopedSetting const density(setting::kAsteroidsDensityEdge, 0.02F);
     Game::pGame->SwitchToState(kStateMenu);
     Game::pGame->SwitchToState(kStatePlaying);
-    recording::start();
-    Game::pGame->Render(800, 600);
     double farthest = 0.0;
-    for (recording::Call const& call : recording::stop())
+    for (recording::Call const& call : recording::during([] { Game::pGame->Render(800, 600); }))
     {
         if (call.name == "glTranslated")
         {

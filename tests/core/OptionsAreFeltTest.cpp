@@ -39,11 +39,6 @@ protected:
     Game& game() { return *Game::pGame; }
     Universe& world() { return *game().GetUniverse(); }
 
-    void send(platform::Event const& event)
-    {
-        GameEvent const wrapped = events::Wrapped(event);
-        game().HandleEvent(&wrapped);
-    }
     void drawFrame() { game().Render(probe::kWidth, probe::kHeight); }
 
     // Draws a frame first, which puts the item into its place.
@@ -80,9 +75,7 @@ protected:
     double fogEndAt(float p)
     {
         world().GetCamera()->MoveTo(p, p, p);
-        recording::start();
-        drawFrame();
-        for (recording::Call const& call : recording::stop())
+        for (recording::Call const& call : recording::during([this] { drawFrame(); }))
         {
             if (call.name == "glFogf" && call.arguments[0] == GL_FOG_END)
             {
@@ -112,10 +105,8 @@ protected:
     // The finest sphere that the start of a race draws for its lists.
     double finestSphere()
     {
-        recording::start();
-        startRace();
         double finest = 0.0;
-        for (recording::Call const& call : recording::stop())
+        for (recording::Call const& call : recording::during([this] { startRace(); }))
         {
             finest = call.name == "gluSphere" ? std::max(finest, call.arguments[1]) : finest;
         }

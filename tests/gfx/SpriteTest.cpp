@@ -23,7 +23,7 @@ using testing::Not;
 class SpriteTest : public testing::Test
 {
 protected:
-    SpriteTest() : m_picture(256, 64, Plain(0xFFFFFFFF)), m_odd(100, 30, Plain(0xFFFFFFFF))
+    SpriteTest()
     {
         recording::reset();
         m_image.SetImageFromFSSpec(m_picture.file());
@@ -42,8 +42,8 @@ protected:
         return call("glTexParameteri", {GL_TEXTURE_2D, double(which), double(value)});
     }
 
-    TestPicture m_picture;
-    TestPicture m_odd;
+    TestPicture m_picture{256, 64, Plain(0xFFFFFFFF)};
+    TestPicture m_odd{100, 30, Plain(0xFFFFFFFF)};
     QTImage m_image;
     Sprite m_sprite;
 };

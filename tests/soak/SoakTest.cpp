@@ -86,12 +86,6 @@ struct Holdings
 class Soak : public GameStage
 {
 protected:
-    static void Send(platform::Event const& event)
-    {
-        GameEvent const wrapped = events::Wrapped(event);
-        Game::pGame->HandleEvent(&wrapped);
-    }
-
     static void ShowFrame()
     {
         Game::pGame->GetUniverse()->Tick(kStep);
@@ -101,11 +95,11 @@ protected:
 
     static void Fly(int frames)
     {
-        Send(events::KeyDown(u"w"));
-        Send(events::Wheel(0.0F, 1.0F));
+        send(events::KeyDown(u"w"));
+        send(events::Wheel(0.0F, 1.0F));
         for (int i = 0; i < frames; ++i)
         {
-            Send(events::MouseMoved(static_cast<float>(300 + i), 250.0F));
+            send(events::MouseMoved(static_cast<float>(300 + i), 250.0F));
             ShowFrame();
         }
     }
@@ -148,7 +142,7 @@ protected:
 
     static void PauseAndResume()
     {
-        Send(events::KeyDown(u"\x1B"));
+        send(events::KeyDown(u"\x1B"));
         Expect<MenuPaused>();
         Click(0);
         ASSERT_EQ(Game::pGame->GetState(), kStatePlaying);
@@ -157,7 +151,7 @@ protected:
 
     static void Quit()
     {
-        Send(events::KeyDown(u"\x1B"));
+        send(events::KeyDown(u"\x1B"));
         Expect<MenuPaused>();
         Click(1);
         Expect<MenuMain>();

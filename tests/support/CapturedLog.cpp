@@ -14,25 +14,32 @@ CapturedLog::CapturedLog()
 
 CapturedLog::~CapturedLog()
 {
-    lines();
+    allLines();
+}
+
+std::vector<std::string> CapturedLog::allLines()
+{
+    std::vector<std::string> found;
+    if (m_captures)
+    {
+        m_captures = false;
+        std::istringstream captured(testing::internal::GetCapturedStderr());
+        for (std::string line; std::getline(captured, line);)
+        {
+            found.push_back(line);
+        }
+    }
+    return found;
 }
 
 std::vector<std::string> CapturedLog::lines()
 {
-    std::vector<std::string> found;
-    if (!m_captures)
-    {
-        return found;
-    }
-    m_captures = false;
-    std::istringstream captured(testing::internal::GetCapturedStderr());
     constexpr std::string_view kPrefix = "quarrow: ";
-    for (std::string line; std::getline(captured, line);)
+    std::vector<std::string> found = allLines();
+    std::erase_if(found, [](std::string const& line) { return !line.starts_with(kPrefix); });
+    for (std::string& line : found)
     {
-        if (line.starts_with(kPrefix))
-        {
-            found.push_back(line.substr(kPrefix.size()));
-        }
+        line.erase(0, kPrefix.size());
     }
     return found;
 }

@@ -18,6 +18,9 @@ public:
     // Ends the capture. The lines of the log without their "quarrow: ".
     std::vector<std::string> lines();
 
+    // Ends the capture. All lines of standard error as they stand.
+    std::vector<std::string> allLines();
+
 private:
     bool m_captures = true;
 };

@@ -12,12 +12,6 @@ constexpr platform::Color kWhite{1.0F, 1.0F, 1.0F, 1.0F};
 constexpr platform::Color kGrey{0.7F, 0.7F, 0.7F, 1.0F};
 constexpr platform::Color kInvisible{0.0F, 0.0F, 0.0F, 0.0F};
 
-void Send(platform::Event const& event)
-{
-    GameEvent const wrapped = events::Wrapped(event);
-    Menu::HandleEventCurrent(&wrapped);
-}
-
 bool HasLook(Menu const& menu, int item, platform::Color text, platform::Color border)
 {
     StringTexture const& texture = menu.GetItem(item).GetTexture();
@@ -84,6 +78,12 @@ bool IsNormal(Menu const& menu, int item)
 void RenderCurrent()
 {
     Menu::RenderCurrent(kWidth, kHeight);
+}
+
+void Send(platform::Event const& event)
+{
+    GameEvent const wrapped = events::Wrapped(event);
+    Menu::HandleEventCurrent(&wrapped);
 }
 
 void MoveOnto(int item)

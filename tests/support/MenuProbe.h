@@ -4,6 +4,7 @@
 // What a player sees of a menu (an item's text, place and look), and the mouse and keys to use it.
 #pragma once
 
+#include "platform/window/Event.h"
 #include "ui/Menu.h"
 
 #include <string>
@@ -59,6 +60,7 @@ Kind& Show(Arguments... arguments)
 }
 
 // Events for the current menu. Items are hit in their middle; points are pixels from the bottom left.
+void Send(platform::Event const& event);
 void MoveOnto(int item);
 void MoveTo(int x, int y);
 void ReleaseAt(int x, int y);

@@ -9,6 +9,7 @@
 #include "support/FrozenSound.h"
 #include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
+#include "support/window/EventFactory.h"
 
 namespace
 {
@@ -58,4 +59,10 @@ GameStage::~GameStage()
     GameMusic::StopTrack();
     delete Game::pGame;
     Game::pGame = nullptr;
+}
+
+void GameStage::send(platform::Event const& event)
+{
+    GameEvent const wrapped = events::Wrapped(event);
+    Game::pGame->HandleEvent(&wrapped);
 }

@@ -4,6 +4,8 @@
 // What tests of game and menus start from: default settings, a new OpenGL context, silence, no menu, no game.
 #pragma once
 
+#include "platform/window/Event.h"
+
 #include <gtest/gtest.h>
 
 class Stage : public testing::Test
@@ -19,4 +21,7 @@ class GameStage : public Stage
 protected:
     GameStage();
     ~GameStage() override;
+
+    // To the game, as its view does.
+    static void send(platform::Event const& event);
 };

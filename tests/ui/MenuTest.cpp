@@ -243,10 +243,8 @@ TEST_F(MenuTest, TheItemUnderThePointerIsHighlightedWithASound)
 TEST_F(MenuTest, ADragHighlightsLikeAMove)
 {
     Box const box = BoxOf(menu(), 0);
-    GameEvent const drag =
-        events::Wrapped(events::MouseDragged(platform::EventType::LeftMouseDragged, static_cast<float>(box.x),
-                                             static_cast<float>(kHeight - box.y), 1, 1));
-    Menu::HandleEventCurrent(&drag);
+    probe::Send(events::MouseDragged(platform::EventType::LeftMouseDragged, static_cast<float>(box.x),
+                                     static_cast<float>(kHeight - box.y), 1, 1));
     EXPECT_TRUE(IsHighlighted(menu(), 0));
 }
 
@@ -301,9 +299,7 @@ TEST_F(MenuTest, AClickThatDoesSomethingClicks)
 TEST_F(MenuTest, TheRightButtonClicksToo)
 {
     Box const box = BoxOf(menu(), 0);
-    GameEvent const release =
-        events::Wrapped(events::RightUp(static_cast<float>(box.x), static_cast<float>(kHeight - box.y)));
-    Menu::HandleEventCurrent(&release);
+    probe::Send(events::RightUp(static_cast<float>(box.x), static_cast<float>(kHeight - box.y)));
     EXPECT_THAT(m_notes.clicks, ElementsAre(0));
 }
 
@@ -348,8 +344,7 @@ TEST_F(MenuTest, KeysReachTheMenuWhenTheyGoDownAndUp)
 
 TEST_F(MenuTest, TheWheelIsIgnored)
 {
-    GameEvent const wheel = events::Wrapped(events::Wheel(0.0F, 1.0F));
-    Menu::HandleEventCurrent(&wheel);
+    probe::Send(events::Wheel(0.0F, 1.0F));
     EXPECT_THAT(m_notes.clicks, IsEmpty());
     EXPECT_THAT(m_notes.keys, IsEmpty());
 }

@@ -137,6 +137,13 @@ protected:
         return importer.setData(std::as_bytes(std::span(bytes)));
     }
 
+    static std::unique_ptr<ImageImporter> importerOf(std::string const& png)
+    {
+        auto importer = ImageImporter::forType(Code("PNGf"));
+        EXPECT_TRUE(setData(*importer, png));
+        return importer;
+    }
+
     // Decoded at its own size.
     Pixels decode(std::string const& bytes)
     {
@@ -237,29 +244,11 @@ TEST_F(ImageImporterTest, JpegIsClose)
     ExpectPixel(at(pixels, 20, 11), GreyAt(20, 11), GreyAt(20, 11), GreyAt(20, 11), 255, 6);
 }
 
-// A camera's note that the picture is to be turned a quarter: textures take pictures as they are stored.
-TEST_F(ImageImporterTest, OrientationNoteTurnsNothing)
-{
-    using namespace std::string_literals;
-    std::string const jpeg = GreyJpeg();
-    std::string const note = "Exif\0\0II*\0\x08\0\0\0"
-                             "\x01\0\x12\x01\x03\0\x01\0\0\0\x06\0\0\0"
-                             "\0\0\0\0"s;
-    std::string const length{'\0', static_cast<char>(note.size() + 2)};
-    std::string const turned = jpeg.substr(0, 2) + "\xFF\xE1" + length + note + jpeg.substr(2);
-    auto const importer = ImageImporter::forFile(file(turned));
-    ASSERT_TRUE(importer);
-    EXPECT_EQ(importer->description().width, kWidth);
-    EXPECT_EQ(importer->description().height, kHeight);
-    EXPECT_EQ(decode(turned), decode(jpeg));
-}
-
 TEST_F(ImageImporterTest, FlipAtTheSameSizeIsExact)
 {
     std::string const bytes = Png(SDL_PIXELFORMAT_RGBA32);
     Pixels const upright = decode(bytes);
-    auto const importer = ImageImporter::forType(Code("PNGf"));
-    ASSERT_TRUE(setData(*importer, bytes));
+    auto const importer = importerOf(bytes);
     Pixels flipped(upright.size());
     importer->setTarget({flipped.data(), kWidth, kHeight, 32});
     importer->setMatrix({1.0, -1.0, 0.0, kHeight});
@@ -276,8 +265,7 @@ TEST_F(ImageImporterTest, FlipAtTheSameSizeIsExact)
 TEST_F(ImageImporterTest, StretchedPictureReachesEveryEdgeInFull)
 {
     std::string const bytes = Png();
-    auto const importer = ImageImporter::forType(Code("PNGf"));
-    ASSERT_TRUE(setData(*importer, bytes));
+    auto const importer = importerOf(bytes);
     Pixels stretched(64 * 32, 0);
     importer->setTarget({stretched.data(), 64, 32, 32});
     importer->setMatrix({64.0 / kWidth, -32.0 / kHeight, 0.0, 32.0});
@@ -292,8 +280,7 @@ TEST_F(ImageImporterTest, StretchedPictureReachesEveryEdgeInFull)
 
 TEST_F(ImageImporterTest, UncoveredTargetKeepsWhatWasThere)
 {
-    auto const importer = ImageImporter::forType(Code("PNGf"));
-    ASSERT_TRUE(setData(*importer, Png()));
+    auto const importer = importerOf(Png());
     Pixels target(100 * 50, 0xFF123456U);
     importer->setTarget({target.data(), 100, 50, 32});
     importer->setMatrix({1.0, 1.0, 10.0, 20.0});
@@ -306,8 +293,7 @@ TEST_F(ImageImporterTest, UncoveredTargetKeepsWhatWasThere)
 
 TEST_F(ImageImporterTest, TargetOf16BitsTakesFiveBitsAColour)
 {
-    auto const importer = ImageImporter::forType(Code("PNGf"));
-    ASSERT_TRUE(setData(*importer, Png()));
+    auto const importer = importerOf(Png());
     std::vector<std::uint16_t> target(kWidth * kHeight, 0);
     ASSERT_TRUE(importer->setTarget({target.data(), kWidth, kHeight, 16}));
     EXPECT_TRUE(importer->draw());

@@ -5,6 +5,7 @@
 #include "platform/settings/Preferences.h"
 #include "platform/settings/PreferencesFolder.h"
 #include "platform/settings/SettingsFile.h"
+#include "support/CapturedLog.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -14,7 +15,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
 
 namespace
@@ -159,14 +159,13 @@ TEST_F(PreferencesSharingTest, MergeIsMadeOnceHoweverOftenTheSaveFails)
     first.setValue("Sum", std::vector<int>{11});
     first.setValue("Text", std::string(10000, 'x'));
     writeSettings("Sum=20;\n");
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     {
         SmallFilesOnly const limit;
         EXPECT_FALSE(first.synchronize());
         EXPECT_FALSE(first.synchronize());
     }
-    std::string const told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::ranges::count(told, '\n'), 1) << told;
+    EXPECT_EQ(log.allLines().size(), 1U);
     EXPECT_EQ(text(), "[Settings]\nSum=20;\n");
     EXPECT_TRUE(first.synchronize());
     EXPECT_THAT(Preferences(file()).integerArrayForKey("Sum"), ElementsAre(21));

@@ -3,13 +3,13 @@
 #include "platform/settings/Preferences.h"
 
 #include "platform/settings/PreferencesFolder.h"
+#include "support/CapturedLog.h"
 
 #include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -112,13 +112,11 @@ TEST_F(PreferencesTest, WrongTypeCostsThatKeyAloneAndIsToldOnce)
     writeSettings("Number=seven\nReal=0.5\n");
     Preferences preferences(file());
     preferences.registerDefaults(defaults());
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     EXPECT_EQ(preferences.integerForKey("Number"), 7);
     EXPECT_EQ(preferences.integerForKey("Number"), 7);
     EXPECT_EQ(preferences.floatForKey("Real"), 0.5F);
-    std::string const told = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(told, HasSubstr("Number"));
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1);
+    EXPECT_THAT(log.allLines(), ElementsAre(HasSubstr("Number")));
 }
 
 TEST_F(PreferencesTest, TextsThatAreNoTextsCostThatKeyAlone)
@@ -268,7 +266,7 @@ TEST_F(PreferencesTest, BrokenFileThatCannotBeMovedIsToldOnceAndKept)
     write("A");
     fs::permissions(m_folder, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec |
                                   fs::perms::others_read);
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     {
         WithoutPrivileges const reduced;
         Preferences preferences(file());
@@ -277,10 +275,8 @@ TEST_F(PreferencesTest, BrokenFileThatCannotBeMovedIsToldOnceAndKept)
         EXPECT_FALSE(preferences.synchronize());
         EXPECT_EQ(preferences.integerForKey("B"), 2);
     }
-    std::string const told = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(log.allLines(), ElementsAre(HasSubstr("settings.ini")));
     fs::permissions(m_folder, fs::perms::owner_all);
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
-    EXPECT_THAT(told, HasSubstr("settings.ini"));
     EXPECT_EQ(text(), "A");
 }
 
@@ -289,15 +285,14 @@ TEST_F(PreferencesTest, UnreadableFileIsSetAside)
     writeSettings("A=1\n");
     fs::permissions(file(), fs::perms::none);
     fs::permissions(m_folder, fs::perms::all);
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     {
         WithoutPrivileges const reduced;
         Preferences preferences(file());
         preferences.setValue("B", 2);
         EXPECT_TRUE(preferences.synchronize());
     }
-    std::string const told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_EQ(log.allLines().size(), 1U);
     EXPECT_EQ(others().size(), 1U);
     EXPECT_EQ(text(), "[Settings]\nB=2\n");
 }
@@ -307,9 +302,9 @@ TEST_F(PreferencesTest, FileThatBreaksWhileTheGameRunsIsSetAsideBeforeTheSave)
     Preferences preferences(file());
     write("[[[");
     preferences.setValue("A", 1);
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     EXPECT_TRUE(preferences.synchronize());
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("broken-"));
+    EXPECT_THAT(log.allLines(), ElementsAre(HasSubstr("broken-")));
     EXPECT_EQ(text(), "[Settings]\nA=1\n");
     EXPECT_EQ(others().size(), 1U);
 }
@@ -321,12 +316,10 @@ class BrokenSettings : public PreferencesTest, public testing::WithParamInterfac
 TEST_P(BrokenSettings, AreSetAsideWithOneLine)
 {
     write(GetParam());
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     Preferences preferences(file());
     preferences.registerDefaults(defaults());
-    std::string const told = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(told, HasSubstr("settings.ini"));
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_THAT(log.allLines(), ElementsAre(HasSubstr("settings.ini")));
     EXPECT_EQ(preferences.integerForKey("Number"), 7);
     ASSERT_EQ(others().size(), 1U);
     EXPECT_THAT(others().front(), testing::StartsWith("settings.ini.broken-2"));
@@ -353,11 +346,10 @@ TEST_F(PreferencesTest, RefusedSaveIsToldOnceAndTriedAgain)
     std::ofstream(blocked) << "a file where a folder should be";
     Preferences preferences(blocked / "settings.ini");
     preferences.setValue("A", 1);
-    testing::internal::CaptureStderr();
+    CapturedLog log;
     EXPECT_FALSE(preferences.synchronize());
     EXPECT_FALSE(preferences.synchronize());
-    std::string const told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    EXPECT_EQ(log.allLines().size(), 1U);
 
     fs::remove(blocked);
     EXPECT_TRUE(preferences.synchronize());

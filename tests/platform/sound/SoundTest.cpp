@@ -5,6 +5,7 @@
 #include "platform/sound/Sound.h"
 
 #include "platform/base/RunLoop.h"
+#include "support/CapturedLog.h"
 #include "TestMedia.h"
 
 #include <gmock/gmock.h>
@@ -178,10 +179,8 @@ TEST_F(SoundTest, FileThatCannotBeDecodedGivesNullAndOneLineThatNamesIt)
     WriteBytes(m_folder / "text.aiff", std::string(4000, 'a'));
     for (char const* const name : {"missing.aiff", "text.aiff", "."})
     {
-        testing::internal::CaptureStderr();
+        CapturedLog log;
         EXPECT_FALSE(Sound::initWithContentsOfFile(m_folder / name)) << name;
-        std::string const said = testing::internal::GetCapturedStderr();
-        EXPECT_THAT(said, HasSubstr((m_folder / name).string()));
-        EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+        EXPECT_THAT(log.allLines(), ElementsAre(HasSubstr((m_folder / name).string())));
     }
 }

@@ -52,12 +52,6 @@ inline void WriteBytes(std::filesystem::path const& file, std::string const& byt
     std::ofstream(file, std::ios::binary) << bytes;
 }
 
-inline std::string ReadBytes(std::filesystem::path const& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 // Writes a file of that format of libsndfile's, 44,100 samples a second.
 inline void WriteSound(std::filesystem::path const& file, int format, Samples const& samples,
                        int channels = 2, int kilobits = 128)

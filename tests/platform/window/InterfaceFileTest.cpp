@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window/InterfaceFile.h"
 
+#include "support/CapturedLog.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,6 +15,7 @@ namespace
 
 using platform::InterfaceFile;
 using platform::KeyEquivalent;
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 class InterfaceFileTest : public testing::Test
@@ -59,11 +62,9 @@ TEST_F(InterfaceFileTest, FileThatIsMissingOrNoKeyFileIsToldInOneLine)
 {
     for (char const* const text : {static_cast<char const*>(nullptr), "[Window\n", "title=T\n"})
     {
-        testing::internal::CaptureStderr();
+        CapturedLog log;
         EXPECT_FALSE(text != nullptr ? load(text) : InterfaceFile::load(m_path));
-        std::string const told = testing::internal::GetCapturedStderr();
-        EXPECT_THAT(told, HasSubstr(m_path.filename().string()));
-        EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+        EXPECT_THAT(log.allLines(), ElementsAre(HasSubstr(m_path.filename().string())));
     }
 }
 

@@ -17,6 +17,13 @@ using recording::state;
         note(#name __VA_OPT__(, ) __VA_ARGS__);                                                              \
     }
 
+// The same for one that takes only an array of so many floats.
+#define QUARROW_NOTED_FLOATS(name, count)                                                                    \
+    void name(GLfloat const* values)                                                                         \
+    {                                                                                                        \
+        noteArray(#name, {}, values, count);                                                                 \
+    }
+
 namespace
 {
 
@@ -94,6 +101,11 @@ extern "C"
                    GLint border, GLenum format, GLenum type, GLvoid const*),
                   target, level, internalFormat, width, height, border, format, type)
 
+    QUARROW_NOTED_FLOATS(glLoadMatrixf, 16)
+    QUARROW_NOTED_FLOATS(glMultMatrixf, 16)
+    QUARROW_NOTED_FLOATS(glTexCoord3fv, 3)
+    QUARROW_NOTED_FLOATS(glVertex3fv, 3)
+
     void glEnable(GLenum capability)
     {
         note("glEnable", capability);
@@ -157,26 +169,6 @@ extern "C"
     {
         noteArray("glMaterialfv", {static_cast<double>(face), static_cast<double>(name)}, values,
                   parameterLength(name));
-    }
-
-    void glLoadMatrixf(GLfloat const* matrix)
-    {
-        noteArray("glLoadMatrixf", {}, matrix, 16);
-    }
-
-    void glMultMatrixf(GLfloat const* matrix)
-    {
-        noteArray("glMultMatrixf", {}, matrix, 16);
-    }
-
-    void glTexCoord3fv(GLfloat const* coordinates)
-    {
-        noteArray("glTexCoord3fv", {}, coordinates, 3);
-    }
-
-    void glVertex3fv(GLfloat const* vertex)
-    {
-        noteArray("glVertex3fv", {}, vertex, 3);
     }
 
     // The game's indices are bytes; they are noted behind the mode and the count.

@@ -59,6 +59,12 @@ protected:
         return turn.arguments[0];
     }
 
+    double CompassAngleTo(TQ3Vector3D const& offset)
+    {
+        LayShipWithMarkerAt(offset);
+        return CompassAngle();
+    }
+
     // The height of the elevation bar: its second corner.
     double ElevationBar()
     {
@@ -130,37 +136,28 @@ TEST_F(CockpitTest, MarkerAheadTurnsTheArrowForwards)
 
 TEST_F(CockpitTest, MarkerBehindTurnsTheArrowBack)
 {
-    LayShipWithMarkerAt({0.0F, 0.0F, 10.0F});
-    EXPECT_NEAR(CompassAngle(), 180.0, 1e-4);
+    EXPECT_NEAR(CompassAngleTo({0.0F, 0.0F, 10.0F}), 180.0, 1e-4);
 }
 
 TEST_F(CockpitTest, MarkerToTheLeftTurnsTheArrowCounterClockwise)
 {
-    LayShipWithMarkerAt({-10.0F, 1.0F, 0.0F});
-    EXPECT_NEAR(CompassAngle(), 90.0, 1e-3);
-    LayShipWithMarkerAt({-10.0F, -1.0F, 0.0F});
-    EXPECT_NEAR(CompassAngle(), 90.0, 1e-3);
-    LayShipWithMarkerAt({-10.0F, -1.0F, -10.0F});
-    EXPECT_NEAR(CompassAngle(), 45.0, 1e-3);
+    EXPECT_NEAR(CompassAngleTo({-10.0F, 1.0F, 0.0F}), 90.0, 1e-3);
+    EXPECT_NEAR(CompassAngleTo({-10.0F, -1.0F, 0.0F}), 90.0, 1e-3);
+    EXPECT_NEAR(CompassAngleTo({-10.0F, -1.0F, -10.0F}), 45.0, 1e-3);
 }
 
 TEST_F(CockpitTest, MarkerToTheRightTurnsTheArrowClockwise)
 {
-    LayShipWithMarkerAt({10.0F, 1.0F, 0.0F});
-    EXPECT_NEAR(CompassAngle(), -90.0, 1e-3);
-    LayShipWithMarkerAt({10.0F, -1.0F, 0.0F});
-    EXPECT_NEAR(CompassAngle(), -90.0, 1e-3);
-    LayShipWithMarkerAt({10.0F, 1.0F, 10.0F});
-    EXPECT_NEAR(CompassAngle(), -135.0, 1e-3);
+    EXPECT_NEAR(CompassAngleTo({10.0F, 1.0F, 0.0F}), -90.0, 1e-3);
+    EXPECT_NEAR(CompassAngleTo({10.0F, -1.0F, 0.0F}), -90.0, 1e-3);
+    EXPECT_NEAR(CompassAngleTo({10.0F, 1.0F, 10.0F}), -135.0, 1e-3);
 }
 
 // Exactly level there is no vertical part to carry a sign: right and left look the same.
 TEST_F(CockpitTest, LevelMarkerTurnsTheArrowToThePositiveSide)
 {
-    LayShipWithMarkerAt({-10.0F, 0.0F, 0.0F});
-    EXPECT_NEAR(CompassAngle(), 90.0, 1e-4);
-    LayShipWithMarkerAt({10.0F, 0.0F, 0.0F});
-    EXPECT_NEAR(CompassAngle(), 90.0, 1e-4);
+    EXPECT_NEAR(CompassAngleTo({-10.0F, 0.0F, 0.0F}), 90.0, 1e-4);
+    EXPECT_NEAR(CompassAngleTo({10.0F, 0.0F, 0.0F}), 90.0, 1e-4);
 }
 
 TEST_F(CockpitTest, ElevationBarShowsTheSineOfTheElevation)
@@ -183,8 +180,7 @@ TEST_F(CockpitTest, MarkerStraightAboveOrBelowFillsTheBarAndKeepsTheArrowFinite)
 
 TEST_F(CockpitTest, ShipInTheMarkersCentreKeepsTheArrowFinite)
 {
-    LayShipWithMarkerAt({0.0F, 0.0F, 0.0F});
-    EXPECT_TRUE(std::isfinite(CompassAngle()));
+    EXPECT_TRUE(std::isfinite(CompassAngleTo({0.0F, 0.0F, 0.0F})));
 }
 
 // Rounding may take the cosine of an angle of 0 beyond 1.
