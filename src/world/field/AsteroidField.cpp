@@ -18,8 +18,10 @@ AsteroidField::AsteroidField(Universe const* universe)
     m_roids.reserve(m_rows.size() * kSize);
     for (std::size_t row = 0; row < m_rows.size(); ++row)
     {
-        auto const level = static_cast<float>(row / kRowsOfLevel);
-        FillRow(row, edge + level * (centre - edge) / static_cast<float>(kLevelCount - 1), universe, sizes);
+        std::size_t const level = row / kRowsOfLevel;
+        float const density =
+            edge + static_cast<float>(level) * (centre - edge) / static_cast<float>(kLevelCount - 1);
+        FillRow(row, density, universe, sizes);
     }
 }
 
