@@ -161,7 +161,8 @@ TEST_F(GameMusicTest, ThirdTrackAtHalfMusicVolumeIsHeardAt35Hundredths)
     while (at < decoded.size())
     {
         platform::RunLoop::runTimersOnce();
-        for (double const sample : loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
+        for (double const sample :
+             loopback.render(std::min(kFrame, static_cast<int>(decoded.size() - at) / 2)))
         {
             heardPower += sample * sample;
             filePower += static_cast<double>(decoded[at]) * decoded[at];

@@ -248,14 +248,15 @@ TEST_F(RoidTest, SharedStateIsSetOnceForAll)
     recording::start();
     Roid::RenderStart();
     Roid::RenderEnd();
-    EXPECT_THAT(recording::stop(), testing::ElementsAre(
-                           call("glMaterialfv", {GL_FRONT, GL_SPECULAR, 0.8F, 0.6F, 0.6F, 1}),
-                           call("glMaterialfv", {GL_FRONT, GL_SHININESS, 40}),
-                           call("glMaterialfv", {GL_FRONT, GL_AMBIENT_AND_DIFFUSE, 0.8F, 0.8F, 0.8F, 1}),
-                           call("glMaterialfv", {GL_FRONT, GL_EMISSION, 0, 0, 0, 1}),
-                           call("glEnable", {GL_TEXTURE_2D}),
-                           call("glBindTexture", {GL_TEXTURE_2D, static_cast<double>(Roid::m_texture)}),
-                           call("glDisable", {GL_TEXTURE_2D})));
+    EXPECT_THAT(
+        recording::stop(),
+        testing::ElementsAre(call("glMaterialfv", {GL_FRONT, GL_SPECULAR, 0.8F, 0.6F, 0.6F, 1}),
+                             call("glMaterialfv", {GL_FRONT, GL_SHININESS, 40}),
+                             call("glMaterialfv", {GL_FRONT, GL_AMBIENT_AND_DIFFUSE, 0.8F, 0.8F, 0.8F, 1}),
+                             call("glMaterialfv", {GL_FRONT, GL_EMISSION, 0, 0, 0, 1}),
+                             call("glEnable", {GL_TEXTURE_2D}),
+                             call("glBindTexture", {GL_TEXTURE_2D, static_cast<double>(Roid::m_texture)}),
+                             call("glDisable", {GL_TEXTURE_2D})));
 }
 
 TEST_F(RoidTest, DrawsItsListWhereItIsMoved)

@@ -11,7 +11,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <numeric>
 
 using namespace testing;
 using namespace testmedia;
