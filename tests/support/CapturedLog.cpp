@@ -34,7 +34,7 @@ std::vector<std::string> CapturedLog::allLines()
 
 std::vector<std::string> CapturedLog::lines()
 {
-    constexpr std::string_view kPrefix = "quarrow: ";
+    static constexpr std::string_view kPrefix = "quarrow: ";
     std::vector<std::string> found = allLines();
     std::erase_if(found, [](std::string const& line) { return !line.starts_with(kPrefix); });
     for (std::string& line : found)
