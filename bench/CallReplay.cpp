@@ -57,6 +57,7 @@ std::map<std::string, void (*)(Arguments)> const& Functions()
         {"glClearDepth", [](Arguments a) { glClearDepth(a[0]); }},
         {"glColor4f", [](Arguments a) { glColor4f(F(a[0]), F(a[1]), F(a[2]), F(a[3])); }},
         {"glColorPointer", [](Arguments a) { glColorPointer(I(a[0]), E(a[1]), I(a[2]), kVertices); }},
+        {"glDepthFunc", [](Arguments a) { glDepthFunc(E(a[0])); }},
         {"glDepthMask", [](Arguments a) { glDepthMask(static_cast<GLboolean>(a[0])); }},
         {"glDepthRange", [](Arguments a) { glDepthRange(a[0], a[1]); }},
         {"glDisable", [](Arguments a) { glDisable(E(a[0])); }},
