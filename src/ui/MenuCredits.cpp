@@ -27,7 +27,7 @@ constexpr char const* kLines[] = {
     MarkForCatalogue("     SDL and SDL_image for window, full screen, input and pictures (zlib)"),
     MarkForCatalogue("     libsndfile and OpenAL Soft for music and sound (LGPL)"),
     MarkForCatalogue("     GLib and gettext, and all who answer in the forums (LGPL)"),
-    MarkForCatalogue("Music: composed and rendered by the game's own programs, by the Quarrow team (CC0)"),
+    MarkForCatalogue("Music: composed by the Quarrow team, rendered by the game's own programs (CC0)"),
     MarkForCatalogue("     'Sable', the Quarrow team, music@quarrow.example"),
     MarkForCatalogue("     'Electro0032', the Quarrow team, music@quarrow.example"),
     MarkForCatalogue("     'SerialK', the Quarrow team, music@quarrow.example"),
