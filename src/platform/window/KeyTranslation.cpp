@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window/KeyTranslation.h"
 
+#include "platform/base/Encoding.h"
 #include "platform/window/KeyCodes.h"
 
 #include <glib.h>
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 namespace platform
 {
@@ -131,23 +131,18 @@ bool IsDeadKeysAccent(std::string const& typedText)
     return typedText.size() == 1 && static_cast<unsigned char>(typedText.front()) >= 0xA0;
 }
 
-// Empty for text that is no UTF-8.
-std::u16string Utf16(std::string const& text)
-{
-    glong length = 0;
-    std::unique_ptr<gunichar2, decltype(&g_free)> const units(
-        g_utf8_to_utf16(text.c_str(), -1, nullptr, &length, nullptr), g_free);
-    return {units.get(), units.get() + length};
-}
-
 std::u16string TypedCharacters(SDL_Keysym const& key, std::string const& typedText)
 {
     if ((key.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0)
     {
         return {}; // these change or suppress the text that comes with a key
     }
-    return IsDeadKeysAccent(typedText) ? std::u16string(1, static_cast<unsigned char>(typedText.front()))
-                                       : Utf16(typedText);
+    if (IsDeadKeysAccent(typedText))
+    {
+        return {static_cast<unsigned char>(typedText.front())};
+    }
+    bool const isUtf8 = g_utf8_validate(typedText.c_str(), -1, nullptr) != 0;
+    return isUtf8 ? Utf16FromUtf8(typedText) : std::u16string();
 }
 
 } // namespace
