@@ -110,13 +110,13 @@ void kGLView::EnterFullScreen()
         StartingWindow = window();
     }
     auto fullScreen = platform::Window::initOverMainScreen();
-    if (!fullScreen)
+    if (!fullScreen || !fullScreen->setContentView(this))
     {
+        window()->makeKeyAndOrderFront(); // at the start it is still hidden
         return;
     }
     Log("Window was created");
     fullScreen->setTitle("myWindow");
-    fullScreen->setContentView(this);
     fullScreen->makeKeyAndOrderFront();
     fullScreen->makeFirstResponder(this);
     StartingWindow->setAcceptsMouseMovedEvents(false);
@@ -127,11 +127,10 @@ void kGLView::EnterFullScreen()
 
 void kGLView::LeaveFullScreen()
 {
-    if (StartingWindow == nullptr)
+    if (StartingWindow == nullptr || !StartingWindow->setContentView(this))
     {
         return;
     }
-    StartingWindow->setContentView(this);
     StartingWindow->makeKeyAndOrderFront();
     StartingWindow->makeFirstResponder(this);
     StartingWindow->setAcceptsMouseMovedEvents(true);

@@ -18,6 +18,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <SDL.h>
 
 namespace
 {
@@ -189,6 +190,34 @@ TEST_F(ViewWithGame, LeavingFullScreenBringsTheStartingWindowBack)
         EXPECT_EQ(arriving(*m_window), 2);
         EXPECT_EQ(m_view->frame().size.width, 640.0F);
     }
+}
+
+// No display has a depth buffer of that size: until the next context is made it refuses every new window.
+void RefuseWindows()
+{
+    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 1024);
+}
+
+bool IsShown(Window const& window)
+{
+    return (SDL_GetWindowFlags(SDL_GetWindowFromID(window.identifier())) & SDL_WINDOW_SHOWN) != 0;
+}
+
+TEST_F(ViewWithGame, RefusedFullScreenLeavesTheWindowInPlaceAndVisible)
+{
+    m_window->orderOut(); // as at the start
+    ASSERT_TRUE(m_window->makeFirstResponder(m_view.get()));
+    RefuseWindows();
+    CapturedLog log;
+    m_view->setFullScreen(true);
+    EXPECT_THAT(log.lines(), ElementsAre(testing::StartsWith("A window could not be made: ")));
+    EXPECT_EQ(m_view->window(), m_window.get());
+    EXPECT_TRUE(IsShown(*m_window));
+    EXPECT_EQ(arriving(*m_window), 2);
+    m_view->setFullScreen(false);
+    EXPECT_EQ(m_view->window(), m_window.get());
+    EXPECT_TRUE(IsShown(*m_window));
+    EXPECT_EQ(arriving(*m_window), 2);
 }
 
 TEST_F(ViewInWindow, TogglingTwiceRestoresModeAndSetting)

@@ -53,6 +53,37 @@ class DevicesScenario(Scenario):
     def test_no_sound_device_is_told_once_and_played_without(self):
         self.expect_play(self.open_display(), "no sound device", ALSOFT_DRIVERS="none-of-them")
 
+    def test_refused_full_screen_leaves_the_window_visible(self):
+        for kind, word in (("framed", "A window could not be made"), ("unlit", "A window could not be drawn into")):
+            for at_start in (1, 0):
+                with self.subTest(kind=kind, at_start=at_start):
+                    self.write_settings(f"Fullscreen = {at_start}\n")
+                    self.play_without_full_screen(kind, word, at_start)
+
+    def play_without_full_screen(self, kind, word, at_start):
+        def refusals():
+            return sum(word in line for line in game.log().splitlines())
+
+        def plays_in_its_window():
+            self.assertEqual([window[4:] for window in display.x.titled_windows()], [(1024, 768)])
+            game.wait_for_items(present=range(5))
+
+        display = self.open_display()
+        with Game(display, self.home, environment=self.odd_driver(kind)) as game:
+            self.assertEqual(refusals(), 1, game.log())
+            plays_in_its_window()
+            for full_screen in (0, 1, 0) if at_start else (1, 0, 1):
+                game.key("F11")
+                game.wait_for_setting("Fullscreen", full_screen)
+                plays_in_its_window()
+            game.click_item(0)
+            game.wait_for_items(present=[], absent=range(5))
+            game.key("F11")
+            game.key("Escape")
+            game.wait_for_items(present=[0, 1], absent=[2, 3])
+            self.assertGreaterEqual(refusals(), 2, game.log())
+            self.assertEqual(game.end(), 0)
+
     def test_window_of_one_pixel_grows_again(self):
         self.write_settings("Fullscreen = 0\n_ShowFPS = 1\n")
         display = self.open_display()

@@ -142,7 +142,10 @@ bool Application::makeWindow()
         return false;
     }
     m_window->setTitle(m_interface.windowTitle + " " QUARROW_VERSION);
-    m_window->setContentView(m_view.get());
+    if (!m_window->setContentView(m_view.get()))
+    {
+        return false;
+    }
     m_view->awakeFromNib();
     return true;
 }

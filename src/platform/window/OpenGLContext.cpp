@@ -120,20 +120,23 @@ void OpenGLContext::flushBuffer()
     SDL_GL_SwapWindow(m_target);
 }
 
-void OpenGLContext::drawInto(SDL_Window* window)
+bool OpenGLContext::drawInto(SDL_Window* window)
 {
-    m_target = window;
-    if (makeCurrentContext())
+    if (SDL_GL_MakeCurrent(window, m_context.get()) != 0)
     {
-        WaitForDisplayAtSwap();
+        return false;
     }
+    m_target = window;
+    WaitForDisplayAtSwap();
+    return true;
 }
 
 void OpenGLContext::leave(SDL_Window* window)
 {
     if (m_target == window)
     {
-        drawInto(m_home.get());
+        m_target = m_home.get();
+        drawInto(m_target);
     }
 }
 

@@ -38,8 +38,9 @@ public:
     // Presents the back buffer of the window that shows the view. Waits for the display where the driver can.
     void flushBuffer();
 
-    // Draws into that window from now on, and is current.
-    void drawInto(SDL_Window* window);
+    // Draws into that window from now on, and is current. False when the driver refuses; it then draws where
+    // it drew before.
+    bool drawInto(SDL_Window* window);
 
     // Stops drawing into that window, which is about to close.
     void leave(SDL_Window* window);

@@ -113,16 +113,21 @@ void Window::setTitle(std::string const& title)
     SDL_SetWindowTitle(m_window.get(), title.c_str());
 }
 
-void Window::setContentView(OpenGLView* view)
+bool Window::setContentView(OpenGLView* view)
 {
+    if (!view->openGLContext()->drawInto(m_window.get()))
+    {
+        LogFormat("A window could not be drawn into: %s", SDL_GetError());
+        return false;
+    }
     if (view->m_window != nullptr && view->m_window != this)
     {
         view->m_window->releaseView();
     }
     m_view = view;
     view->m_window = this;
-    view->openGLContext()->drawInto(m_window.get());
     drawableSizeChanged();
+    return true;
 }
 
 void Window::releaseView()

@@ -39,8 +39,9 @@ public:
     void setTitle(std::string const& title);
 
     // Shows the view here from now on: its context draws into this window, its frame takes this window's
-    // size. A window that showed it before shows nothing, and has no responder.
-    void setContentView(OpenGLView* view);
+    // size. A window that showed it before shows nothing, and has no responder. False, with one log line,
+    // when the driver refuses to draw here; the view then stays where it was.
+    bool setContentView(OpenGLView* view);
 
     void makeKeyAndOrderFront();
     void orderOut(); // hides it

@@ -4,6 +4,8 @@
 // An OpenGL driver with less to offer than the one at hand, by way of LD_PRELOAD. ODD_DRIVER says which:
 //   es       only OpenGL ES
 //   depth16  no depth buffer of more than 16 bits
+//   framed   no window without a frame
+//   unlit    windows without a frame, into which nothing can be drawn
 // test_devices.py starts the game with it.
 #include <dlfcn.h>
 #include <SDL.h>
@@ -27,6 +29,11 @@ template <typename Function>
 Function Real(char const* name)
 {
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+bool HasFrame(Uint32 flags)
+{
+    return (flags & SDL_WINDOW_BORDERLESS) == 0;
 }
 
 unsigned char const* VersionOfES(unsigned)
@@ -59,4 +66,24 @@ extern "C" SDL_GLContext SDL_GL_CreateContext(SDL_Window* window)
         return nullptr;
     }
     return Real<SDL_GLContext (*)(SDL_Window*)>("SDL_GL_CreateContext")(window);
+}
+
+extern "C" SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int width, int height, Uint32 flags)
+{
+    if (Is("framed") && !HasFrame(flags))
+    {
+        SDL_SetError("no such window");
+        return nullptr;
+    }
+    return Real<SDL_Window* (*)(char const*, int, int, int, int, Uint32)>("SDL_CreateWindow")(
+        title, x, y, width, height, flags);
+}
+
+extern "C" int SDL_GL_MakeCurrent(SDL_Window* window, SDL_GLContext context)
+{
+    if (Is("unlit") && window != nullptr && !HasFrame(SDL_GetWindowFlags(window)))
+    {
+        return SDL_SetError("no drawing there");
+    }
+    return Real<int (*)(SDL_Window*, SDL_GLContext)>("SDL_GL_MakeCurrent")(window, context);
 }
