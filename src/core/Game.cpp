@@ -4,8 +4,8 @@
 
 #include "audio/GameMusic.h"
 #include "audio/GameSound.h"
+#include "core/FixedState.h"
 #include "core/GameEvent.h"
-#include "gfx/QTUtil.h"
 #include "platform/base/Clock.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
@@ -17,7 +17,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <ctime>
 
 namespace
@@ -269,6 +268,17 @@ void Game::HandlePausedEvent(GameEvent const& event)
     {
         NoteDebugKey(event);
     }
+}
+
+// A key of the player's is his in a race, paused or not; in the menus only one that waits for a key wants it.
+bool Game::WantsKey(GameEvent const& event) const
+{
+    if (m_state == kStateMenu)
+    {
+        Menu const* const menu = Menu::GetCurrent();
+        return menu != nullptr && menu->WaitsForKey();
+    }
+    return event.IsKey(m_keyThrustUp) || event.IsKey(m_keyThrustDown) || event.IsKey(m_keyPause);
 }
 
 // What the event asks for; 0 when it is about something else.

@@ -41,6 +41,9 @@ public:
     void Render(int width, int height); // pixels
     void HandleEvent(GameEvent const* event);
 
+    // Whether the key has a use here and now that goes before what it does in every window.
+    bool WantsKey(GameEvent const& event) const;
+
     // From the last frame's duration; infinite before the first.
     float GetFPS() const { return static_cast<float>(1.0 / m_elapsed); }
 

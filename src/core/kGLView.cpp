@@ -145,6 +145,11 @@ void kGLView::toggleFullScreen()
     GameSettings::SetIntParam(setting::kFullscreen, fullScreen ? 1 : 0);
 }
 
+bool kGLView::wantsKey(platform::Event const& key)
+{
+    return Game::pGame != nullptr && Game::pGame->WantsKey(GameEvent(new GameEventNSEvent(key)));
+}
+
 bool kGLView::becomeFirstResponder()
 {
     window()->setAcceptsMouseMovedEvents(true);

@@ -21,6 +21,7 @@ public:
     void awakeFromNib() override;
     void reshape() override;
     void toggleFullScreen() override;
+    bool wantsKey(platform::Event const& key) override;
 
     bool acceptsFirstResponder() override { return true; }
     bool becomeFirstResponder() override;

@@ -38,6 +38,9 @@ public:
     // ch: the first UTF-16 unit of a key event, up or down.
     virtual bool KeyDown(unsigned short ch);
 
+    // True while the next key, whichever it is, is for KeyDown.
+    virtual bool WaitsForKey() const { return false; }
+
     // Lays the menu out for a window of that size: the anchor in its middle.
     virtual void Reposition(int width, int height);
 

@@ -15,6 +15,7 @@ public:
     MenuKeyboard();
     bool MouseUp(int item) override;
     bool KeyDown(unsigned short ch) override;
+    bool WaitsForKey() const override { return m_capture >= 0; }
 
     // How a key is shown: its name, or the character itself for a key without one. UTF-8.
     static std::string KeyName(unsigned short ch);

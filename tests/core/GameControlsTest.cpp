@@ -10,6 +10,7 @@
 #include "support/Stage.h"
 #include "support/window/EventFactory.h"
 #include "ui/MenuGame.h"
+#include "ui/MenuKeyboard.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -39,6 +40,11 @@ protected:
         frozen::Silence();
     }
     void press(std::u16string const& characters) { send(events::KeyDown(characters)); }
+
+    bool wants(std::u16string const& characters)
+    {
+        return game().WantsKey(events::Wrapped(events::KeyDown(characters)));
+    }
 
     // The turn that the ship is asked for with the pointer at (x, y), as a share of the greatest turn.
     float turnAt(float x, float y)
@@ -116,6 +122,35 @@ TEST_F(GameControls, ABindingMatchesItsCaseOnly)
 {
     press(u"W");
     EXPECT_EQ(throttle(), 0.0F);
+}
+
+TEST_F(GameControls, BoundKeysAreWantedInARaceAndInItsPause)
+{
+    EXPECT_FALSE(wants(u"w")) << "the main menu has no use for keys";
+    GameSettings::SetUniCharParam(setting::kKeyThrustDown, u'\r');
+    startRace();
+    for (char16_t const key : {u'w', u'\r', u'\x1B'})
+    {
+        EXPECT_TRUE(wants({key}));
+    }
+    EXPECT_FALSE(wants(u"s"));
+    EXPECT_FALSE(wants(u"\uF70E"));
+    press(u"\x1B");
+    ASSERT_EQ(game().GetState(), kStatePaused);
+    EXPECT_TRUE(wants(u"\x1B"));
+    game().SwitchToState(kStateMenu);
+    EXPECT_FALSE(wants(u"\x1B"));
+}
+
+TEST_F(GameControls, EveryKeyIsWantedWhileAMenuWaitsForOne)
+{
+    Menu::SetCurrent(new MenuKeyboard);
+    probe::RenderCurrent();
+    EXPECT_FALSE(wants(u"\uF70E"));
+    probe::Click(0);
+    EXPECT_TRUE(wants(u"\uF70E"));
+    press(u"\uF70E");
+    EXPECT_FALSE(wants(u"\uF70E"));
 }
 
 TEST_F(GameControls, BindingsAreReadWhenARaceStarts)

@@ -199,6 +199,45 @@ class MenuScenario(Scenario):
         game.key("Up")
         wait_until(game.throttle_pixels, "thrust")
 
+    def bind(self, game, item, setting, keys, character):
+        game.click_item(item)
+        game.key(*keys)
+        game.wait_for_setting(setting, character)
+
+    def test_keys_of_full_screen_are_bound_as_any_other(self):
+        self.write_settings("Fullscreen = 0\n")
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.open_keys()
+        self.bind(game, 0, "KeyDefaultThrustUp", ["F11"], "\uf70e")
+        self.bind(game, 1, "KeyDefaultThrustDown", ["Alt_L", "Return"], r"\r")
+        self.assertEqual(game.window()[2:], (1024, 768))
+        game.key("F11")  # no menu waits for it any more
+        wait_until(lambda: game.window() == (0, 0, 1280, 720), "the full screen")
+        self.bind(game, 1, "KeyDefaultThrustDown", ["s"], "s")
+        game.click_item(5)
+        game.wait_for_items(present=range(4), absent=[4, 5])
+        game.click_item(3)
+        game.wait_for_items(present=range(5))
+        game.click_item(0)
+        game.wait_for_items(present=[], absent=range(5))
+        game.key("F11")
+        wait_until(game.throttle_pixels, "thrust")
+        self.assertEqual(game.window(), (0, 0, 1280, 720))
+        game.key("Alt_L", "Return")
+        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        game.key("Control_L", "q")
+        self.assertEqual(game.wait_exit(), 0)
+
+    def test_ctrl_q_quits_while_a_menu_waits_for_a_key(self):
+        game = self.start()
+        game.wait_for_items(present=range(5))
+        game.open_keys()
+        game.click_item(0)
+        game.key("Control_L", "q")
+        self.assertEqual(game.wait_exit(), 0)
+        self.assertNotIn("KeyDefaultThrustUp", game.settings())
+
     def test_dead_key_is_bound_as_any_other(self):
         # An ASCII key: when another is released, SDL 2.26 reads past a string's end, which ends a build with sanitizers.
         subprocess.run(["setxkbmap", "-display", self.display.name, "de"], check=True)

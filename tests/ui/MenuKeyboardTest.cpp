@@ -113,6 +113,20 @@ TEST_F(MenuKeyboardTest, EscapeAndReturnCanBeBound)
     EXPECT_EQ(GameSettings::GetUniCharParam(kDown), 0x0D);
 }
 
+TEST_F(MenuKeyboardTest, WaitsForAKeyFromTheClickToTheKey)
+{
+    EXPECT_FALSE(menu().WaitsForKey());
+    for (int const item : {0, 1, 2})
+    {
+        Click(item);
+        EXPECT_TRUE(menu().WaitsForKey());
+        Type(u'x');
+        EXPECT_FALSE(menu().WaitsForKey());
+    }
+    Click(3);
+    EXPECT_FALSE(menu().WaitsForKey());
+}
+
 TEST_F(MenuKeyboardTest, TwoActionsMayShareAKey)
 {
     Click(0);

@@ -96,7 +96,7 @@ private:
     static void dispatchWindowEvent(SDL_WindowEvent const& event);
     static void dispatchMouse(SDL_Event const& event);
     void dispatchKeyDown(SDL_KeyboardEvent const& event);
-    bool performCommand(SDL_KeyboardEvent const& event);
+    bool performCommand(SDL_KeyboardEvent const& event, Event const& key);
 
     InterfaceFile m_interface;
     std::unique_ptr<OpenGLView> m_view;
@@ -226,14 +226,15 @@ void Application::dispatchKeyDown(SDL_KeyboardEvent const& event)
     Event key;
     key.charactersIgnoringModifiers = CharactersForKey(event.keysym, TakeTypedText());
     Window* const window = event.windowID != 0 ? Window::withIdentifier(event.windowID) : m_view->window();
-    if (!performCommand(event) && !key.charactersIgnoringModifiers.empty() && window != nullptr)
+    if (!performCommand(event, key) && !key.charactersIgnoringModifiers.empty() && window != nullptr)
     {
         window->sendEvent(key);
     }
 }
 
-// False when the key is no command's. While the key is held, its repeats do nothing.
-bool Application::performCommand(SDL_KeyboardEvent const& event)
+// False when the key is no command's, or the view's; whatever the view wants, one key always ends the game.
+// While a command's key is held, its repeats do nothing.
+bool Application::performCommand(SDL_KeyboardEvent const& event, Event const& key)
 {
     auto const command = std::ranges::find_if(m_interface.commands,
                                               [&event](Command const& c) { return HasKey(c, event.keysym); });
@@ -244,8 +245,13 @@ bool Application::performCommand(SDL_KeyboardEvent const& event)
     if (command->action == "terminate")
     {
         Terminate();
+        return true;
     }
-    else if (event.repeat == 0)
+    if (m_view->wantsKey(key))
+    {
+        return false;
+    }
+    if (event.repeat == 0)
     {
         m_view->toggleFullScreen();
     }

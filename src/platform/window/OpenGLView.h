@@ -27,6 +27,7 @@ public:
     virtual void awakeFromNib() = 0; // the interface file is loaded, the window made
     virtual void reshape() = 0;      // the frame's size has changed
     virtual void toggleFullScreen() = 0;
+    virtual bool wantsKey(Event const& key) = 0; // as a key of its own, where it would be a command's
 
     virtual bool acceptsFirstResponder() = 0;
     virtual bool becomeFirstResponder() = 0;

@@ -53,6 +53,40 @@ TEST_F(ApplicationEventsTest, HeldKeyOfACommandPerformsItOnce)
     EXPECT_THAT(record.told, ElementsAre("become", "toggleFullScreen"));
 }
 
+TEST_F(ApplicationEventsTest, KeyThatTheViewWantsIsNoCommand)
+{
+    run({[](ScriptedView& view)
+         {
+             view.wanted = u"\uF70E";
+             view.pressKey(SDLK_F11);
+             view.pressKey(SDLK_F11, KMOD_NONE, "", true);
+             view.pressKey(SDLK_RETURN, KMOD_LALT);
+         },
+         [](ScriptedView& view)
+         {
+             view.wanted = u"\r";
+             view.pressKey(SDLK_F11);
+             view.pressKey(SDLK_RETURN, KMOD_LALT);
+         }});
+    EXPECT_THAT(record.told, ElementsAre("become", "keyDown", "keyDown", "toggleFullScreen",
+                                         "toggleFullScreen", "keyDown"));
+    EXPECT_EQ(record.events[0].charactersIgnoringModifiers, u"\uF70E");
+    EXPECT_EQ(record.events[2].charactersIgnoringModifiers, u"\r");
+}
+
+TEST_F(ApplicationEventsTest, CtrlQEndsEvenWhereTheViewWantsTheKey)
+{
+    bool wentOn = false;
+    run({[](ScriptedView& view)
+         {
+             view.wanted = u"q";
+             view.pressKey(SDLK_q, KMOD_LCTRL);
+         },
+         [&](ScriptedView&) { wentOn = true; }});
+    EXPECT_FALSE(wentOn);
+    EXPECT_THAT(record.events, IsEmpty());
+}
+
 TEST_F(ApplicationEventsTest, ReturnIsACommandOnlyWithAlt)
 {
     run({[](ScriptedView& view)

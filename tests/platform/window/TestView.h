@@ -16,6 +16,8 @@ public:
     void reshape() override { shapes.push_back(frame().size); }
     void toggleFullScreen() override { told.emplace_back("toggleFullScreen"); }
 
+    bool wantsKey(platform::Event const& key) override { return key.charactersIgnoringModifiers == wanted; }
+
     bool acceptsFirstResponder() override { return accepts; }
     bool becomeFirstResponder() override
     {
@@ -35,6 +37,7 @@ public:
 
     bool accepts = true;
     bool resigns = true;
+    std::u16string wanted; // the characters of a key that is no command here
     std::vector<std::string> told;
     std::vector<platform::Size> shapes; // one for each reshape
     std::vector<platform::Event> events;
