@@ -9,6 +9,7 @@
 #include "platform/base/Clock.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
+#include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "ui/Menu.h"
 #include "ui/MenuGame.h"
@@ -147,10 +148,20 @@ void Game::StartOrResumeRace()
 
 void Game::StartRace()
 {
+    SaveBeforeRace();
     ReplaceUniverse();
     ReadControlSettings();
     GameMusic::SetTrackVolume(GameSettings::GetFloatParam(setting::kMusicVolume));
     GameMusic::StartTrack();
+}
+
+// What the menus changed is on the disk before the race, during which nothing is saved. The race's clock does
+// not count the time that the disk takes.
+void Game::SaveBeforeRace()
+{
+    std::uint64_t const start = platform::UpTime();
+    platform::Preferences::standard().synchronize();
+    m_lastTime += platform::UpTime() - start;
 }
 
 // The old world is deleted before the new one is made: the display lists that all asteroids share exist once.

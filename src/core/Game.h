@@ -56,6 +56,7 @@ private:
     void ReadControlSettings();
     void StartOrResumeRace();
     void StartRace();
+    void SaveBeforeRace();
     void EndRace();
     void HandlePlayingEvent(GameEvent const& event);
     void HandlePausedEvent(GameEvent const& event);

@@ -150,6 +150,11 @@ bool kGLView::wantsKey(platform::Event const& key)
     return Game::pGame != nullptr && Game::pGame->WantsKey(GameEvent(new GameEventNSEvent(key)));
 }
 
+bool kGLView::needsEvenFrames()
+{
+    return Game::pGame != nullptr && Game::pGame->GetState() == kStatePlaying;
+}
+
 bool kGLView::becomeFirstResponder()
 {
     window()->setAcceptsMouseMovedEvents(true);

@@ -22,6 +22,7 @@ public:
     void reshape() override;
     void toggleFullScreen() override;
     bool wantsKey(platform::Event const& key) override;
+    bool needsEvenFrames() override;
 
     bool acceptsFirstResponder() override { return true; }
     bool becomeFirstResponder() override;

@@ -4,6 +4,7 @@
 // What the player's keys, wheel and pointer do in a race, and when their settings are read.
 #include "audio/GameSound.h"
 #include "core/Game.h"
+#include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "support/FrozenSound.h"
 #include "support/MenuProbe.h"
@@ -16,6 +17,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
 #include <numbers>
 
 namespace
@@ -122,6 +125,15 @@ TEST_F(GameControls, ABindingMatchesItsCaseOnly)
 {
     press(u"W");
     EXPECT_EQ(throttle(), 0.0F);
+}
+
+TEST_F(GameControls, WhatTheMenusChangedIsOnTheDiskBeforeARace)
+{
+    GameSettings::SetIntParam(setting::kMouseInvert, 1);
+    startRace();
+    platform::Preferences const stored(std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "quarrow" /
+                                       "settings.ini");
+    EXPECT_EQ(stored.integerForKey(setting::kMouseInvert.key), 1);
 }
 
 TEST_F(GameControls, BoundKeysAreWantedInARaceAndInItsPause)

@@ -78,6 +78,20 @@ TEST_F(Stage, TheViewTakesTheKeyboard)
     EXPECT_TRUE(view.acceptsFirstResponder());
 }
 
+TEST_F(GameStage, FramesNeedToBeEvenWhileARaceRuns)
+{
+    kGLView view;
+    EXPECT_FALSE(view.needsEvenFrames());
+    Game::pGame->SwitchToState(kStatePlaying);
+    EXPECT_TRUE(view.needsEvenFrames());
+    Game::pGame->SwitchToState(kStatePaused);
+    EXPECT_FALSE(view.needsEvenFrames());
+    Game::pGame->SwitchToState(kStatePlaying);
+    EXPECT_TRUE(view.needsEvenFrames());
+    Game::pGame->SwitchToState(kStateRaceOver);
+    EXPECT_FALSE(view.needsEvenFrames());
+}
+
 // A view with its context, in a window as the application makes it.
 class ViewInWindow : public Stage
 {

@@ -102,6 +102,13 @@ class Display:
         self.x.flush()
 
 
+def preloaded(library, **environment):
+    """The environment that loads the library into the game. A sanitizer is then not the first library, and would refuse
+    to start."""
+    return {"LD_PRELOAD": library, "ASAN_OPTIONS": "verify_asan_link_order=0:" + os.environ.get("ASAN_OPTIONS", ""),
+            **environment}
+
+
 class Picture:
     def __init__(self, data, offset, bytes_per_line):
         self._data, self._offset, self._line = data, offset, bytes_per_line
@@ -165,6 +172,11 @@ class Game:
     def maps(self):
         """The paths of the files that the process has mapped into its memory."""
         return pathlib.Path(f"/proc/{self.process.pid}/maps").read_text()
+
+    def has_raced(self):
+        """Whether a race was started: the tracks are open from the first one on."""
+        descriptors = pathlib.Path(f"/proc/{self.process.pid}/fd")
+        return any("/Music/" in os.path.realpath(descriptor) for descriptor in descriptors.iterdir())
 
     def settings(self):
         return read_settings(self.config)

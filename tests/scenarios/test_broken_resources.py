@@ -54,7 +54,7 @@ class BrokenResourcesScenario(Scenario):
             def is_racing():
                 game.point_at_item(0)
                 game.press_button()
-                return game.settings().get("MusicLastTrackIndex") == 0
+                return game.has_raced()
 
             wait_until(is_racing, "the race\n" + game.log())
             game.key("w")

@@ -5,7 +5,7 @@
 import os
 import unittest
 
-from game_window import LIGHT, Game, Scenario, wait_until
+from game_window import LIGHT, Game, Scenario, preloaded, wait_until
 
 
 class DevicesScenario(Scenario):
@@ -31,9 +31,7 @@ class DevicesScenario(Scenario):
             self.assertEqual(sum(word in line for line in game.log().splitlines()), 1, game.log())
 
     def odd_driver(self, kind):
-        """With the driver preloaded a sanitizer is not the first library, and would refuse to start."""
-        return {"LD_PRELOAD": os.environ["QUARROW_ODD_DRIVER"], "ODD_DRIVER": kind,
-                "ASAN_OPTIONS": "verify_asan_link_order=0:" + os.environ.get("ASAN_OPTIONS", "")}
+        return preloaded(os.environ["QUARROW_ODD_DRIVER"], ODD_DRIVER=kind)
 
     def test_no_opengl_is_told_and_ends(self):
         self.expect_refusal(self.open_display(opengl=False), "There is no OpenGL")

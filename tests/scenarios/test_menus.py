@@ -58,6 +58,7 @@ class MenuScenario(Scenario):
         game.wait_for_items(present=range(5))
         game.click_item(0)
         game.wait_for_items(present=[], absent=range(5))
+        game.key("Escape")
         game.wait_for_setting("MusicLastTrackIndex", 1)
 
     def test_throttle_follows_key_and_wheel(self):

@@ -54,10 +54,9 @@ void Timer::fireIfDue(std::uint64_t now)
 void RunLoop::runTimersOnce()
 {
     auto const timers = Timers(); // a copy: an action may add timers
-    std::uint64_t const now = UpTime();
     for (auto const& timer : timers)
     {
-        timer->fireIfDue(now);
+        timer->fireIfDue(UpTime());
     }
     std::erase_if(Timers(), [](auto const& timer) { return !timer->m_valid; });
 }

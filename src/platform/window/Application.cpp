@@ -8,6 +8,7 @@
 #include "platform/base/RunLoop.h"
 #include "platform/settings/Preferences.h"
 #include "platform/text/TextLayout.h"
+#include "platform/window/CommandKeys.h"
 #include "platform/window/Display.h"
 #include "platform/window/InterfaceFile.h"
 #include "platform/window/KeyTranslation.h"
@@ -50,27 +51,6 @@ void CatchEndingSignals()
     std::signal(SIGPIPE, SIG_IGN); // comes when the program that reads the log has ended
 }
 
-// A layout of another script has no such letter: there the place on the keyboard counts.
-bool IsKeyNamed(std::string const& name, SDL_Keysym const& key)
-{
-    bool const isOtherScript = key.sym > 0x7F && (key.sym & SDLK_SCANCODE_MASK) == 0;
-    return isOtherScript ? SDL_GetScancodeFromName(name.c_str()) == key.scancode
-                         : SDL_GetKeyFromName(name.c_str()) == key.sym;
-}
-
-bool Matches(KeyEquivalent const& equivalent, SDL_Keysym const& key)
-{
-    auto const held = [&key](int mask) { return (key.mod & mask) != 0; };
-    return IsKeyNamed(equivalent.key, key) && equivalent.control == held(KMOD_CTRL) &&
-           equivalent.alt == held(KMOD_ALT) && equivalent.shift == held(KMOD_SHIFT) && !held(KMOD_GUI);
-}
-
-bool HasKey(Command const& command, SDL_Keysym const& key)
-{
-    return std::ranges::any_of(command.keys,
-                               [&key](KeyEquivalent const& equivalent) { return Matches(equivalent, key); });
-}
-
 // The text that came with a key that went down: SDL queues it right behind the key.
 std::string TakeTypedText()
 {
@@ -91,6 +71,7 @@ public:
 private:
     bool loadInterface();
     bool makeWindow();
+    void save();
     void pumpEvents();
     void dispatch(SDL_Event const& event);
     static void dispatchWindowEvent(SDL_WindowEvent const& event);
@@ -146,13 +127,15 @@ bool Application::makeWindow()
     {
         return false;
     }
-    m_view->awakeFromNib();
     return true;
 }
 
 void Application::run()
 {
-    auto const saver = Timer::scheduledTimer(kSaveInterval, [] { Preferences::standard().synchronize(); });
+    // Before the view's timers: after a slow save a frame comes first, then the events that arrived
+    // meanwhile.
+    auto const saver = Timer::scheduledTimer(kSaveInterval, [this] { save(); });
+    m_view->awakeFromNib();
     while (endIsWanted == 0)
     {
         pumpEvents();
@@ -165,6 +148,14 @@ void Application::run()
     }
     saver->invalidate();
     Preferences::standard().synchronize();
+}
+
+void Application::save()
+{
+    if (!m_view->needsEvenFrames())
+    {
+        Preferences::standard().synchronize();
+    }
 }
 
 void Application::pumpEvents()

@@ -29,6 +29,9 @@ public:
     virtual void toggleFullScreen() = 0;
     virtual bool wantsKey(Event const& key) = 0; // as a key of its own, where it would be a command's
 
+    // True while nothing slow, such as a save, may come between two frames.
+    virtual bool needsEvenFrames() = 0;
+
     virtual bool acceptsFirstResponder() = 0;
     virtual bool becomeFirstResponder() = 0;
     virtual bool resignFirstResponder() = 0;

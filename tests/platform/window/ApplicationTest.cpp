@@ -126,6 +126,29 @@ TEST_F(ApplicationTest, ChangedPreferencesReachTheDiskWithinASecond)
     EXPECT_LT(saved, 1.0);
 }
 
+TEST_F(ApplicationTest, NothingIsSavedWhileTheViewNeedsEvenFrames)
+{
+    Preferences::standard().synchronize();
+    std::filesystem::remove(SettingsFile());
+    bool isSavedMeanwhile = false;
+    std::shared_ptr<Timer> look;
+    run({[&](ScriptedView& view)
+         {
+             view.stay();
+             view.isBusy = true;
+             Preferences::standard().setValue("SetInARace", 1);
+             look = Timer::scheduledTimer(1.0,
+                                          [&]
+                                          {
+                                              isSavedMeanwhile = std::filesystem::exists(SettingsFile());
+                                              std::raise(SIGTERM);
+                                          });
+         }});
+    look->invalidate();
+    EXPECT_FALSE(isSavedMeanwhile);
+    EXPECT_TRUE(std::filesystem::exists(SettingsFile())) << "the end saves";
+}
+
 // A view that fails as if the driver had no OpenGL.
 class ImpossibleView : public TestView
 {

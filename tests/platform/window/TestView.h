@@ -18,6 +18,8 @@ public:
 
     bool wantsKey(platform::Event const& key) override { return key.charactersIgnoringModifiers == wanted; }
 
+    bool needsEvenFrames() override { return isBusy; }
+
     bool acceptsFirstResponder() override { return accepts; }
     bool becomeFirstResponder() override
     {
@@ -37,6 +39,7 @@ public:
 
     bool accepts = true;
     bool resigns = true;
+    bool isBusy = false;
     std::u16string wanted; // the characters of a key that is no command here
     std::vector<std::string> told;
     std::vector<platform::Size> shapes; // one for each reshape

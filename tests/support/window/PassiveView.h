@@ -17,6 +17,7 @@ public:
     void reshape() override {}
     void toggleFullScreen() override {}
     bool wantsKey(platform::Event const&) override { return false; }
+    bool needsEvenFrames() override { return false; }
     bool acceptsFirstResponder() override { return false; }
     bool becomeFirstResponder() override { return false; }
     bool resignFirstResponder() override { return true; }
