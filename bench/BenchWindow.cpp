@@ -27,6 +27,7 @@ std::unique_ptr<BenchWindow> BenchWindow::open()
     }
     bench->m_window->setContentView(bench->m_view.get());
     bench->m_window->makeKeyAndOrderFront();
+    bench->m_view->openGLContext()->setWaitsForDisplay(false);
     return bench;
 }
 

@@ -49,14 +49,21 @@ bool IsDesktopOpenGL()
            !std::string_view(reinterpret_cast<char const*>(version)).starts_with("OpenGL ES");
 }
 
-// On some systems the interval belongs to the window, so it is set after every change of windows.
-void WaitForDisplayAtSwap()
+// The driver works at what it was given so far while this thread waits.
+void Flush()
 {
-    constexpr int kAdaptive = -1;
-    if (SDL_GL_SetSwapInterval(kAdaptive) != 0)
+    if (auto const flush = reinterpret_cast<void (*)()>(SDL_GL_GetProcAddress("glFlush")))
     {
-        SDL_GL_SetSwapInterval(1);
+        flush();
     }
+}
+
+// Of the display that shows the window now; 0 when it tells none.
+int RefreshRate(SDL_Window* window)
+{
+    SDL_DisplayMode mode{};
+    SDL_GetCurrentDisplayMode(std::max(0, SDL_GetWindowDisplayIndex(window)), &mode);
+    return mode.refresh_rate;
 }
 
 } // namespace
@@ -117,7 +124,32 @@ bool OpenGLContext::makeCurrentContext() const
 
 void OpenGLContext::flushBuffer()
 {
+    if (m_waitsForDisplay && !m_driverWaits)
+    {
+        Flush();
+        m_pace.waitForRefresh(RefreshRate(m_target));
+    }
     SDL_GL_SwapWindow(m_target);
+}
+
+void OpenGLContext::setWaitsForDisplay(bool waits)
+{
+    m_waitsForDisplay = waits;
+    setSwapInterval();
+}
+
+// The interval belongs to the window on some systems, hence after every change of windows.
+void OpenGLContext::setSwapInterval()
+{
+    constexpr int kAdaptive = -1;
+    if (m_waitsForDisplay)
+    {
+        m_driverWaits = SDL_GL_SetSwapInterval(kAdaptive) == 0 || SDL_GL_SetSwapInterval(1) == 0;
+    }
+    else
+    {
+        SDL_GL_SetSwapInterval(0);
+    }
 }
 
 bool OpenGLContext::drawInto(SDL_Window* window)
@@ -127,7 +159,7 @@ bool OpenGLContext::drawInto(SDL_Window* window)
         return false;
     }
     m_target = window;
-    WaitForDisplayAtSwap();
+    setSwapInterval();
     return true;
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/window/Display.h"
+#include "platform/window/FramePace.h"
 
 #include <memory>
 
@@ -35,8 +36,12 @@ public:
 
     bool makeCurrentContext() const;
 
-    // Presents the back buffer of the window that shows the view. Waits for the display where the driver can.
+    // Presents the back buffer of the window that shows the view, at the display's next refresh: where the
+    // driver cannot wait for that, by the clock.
     void flushBuffer();
+
+    // Off: flushBuffer() waits for nothing, which measurements need. On at first.
+    void setWaitsForDisplay(bool waits);
 
     // Draws into that window from now on, and is current. False when the driver refuses; it then draws where
     // it drew before.
@@ -53,10 +58,14 @@ private:
 
     OpenGLContext();
     bool make(PixelFormat format, int depthSize);
+    void setSwapInterval();
 
     RawWindow m_home; // never shown; a context needs a window even while none shows its view
     std::unique_ptr<void, Deleter> m_context;
     SDL_Window* m_target = nullptr;
+    bool m_waitsForDisplay = true;
+    bool m_driverWaits = false;
+    FramePace m_pace;
 };
 
 } // namespace platform

@@ -4,6 +4,7 @@
 // Real windows on a display without a window manager, and the one context that draws into them.
 #include "platform/window/Window.h"
 
+#include "platform/base/Clock.h"
 #include "platform/base/OpenGL.h"
 #include "platform/window/GLContext.h"
 #include "platform/window/TestView.h"
@@ -33,6 +34,16 @@ SDL_Window* Underlying(Window const& window)
 bool IsShown(Window const& window)
 {
     return (SDL_GetWindowFlags(Underlying(window)) & SDL_WINDOW_SHOWN) != 0;
+}
+
+double SecondsOfFrames(TestView const& view, int count)
+{
+    std::uint64_t const begin = platform::UpTime();
+    for (int i = 0; i < count; ++i)
+    {
+        view.openGLContext()->flushBuffer();
+    }
+    return platform::SecondsBetween(begin, platform::UpTime());
 }
 
 // A view in a titled window.
@@ -65,6 +76,20 @@ protected:
     TestView m_view;
     std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
 };
+
+// Software OpenGL has no swap interval, and the virtual display tells no rate.
+TEST_F(WindowTest, FramesAreSixtyASecondWhereTheDriverDoesNotWait)
+{
+    showWindowed();
+    EXPECT_GE(SecondsOfFrames(m_view, 20), 18.9 / 60.0);
+}
+
+TEST_F(WindowTest, FramesCanBeShownWithoutWaiting)
+{
+    m_view.openGLContext()->setWaitsForDisplay(false);
+    showWindowed();
+    EXPECT_LT(SecondsOfFrames(m_view, 60), 59.0 / 60.0);
+}
 
 TEST_F(WindowTest, IdentifierLeadsBackToTheWindow)
 {
