@@ -191,6 +191,15 @@ void Game::EndRace()
     m_universe->SetCockpitVisible(false);
 }
 
+void Game::PauseRace()
+{
+    if (m_state == kStatePlaying)
+    {
+        SwitchToState(kStatePaused);
+        m_universe->Pause();
+    }
+}
+
 void Game::Tick()
 {
     std::uint64_t const now = platform::UpTime();
@@ -255,8 +264,7 @@ void Game::HandlePlayingEvent(GameEvent const& event)
     }
     if (event.IsKey(m_keyPause))
     {
-        SwitchToState(kStatePaused);
-        m_universe->Pause();
+        PauseRace();
     }
     else if (float const step = ThrottleStep(event); step != 0.0F)
     {

@@ -37,6 +37,9 @@ public:
     // All changes of state go through here.
     void SwitchToState(GameState newState);
 
+    // As by the pause key; outside a race that runs it does nothing.
+    void PauseRace();
+
     void Tick();
     void Render(int width, int height); // pixels
     void HandleEvent(GameEvent const* event);

@@ -61,6 +61,10 @@ void kGLView::drawFrame()
         FirstFrame();
     }
     Game::pGame->Tick();
+    if (window()->isMiniaturized())
+    {
+        return;
+    }
     Game::pGame->Render(PixelsWide(), PixelsHigh());
     openGLContext()->flushBuffer();
 }
@@ -153,6 +157,14 @@ bool kGLView::wantsKey(platform::Event const& key)
 bool kGLView::needsEvenFrames()
 {
     return Game::pGame != nullptr && Game::pGame->GetState() == kStatePlaying;
+}
+
+void kGLView::playerDidLeave()
+{
+    if (Game::pGame != nullptr)
+    {
+        Game::pGame->PauseRace();
+    }
 }
 
 bool kGLView::becomeFirstResponder()

@@ -23,6 +23,7 @@ public:
     void toggleFullScreen() override;
     bool wantsKey(platform::Event const& key) override;
     bool needsEvenFrames() override;
+    void playerDidLeave() override;
 
     bool acceptsFirstResponder() override { return true; }
     bool becomeFirstResponder() override;

@@ -239,6 +239,23 @@ TEST_F(GameInARace, ThePauseKeyFreezesTheRace)
     EXPECT_TRUE(musicPlays());
 }
 
+TEST_F(GameInARace, PausedByOtherThanTheKeyItStaysPaused)
+{
+    game().PauseRace();
+    game().PauseRace();
+    EXPECT_EQ(game().GetState(), kStatePaused);
+    EXPECT_NE(probe::Current<MenuPaused>(), nullptr);
+    EXPECT_TRUE(world().IsPaused());
+}
+
+TEST_F(GameTest, OutsideARaceThereIsNothingToPause)
+{
+    game().PauseRace();
+    EXPECT_EQ(game().GetState(), kStateMenu);
+    EXPECT_EQ(probe::Current<MenuPaused>(), nullptr);
+    EXPECT_FALSE(world().IsPaused());
+}
+
 TEST_F(GameInARace, SwitchingToPausedAloneDoesNotPauseTheWorld)
 {
     game().SwitchToState(kStatePaused);

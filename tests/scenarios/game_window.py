@@ -102,10 +102,11 @@ class Display:
         self.x.flush()
 
 
-def preloaded(library, **environment):
-    """The environment that loads the library into the game. A sanitizer is then not the first library, and would refuse
-    to start."""
-    return {"LD_PRELOAD": library, "ASAN_OPTIONS": "verify_asan_link_order=0:" + os.environ.get("ASAN_OPTIONS", ""),
+def preloaded(*names, **environment):
+    """The environment that loads those of programs/ into the game. A sanitizer is then not the first library, and would
+    refuse to start."""
+    libraries = [os.path.join(os.environ["QUARROW_PRELOADS"], name + ".so") for name in names]
+    return {"LD_PRELOAD": ":".join(libraries), "ASAN_OPTIONS": "verify_asan_link_order=0:" + os.environ.get("ASAN_OPTIONS", ""),
             **environment}
 
 

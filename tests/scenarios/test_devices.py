@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: MIT
 """Displays, drivers and sound devices that lack something: a clear message, or quiet play."""
 
-import os
 import unittest
 
 from game_window import LIGHT, Game, Scenario, preloaded, wait_until
@@ -31,7 +30,7 @@ class DevicesScenario(Scenario):
             self.assertEqual(sum(word in line for line in game.log().splitlines()), 1, game.log())
 
     def odd_driver(self, kind):
-        return preloaded(os.environ["QUARROW_ODD_DRIVER"], ODD_DRIVER=kind)
+        return preloaded("OddDriver", ODD_DRIVER=kind)
 
     def test_no_opengl_is_told_and_ends(self):
         self.expect_refusal(self.open_display(opengl=False), "There is no OpenGL")

@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: MIT
 """A disk that takes half a second for each sync: a race never waits for it, and a kill costs at most what the race stored."""
 
-import os
 import re
 import time
 import unittest
@@ -19,7 +18,7 @@ class SlowDiskScenario(Scenario):
         self.display = self.open_display()
 
     def start(self):
-        game = Game(self.display, self.home, environment=preloaded(os.environ["QUARROW_SLOW_DISK"]))
+        game = Game(self.display, self.home, environment=preloaded("SlowDisk", "FrameLog"))
         self.addCleanup(game.__exit__)
         game.wait_for_items(present=range(5))
         return game

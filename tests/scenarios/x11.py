@@ -52,7 +52,8 @@ class Connection:
     def __init__(self, name):
         self._x, self._test = _library("X11"), _library("Xtst")
         self._x.XOpenDisplay.restype = ctypes.c_void_p
-        for function in (self._x.XInternAtom, self._x.XStringToKeysym, self._x.XDefaultRootWindow):
+        for function in (self._x.XInternAtom, self._x.XStringToKeysym, self._x.XDefaultRootWindow,
+                         self._x.XCreateSimpleWindow, self._x.XGetSelectionOwner):
             function.restype = ctypes.c_ulong
         self._x.XSetErrorHandler(_IGNORE_ERRORS)
         self._display = ctypes.c_void_p(self._x.XOpenDisplay(name.encode()))
@@ -129,10 +130,7 @@ class Connection:
 
     def press_close_button(self, window):
         """What a window manager sends when its close button is clicked."""
-        event = _ClientMessage()
-        event.type, event.format = self._CLIENT_MESSAGE, 32
-        event.window = window
-        event.message_type = self._atom("WM_PROTOCOLS").value
+        event = self._message(window, "WM_PROTOCOLS")
         event.data[0] = self._atom("WM_DELETE_WINDOW").value
         self._x.XSendEvent(self._display, ctypes.c_ulong(window), 0, ctypes.c_long(0), ctypes.byref(event))
 
@@ -145,6 +143,41 @@ class Connection:
     def focus(self, window):
         """Gives the keyboard to a window; 0 gives it to none."""
         self._x.XSetInputFocus(self._display, ctypes.c_ulong(window), self._REVERT_TO_PARENT, ctypes.c_ulong(0))
+
+    def focused(self):
+        """The window that has the keyboard."""
+        window, revert_to = ctypes.c_ulong(), ctypes.c_int()
+        self._x.XGetInputFocus(self._display, ctypes.byref(window), ctypes.byref(revert_to))
+        return window.value
+
+    def show_other_window(self):
+        """Opens a small window in the corner, and gives it the keyboard. Returns it."""
+        window = self._x.XCreateSimpleWindow(self._display, self._root, 0, 0, 40, 40, 0, ctypes.c_ulong(0),
+                                             ctypes.c_ulong(0))
+        self._x.XMapRaised(self._display, ctypes.c_ulong(window))
+        self.flush()
+        self.focus(window)
+        return window
+
+    def has_window_manager(self):
+        return self._x.XGetSelectionOwner(self._display, self._atom("WM_S0")) != 0
+
+    def minimise(self, window):
+        self._x.XIconifyWindow(self._display, ctypes.c_ulong(window), 0)
+
+    def activate(self, window):
+        """What a task bar asks the window manager for: the window is shown, and gets the keyboard."""
+        event = self._message(window, "_NET_ACTIVE_WINDOW")
+        event.data[0] = 2  # from a pager
+        redirect_and_notify = ctypes.c_long((1 << 20) | (1 << 19))
+        self._x.XSendEvent(self._display, self._root, 0, redirect_and_notify, ctypes.byref(event))
+
+    def _message(self, window, kind):
+        event = _ClientMessage()
+        event.type, event.format = self._CLIENT_MESSAGE, 32
+        event.window = window
+        event.message_type = self._atom(kind).value
+        return event
 
     def _atom(self, name):
         return ctypes.c_ulong(self._x.XInternAtom(self._display, name.encode(), 0))

@@ -12,6 +12,7 @@
 #include "platform/window/Display.h"
 #include "platform/window/InterfaceFile.h"
 #include "platform/window/KeyTranslation.h"
+#include "platform/window/KeyboardWatch.h"
 #include "platform/window/MouseTranslation.h"
 #include "platform/window/OpenGLView.h"
 #include "platform/window/Window.h"
@@ -33,6 +34,7 @@ namespace
 constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
 constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
+constexpr int kRest = 50;               // milliseconds between two passes while the window is minimised
 
 // Process-wide, because a signal handler can reach nothing else.
 volatile std::sig_atomic_t endIsWanted = 0;
@@ -72,9 +74,10 @@ private:
     bool loadInterface();
     bool makeWindow();
     void save();
+    void waitForNextPass();
     void pumpEvents();
     void dispatch(SDL_Event const& event);
-    static void dispatchWindowEvent(SDL_WindowEvent const& event);
+    void dispatchWindowEvent(SDL_WindowEvent const& event);
     static void dispatchMouse(SDL_Event const& event);
     void dispatchKeyDown(SDL_KeyboardEvent const& event);
     bool performCommand(SDL_KeyboardEvent const& event, Event const& key);
@@ -82,6 +85,7 @@ private:
     InterfaceFile m_interface;
     std::unique_ptr<OpenGLView> m_view;
     std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
+    KeyboardWatch m_keyboardWatch;
 };
 
 bool Application::load()
@@ -141,9 +145,12 @@ void Application::run()
         pumpEvents();
         if (endIsWanted == 0)
         {
+            if (m_keyboardWatch.hasLostKeyboard())
+            {
+                m_view->playerDidLeave();
+            }
             RunLoop::runTimersOnce();
-            double const wait = std::min(RunLoop::secondsUntilNextTimer(), kLongestSleep);
-            std::this_thread::sleep_for(std::chrono::duration<double>(wait));
+            waitForNextPass();
         }
     }
     saver->invalidate();
@@ -156,6 +163,19 @@ void Application::save()
     {
         Preferences::standard().synchronize();
     }
+}
+
+// While the window is minimised only an event ends the rest early.
+void Application::waitForNextPass()
+{
+    Window const* const window = m_view->window();
+    if (window != nullptr && window->isMiniaturized())
+    {
+        SDL_WaitEventTimeout(nullptr, kRest);
+        return;
+    }
+    double const wait = std::min(RunLoop::secondsUntilNextTimer(), kLongestSleep);
+    std::this_thread::sleep_for(std::chrono::duration<double>(wait));
 }
 
 void Application::pumpEvents()
@@ -193,6 +213,10 @@ void Application::dispatchWindowEvent(SDL_WindowEvent const& event)
         Terminate();
     }
     Window* const window = Window::withIdentifier(event.windowID);
+    if (event.event == SDL_WINDOWEVENT_MINIMIZED && window == m_view->window())
+    {
+        m_view->playerDidLeave();
+    }
     if (event.event == SDL_WINDOWEVENT_SIZE_CHANGED && window != nullptr)
     {
         window->drawableSizeChanged();

@@ -32,6 +32,9 @@ public:
     // True while nothing slow, such as a save, may come between two frames.
     virtual bool needsEvenFrames() = 0;
 
+    // The window was minimised, or another program has the keyboard now.
+    virtual void playerDidLeave() = 0;
+
     virtual bool acceptsFirstResponder() = 0;
     virtual bool becomeFirstResponder() = 0;
     virtual bool resignFirstResponder() = 0;

@@ -149,6 +149,11 @@ void Window::orderOut()
     SDL_HideWindow(m_window.get());
 }
 
+bool Window::isMiniaturized() const
+{
+    return (SDL_GetWindowFlags(m_window.get()) & SDL_WINDOW_MINIMIZED) != 0;
+}
+
 bool Window::makeFirstResponder(OpenGLView* view)
 {
     if (view == m_firstResponder)

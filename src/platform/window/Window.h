@@ -46,6 +46,9 @@ public:
     void makeKeyAndOrderFront();
     void orderOut(); // hides it
 
+    // Minimised by the player, or on a desktop that is not shown.
+    bool isMiniaturized() const;
+
     // Gives the view the keyboard; null takes it from all. True when the view accepted. The view that loses
     // the keyboard is asked to resign first.
     bool makeFirstResponder(OpenGLView* view);

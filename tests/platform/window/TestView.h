@@ -15,6 +15,7 @@ public:
     void awakeFromNib() override { told.emplace_back("awakeFromNib"); }
     void reshape() override { shapes.push_back(frame().size); }
     void toggleFullScreen() override { told.emplace_back("toggleFullScreen"); }
+    void playerDidLeave() override { told.emplace_back("playerDidLeave"); }
 
     bool wantsKey(platform::Event const& key) override { return key.charactersIgnoringModifiers == wanted; }
 

@@ -18,6 +18,7 @@ public:
     void toggleFullScreen() override {}
     bool wantsKey(platform::Event const&) override { return false; }
     bool needsEvenFrames() override { return false; }
+    void playerDidLeave() override {}
     bool acceptsFirstResponder() override { return false; }
     bool becomeFirstResponder() override { return false; }
     bool resignFirstResponder() override { return true; }

@@ -1,0 +1,128 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 the Quarrow team
+# SPDX-License-Identifier: MIT
+"""The player minimises the window or turns to another one, beside a window manager."""
+
+import os
+import pathlib
+import subprocess
+import time
+import unittest
+
+from game_window import Game, Scenario, preloaded, wait_until
+
+MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
+
+PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
+MAIN_MENU = {"present": range(5), "absent": [5, 6]}
+
+
+class LeavingScenario(Scenario):
+    def setUp(self):
+        super().setUp()
+        self.display = self.open_display()
+        manager = subprocess.Popen(["openbox", "--sm-disable"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   env={"DISPLAY": self.display.name, "HOME": str(self.home), "PATH": "/usr/bin:/bin"})
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.terminate)
+        wait_until(self.display.x.has_window_manager, "the window manager")
+        self.game = Game(self.display, self.home, environment=preloaded("FrameLog"))
+        self.addCleanup(self.game.__exit__)
+        self.game.wait_for_items(**MAIN_MENU)
+        wait_until(lambda: self.display.x.focused() == self.display.window().identifier, "the keyboard's focus")
+
+    def click_item(self, item):
+        """Moves the pointer away afterwards, hardly beside the middle: its light arrow is in the picture."""
+        self.game.click_item(item)
+        self.game.point_at(600, 340)
+
+    def start_race(self):
+        self.click_item(0)
+        self.game.wait_for_items(present=[], absent=range(5))
+        self.add_thrust()
+
+    def add_thrust(self):
+        """Which only a race that runs allows."""
+        before = self.game.throttle_pixels()
+        self.game.key("w")
+        wait_until(lambda: self.game.throttle_pixels() > before, lambda: "more thrust\n" + self.game.log())
+
+    def minimise(self):
+        """Returns the window, which is no longer to be seen."""
+        window = self.display.window().identifier
+        self.display.x.minimise(window)
+        wait_until(lambda: not self.is_shown(window), "a minimised window")
+        return window
+
+    def is_shown(self, window):
+        return any(shown.identifier == window for shown in self.display.x.titled_windows())
+
+    def activate(self, window):
+        self.display.x.activate(window)
+        wait_until(lambda: self.is_shown(window), "the window")
+
+    def expect_to_stay(self, items):
+        self.game.wait_for_items(**items)
+        self.let_pass_half_a_second()
+        self.game.wait_for_items(**items)
+
+    def let_pass_half_a_second(self):
+        end = time.monotonic() + 0.5
+        wait_until(lambda: time.monotonic() > end, "half a second")
+
+    def test_minimised_race_is_paused_until_the_player_goes_on(self):
+        self.start_race()
+        self.activate(self.minimise())
+        self.expect_to_stay(PAUSE_MENU)
+        self.game.key("Escape")
+        self.add_thrust()
+
+    def test_race_is_paused_while_another_window_has_the_keyboard(self):
+        self.start_race()
+        window = self.display.window().identifier
+        self.display.x.show_other_window()
+        self.game.wait_for_items(**PAUSE_MENU)
+        self.activate(window)
+        self.expect_to_stay(PAUSE_MENU)
+        self.click_item(0)
+        self.add_thrust()
+
+    def test_full_screen_and_back_is_no_leaving(self):
+        self.start_race()
+        for full_screen in (0, 1, 0, 1):
+            self.game.key("F11")
+            wait_until(lambda: self.game.window()[2:] == ((1280, 720) if full_screen else (1024, 768)),
+                       "the other window")
+        self.let_pass_half_a_second()
+        self.add_thrust()
+
+    def processor_time(self):
+        """Seconds that the game has worked so far, on all threads."""
+        fields = pathlib.Path(f"/proc/{self.game.process.pid}/stat").read_text().rsplit(")", 1)[1].split()
+        return sum(int(field) for field in fields[11:13]) / os.sysconf("SC_CLK_TCK")
+
+    def frames(self):
+        return self.game.log().count("frame ")
+
+    def test_minimised_window_rests(self):
+        window = self.minimise()
+        self.let_pass_half_a_second()
+        frames, work, start = self.frames(), self.processor_time(), time.monotonic()
+        while time.monotonic() < start + 2:
+            self.let_pass_half_a_second()
+        share = (self.processor_time() - work) / (time.monotonic() - start)
+        print(f"{share:.1%} of a core")
+        self.assertEqual(self.frames(), frames)
+        self.assertLess(share, MOST_WORK)
+        self.activate(window)
+        self.game.wait_for_items(**MAIN_MENU)
+
+    def test_menus_stay_as_they_are(self):
+        self.click_item(2)
+        self.activate(self.minimise())
+        self.display.x.show_other_window()
+        self.expect_to_stay({"present": range(4), "absent": [4, 5]})
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
