@@ -83,8 +83,10 @@ private:
     bool performCommand(SDL_KeyboardEvent const& event, Event const& key);
 
     InterfaceFile m_interface;
+    // Destroyed after the view, which may own another window: while that closes, SDL 2.26 on Wayland still
+    // uses every window that was ever shown.
+    std::unique_ptr<Window> m_window;
     std::unique_ptr<OpenGLView> m_view;
-    std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
     KeyboardWatch m_keyboardWatch;
 };
 

@@ -18,7 +18,7 @@ class Window;
 class OpenGLView
 {
 public:
-    virtual ~OpenGLView() = default;
+    virtual ~OpenGLView();
     OpenGLView(OpenGLView const&) = delete;
     OpenGLView& operator=(OpenGLView const&) = delete;
 
@@ -51,12 +51,7 @@ public:
 protected:
     OpenGLView() = default;
 
-    bool initWithPixelFormat(Rect frame, PixelFormat format)
-    {
-        m_frame.size = frame.size;
-        m_context = OpenGLContext::initWithFormat(format);
-        return m_context != nullptr;
-    }
+    bool initWithPixelFormat(Rect frame, PixelFormat format);
 
 private:
     friend class Window;

@@ -65,10 +65,11 @@ public:
     // From the desktop's units, origin at the top left, to pixels, origin at the bottom left.
     Point pixelsFromWindow(int x, int y) const;
 
+    void releaseView(); // shows nothing from now on
+
 private:
     explicit Window(RawWindow window);
     static std::unique_ptr<Window> wrap(RawWindow window);
-    void releaseView();
 
     RawWindow m_window;
     OpenGLView* m_view = nullptr;
