@@ -6,14 +6,14 @@
 #include "platform/base/Locale.h"
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
+#include "platform/input/KeyTranslation.h"
+#include "platform/input/MouseTranslation.h"
 #include "platform/settings/Preferences.h"
 #include "platform/text/TextLayout.h"
 #include "platform/window/CommandKeys.h"
 #include "platform/window/Display.h"
 #include "platform/window/InterfaceFile.h"
-#include "platform/window/KeyTranslation.h"
 #include "platform/window/KeyboardWatch.h"
-#include "platform/window/MouseTranslation.h"
 #include "platform/window/OpenGLView.h"
 #include "platform/window/Window.h"
 
@@ -34,7 +34,7 @@ namespace
 constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
 constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
-constexpr int kRest = 50;               // milliseconds between two passes while the window is minimised
+constexpr int kRest = 50;              // milliseconds between two passes while the window is minimised
 
 // Process-wide, because a signal handler can reach nothing else.
 volatile std::sig_atomic_t endIsWanted = 0;
@@ -227,8 +227,12 @@ void Application::dispatchMouse(SDL_Event const& event)
 {
     Window* const window =
         Window::withIdentifier(event.motion.windowID); // the same offset in all three kinds
-    auto const translated = window != nullptr ? TranslateMouse(event, *window) : std::nullopt;
-    if (translated)
+    if (window == nullptr)
+    {
+        return;
+    }
+    auto const pixels = [window](int x, int y) { return window->pixelsFromWindow(x, y); };
+    if (auto const translated = TranslateMouse(event, pixels))
     {
         window->sendEvent(*translated);
     }

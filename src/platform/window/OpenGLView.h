@@ -5,7 +5,7 @@
 #pragma once
 
 #include "platform/base/Geometry.h"
-#include "platform/window/Event.h"
+#include "platform/input/Event.h"
 #include "platform/window/OpenGLContext.h"
 
 #include <memory>
