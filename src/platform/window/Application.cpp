@@ -6,6 +6,7 @@
 #include "platform/base/Locale.h"
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
+#include "platform/input/Gamepads.h"
 #include "platform/settings/Preferences.h"
 #include "platform/text/TextLayout.h"
 #include "platform/window/Display.h"
@@ -32,6 +33,7 @@ namespace
 constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
 constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
+constexpr double kPadInterval = 0.005; // seconds between two looks at the gamepads
 constexpr int kRest = 50;              // milliseconds between two passes while the window is minimised
 
 // Process-wide, because a signal handler can reach nothing else.
@@ -64,6 +66,7 @@ private:
     bool makeWindow();
     void save();
     void waitForNextPass();
+    void pollGamepads();
     void pumpEvents();
 
     InterfaceFile m_interface;
@@ -71,6 +74,7 @@ private:
     std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
     EventDispatcher m_dispatcher{*m_view, m_interface.commands};
     KeyboardWatch m_keyboardWatch;
+    std::unique_ptr<Gamepads> m_gamepads; // null until the first frame was drawn
 };
 
 bool Application::load()
@@ -125,6 +129,8 @@ void Application::run()
     // meanwhile.
     auto const saver = Timer::scheduledTimer(kSaveInterval, [this] { save(); });
     m_view->awakeFromNib();
+    // Behind the view's timers: the first frame is drawn before anything looks for pads.
+    auto const pads = Timer::scheduledTimer(kPadInterval, [this] { pollGamepads(); });
     while (endIsWanted == 0)
     {
         pumpEvents();
@@ -138,6 +144,7 @@ void Application::run()
             waitForNextPass();
         }
     }
+    pads->invalidate();
     saver->invalidate();
     Preferences::standard().synchronize();
 }
@@ -163,12 +170,25 @@ void Application::waitForNextPass()
     std::this_thread::sleep_for(std::chrono::duration<double>(wait));
 }
 
+void Application::pollGamepads()
+{
+    if (!m_gamepads)
+    {
+        m_gamepads = std::make_unique<Gamepads>(*m_view);
+    }
+    Gamepads::poll();
+}
+
 void Application::pumpEvents()
 {
     SDL_Event event;
     while (endIsWanted == 0 && SDL_PollEvent(&event) != 0)
     {
         m_dispatcher.dispatch(event);
+        if (m_gamepads)
+        {
+            m_gamepads->dispatch(event);
+        }
     }
 }
 
