@@ -8,6 +8,7 @@
 #include "platform/base/OpenGL.h"
 #include "platform/window/Display.h"
 #include "settings/GameSettings.h"
+#include "ui/Menu.h"
 #include "world/view/Scene.h"
 
 namespace
@@ -165,6 +166,19 @@ void kGLView::playerDidLeave()
     {
         Game::pGame->PauseRace();
     }
+}
+
+std::u16string kGLView::keyFor(platform::Control control)
+{
+    return Game::pGame != nullptr ? Game::pGame->KeyFor(control) : std::u16string();
+}
+
+// A race that was continued by a key has its menu still, which is not shown.
+std::optional<platform::Point> kGLView::clickPlace(int step)
+{
+    bool const isMenuShown = Game::pGame != nullptr && Game::pGame->GetState() != kStatePlaying;
+    Menu const* const menu = isMenuShown ? Menu::GetCurrent() : nullptr;
+    return menu != nullptr ? menu->ClickPlace(step) : std::nullopt;
 }
 
 bool kGLView::becomeFirstResponder()

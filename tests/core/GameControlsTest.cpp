@@ -4,6 +4,7 @@
 // What the player's keys, wheel and pointer do in a race, and when their settings are read.
 #include "audio/GameSound.h"
 #include "core/Game.h"
+#include "platform/input/Responder.h"
 #include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "support/FrozenSound.h"
@@ -23,6 +24,8 @@
 
 namespace
 {
+
+using platform::Control;
 
 // In a race.
 class GameControls : public GameStage
@@ -163,6 +166,22 @@ TEST_F(GameControls, EveryKeyIsWantedWhileAMenuWaitsForOne)
     EXPECT_TRUE(wants(u"\uF70E"));
     press(u"\uF70E");
     EXPECT_FALSE(wants(u"\uF70E"));
+}
+
+TEST_F(GameControls, ARaceTellsItsKeysAndAPauseOnlyItsOwn)
+{
+    GameSettings::SetUniCharParam(setting::kKeyThrustUp, 0xF700);
+    startRace();
+    EXPECT_EQ(game().KeyFor(Control::ThrottleUp), u"\uF700");
+    EXPECT_EQ(game().KeyFor(Control::ThrottleDown), u"s");
+    EXPECT_EQ(game().KeyFor(Control::Pause), u"\x1B");
+    game().PauseRace();
+    EXPECT_EQ(game().KeyFor(Control::ThrottleUp), u"");
+    EXPECT_EQ(game().KeyFor(Control::ThrottleDown), u"");
+    EXPECT_EQ(game().KeyFor(Control::Pause), u"\x1B");
+    game().SwitchToState(kStateMenu);
+    EXPECT_EQ(game().KeyFor(Control::ThrottleUp), u"");
+    EXPECT_EQ(game().KeyFor(Control::Pause), u"");
 }
 
 TEST_F(GameControls, BindingsAreReadWhenARaceStarts)

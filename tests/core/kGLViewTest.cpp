@@ -13,6 +13,7 @@
 #include "support/Stage.h"
 #include "support/window/EventFactory.h"
 #include "support/window/FakeApplication.h"
+#include "ui/MenuGame.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -90,6 +91,29 @@ TEST_F(GameStage, FramesNeedToBeEvenWhileARaceRuns)
     EXPECT_TRUE(view.needsEvenFrames());
     Game::pGame->SwitchToState(kStateRaceOver);
     EXPECT_FALSE(view.needsEvenFrames());
+}
+
+TEST_F(GameStage, ThePlacesToClickAreThoseOfTheMenuThatIsShown)
+{
+    kGLView view;
+    EXPECT_EQ(view.clickPlace(0), std::nullopt) << "nothing is highlighted";
+    EXPECT_NE(view.clickPlace(1), std::nullopt);
+    Game::pGame->SwitchToState(kStatePlaying);
+    EXPECT_EQ(view.clickPlace(1), std::nullopt) << "there is a menu, but a race is shown";
+    EXPECT_EQ(view.keyFor(platform::Control::ThrottleUp), u"w");
+    Menu::ClearCurrent();
+    EXPECT_EQ(view.clickPlace(1), std::nullopt);
+    Game::pGame->PauseRace();
+    EXPECT_NE(view.clickPlace(1), std::nullopt);
+}
+
+TEST_F(Stage, BeforeTheFirstFrameThereIsNoKeyAndNoPlace)
+{
+    kGLView view;
+    Menu::SetCurrent(new MenuMain);
+    EXPECT_EQ(view.keyFor(platform::Control::Pause), u"");
+    EXPECT_EQ(view.clickPlace(1), std::nullopt);
+    Menu::ClearCurrent();
 }
 
 // A view with its context, in a window as the application makes it.

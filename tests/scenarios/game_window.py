@@ -143,7 +143,7 @@ THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
 class Game:
     """One run of the program. Use it in a with statement."""
 
-    def __init__(self, display, home, environment=None, expect_start=True, program=None):
+    def __init__(self, display, home, environment=None, expect_start=True, program=None, stdin=subprocess.DEVNULL):
         self.display = display
         self.home = pathlib.Path(home)
         self.config = self.home / ".config" / "quarrow" / "settings.ini"
@@ -155,7 +155,7 @@ class Game:
         env.update(environment or {})
         with open(self._log_path, "wb") as log:
             self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"]], env=env, stdout=log,
-                                            stderr=log, stdin=subprocess.DEVNULL)
+                                            stderr=log, stdin=stdin)
         if expect_start:
             wait_until(lambda: "Alpha bits" in self.log(), lambda: "the game's first frame\n" + self.log())
 
@@ -192,6 +192,17 @@ class Game:
     def wait_exit(self):
         """The exit status."""
         return self.process.wait(timeout=WAIT_LIMIT)
+
+    def processor_time(self):
+        """Seconds that the game has worked so far, on all threads."""
+        fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rsplit(")", 1)[1].split()
+        return sum(int(field) for field in fields[11:13]) / os.sysconf("SC_CLK_TCK")
+
+    def share_of_a_core(self):
+        """What the game works on in the next two seconds."""
+        work, start = self.processor_time(), time.monotonic()
+        wait_until(lambda: time.monotonic() > start + 2, "two seconds")
+        return (self.processor_time() - work) / (time.monotonic() - start)
 
     def end(self, how=signal.SIGTERM):
         self.process.send_signal(how)
@@ -311,6 +322,13 @@ class Scenario(unittest.TestCase):
         display = Display(**options)
         self.addCleanup(display.close)
         return display
+
+    def start_window_manager(self, display):
+        manager = subprocess.Popen(["openbox", "--sm-disable"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   env={"DISPLAY": display.name, "HOME": str(self.home), "PATH": "/usr/bin:/bin"})
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.terminate)
+        wait_until(display.x.has_window_manager, "the window manager")
 
     def write_settings(self, text):
         """text: a line for each key."""

@@ -6,8 +6,8 @@
 #pragma once
 
 #include "platform/base/Geometry.h"
+#include "platform/input/Event.h"
 #include "platform/window/Display.h"
-#include "platform/window/Event.h"
 
 #include <memory>
 #include <string>

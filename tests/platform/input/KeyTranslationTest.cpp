@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "platform/window/KeyTranslation.h"
+#include "platform/input/KeyTranslation.h"
 
-#include "platform/window/KeyCodes.h"
+#include "platform/input/KeyCodes.h"
 
 #include <gtest/gtest.h>
 
