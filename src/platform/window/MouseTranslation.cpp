@@ -4,8 +4,6 @@
 
 #include "platform/window/Window.h"
 
-#include <cmath>
-
 namespace platform
 {
 
@@ -14,13 +12,13 @@ namespace
 
 Event Moved(SDL_MouseMotionEvent const& motion, Window const& window)
 {
-    Point const origin = window.pixelsFromWindow(0, 0);
-    Point const step = window.pixelsFromWindow(motion.xrel, motion.yrel);
+    Point const here = window.pixelsFromWindow(motion.x, motion.y);
+    Point const before = window.pixelsFromWindow(motion.x - motion.xrel, motion.y - motion.yrel);
     Event event;
     event.type = EventType::MouseMoved;
-    event.locationInWindow = window.pixelsFromWindow(motion.x, motion.y);
-    event.mouseDeltaX = static_cast<int>(std::lround(step.x - origin.x));
-    event.mouseDeltaY = static_cast<int>(std::lround(origin.y - step.y));
+    event.locationInWindow = here;
+    event.mouseDeltaX = static_cast<int>(here.x - before.x);
+    event.mouseDeltaY = static_cast<int>(before.y - here.y);
     return event;
 }
 

@@ -22,7 +22,7 @@ public:
     OpenGLView(OpenGLView const&) = delete;
     OpenGLView& operator=(OpenGLView const&) = delete;
 
-    // frame: the content rectangle in pixels. False when the view cannot be made.
+    // frame: the content rectangle in the game's pixels. False when the view cannot be made.
     virtual bool initWithFrame(Rect frame) = 0;
     virtual void awakeFromNib() = 0; // the interface file is loaded, the window made
     virtual void reshape() = 0;      // the frame's size has changed
@@ -43,7 +43,7 @@ public:
     virtual void mouseUp(Event const& event) = 0; // left button
     virtual void scrollWheel(Event const& event) = 0;
 
-    // Size in pixels of the drawable that shows the view; origin always (0, 0).
+    // Size in the game's pixels of the window that shows the view; origin always (0, 0).
     Rect frame() const { return m_frame; }
     Window* window() const { return m_window; }
     OpenGLContext* openGLContext() const { return m_context.get(); }
