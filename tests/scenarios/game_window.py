@@ -278,9 +278,11 @@ class Game:
         return self.picture().count(row, WHITE) // self._scale ** 2
 
     def throttle_pixels(self):
-        """How many pixels of a full screen the throttle's bar fills."""
-        width, height = self.display.width, self.display.height
-        return self.picture().count((width * 11 // 32, height * 7 // 8, width * 5 // 32, height // 9), THRUST)
+        """How many of the display's pixels the throttle's bar fills."""
+        left, top, width, height = self.window()
+        size = height // 9
+        box = (left + width // 2 - 5 * size // 2, top + height - 9 * size // 8, 5 * size // 2, size)
+        return self.picture().count(box, THRUST)
 
     def wait_for_items(self, present, absent=()):
         """Waits for a menu that has the items present and none of the items absent."""

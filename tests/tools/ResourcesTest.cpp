@@ -17,6 +17,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <numbers>
 
 namespace
 {
@@ -124,7 +125,7 @@ double GroundDifference(Picture const& picture, int firstRow, int rowCount)
     double sum = 0.0;
     for (int y = firstRow; y < firstRow + rowCount; ++y)
     {
-        double const ring = std::sin(M_PI * (y + 0.5) / picture.Height());
+        double const ring = std::sin(std::numbers::pi * (y + 0.5) / picture.Height());
         auto const apart = static_cast<int>(std::lround(1.0 / ring));
         for (int x = 0; x < picture.Width(); ++x)
         {
