@@ -19,7 +19,7 @@ class OpenGLView : public Responder
 public:
     ~OpenGLView() override;
 
-    // frame: the content rectangle in pixels. False when the view cannot be made.
+    // frame: the content rectangle in the game's pixels. False when the view cannot be made.
     virtual bool initWithFrame(Rect frame) = 0;
     virtual void awakeFromNib() = 0; // the interface file is loaded, the window made
     virtual void reshape() = 0;      // the frame's size has changed
