@@ -48,13 +48,13 @@ class BrokenResourcesScenario(Scenario):
         yield self.installed / "resources" / "Icons" / ICON
 
     def play(self):
-        """Starts the game, a race, and quits. Returns what it logged beyond the usual. Clicks without looking for the item's frame: without its
-        picture the sky is as white as the frame."""
+        """Starts the game, a race, and quits. Returns what it logged beyond the usual. Clicks without looking for the
+        item's frame: without its picture the sky is as white as the frame."""
         with Game(self.display, self.home, program=str(self.installed / "quarrow")) as game:
             def is_racing():
                 game.point_at_item(0)
                 game.press_button()
-                return game.has_raced()
+                return game.has_raced() or "/Music/" in game.log()
 
             wait_until(is_racing, "the race\n" + game.log())
             game.key("w")
@@ -63,11 +63,12 @@ class BrokenResourcesScenario(Scenario):
             return game.unusual_lines()
 
     def expect_lines(self, lines, paths):
-        """Two for a picture, which the first world and the race's load; one for anything else; no other."""
+        """Two for a picture, which the first world and the race's load; one for anything else; no other but what the mp3
+        decoder itself says of noise."""
         for path in paths:
             told = [lines.pop(i) for i in reversed(range(len(lines))) if path.name in lines[i]]
             self.assertEqual(len(told), 2 if path.parent.name == "Images" else 1, path.name + "\n" + "\n".join(told))
-        self.assertEqual(lines, [])
+        self.assertEqual([line for line in lines if "libmpg123" not in line], [])
 
     def break_all(self, how):
         paths = list(self.files())

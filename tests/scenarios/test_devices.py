@@ -11,7 +11,7 @@ class DevicesScenario(Scenario):
     def expect_refusal(self, display, word, **environment):
         with Game(display, self.home, environment=environment, expect_start=False) as game:
             self.assertEqual(game.wait_exit(), 1, game.log())
-            self.expect_told(game, [word])
+            self.expect_told(game, [word, "terminating"])
 
     def expect_told(self, game, words):
         """Beyond the usual the log has one line for each word, and no other."""
@@ -21,7 +21,7 @@ class DevicesScenario(Scenario):
             self.assertIn(word, line)
 
     def expect_play(self, display, words, **environment):
-        """A race is started, and the game left by its menus. Returns the log, which tells of these words."""
+        """A race is started, and the game left by its menus. The log tells of these words."""
         with Game(display, self.home, environment=environment) as game:
             game.wait_for_items(present=range(5))
             game.click_item(0)
@@ -34,7 +34,6 @@ class DevicesScenario(Scenario):
             game.click_item(4)
             self.assertEqual(game.wait_exit(), 0)
             self.expect_told(game, words)
-            return game.log()
 
     def odd_driver(self, kind):
         return preloaded("OddDriver", ODD_DRIVER=kind)
@@ -46,8 +45,7 @@ class DevicesScenario(Scenario):
         self.expect_refusal(self.open_display(), "the driver has OpenGL ES only", **self.odd_driver("es"))
 
     def test_depth_buffer_of_sixteen_bits_is_enough(self):
-        log = self.expect_play(self.open_display(), [], **self.odd_driver("depth16"))
-        self.assertIn("Depth bits = 16\n", log)
+        self.expect_play(self.open_display(), [], **self.odd_driver("depth16"))
 
     def test_display_of_sixteen_bits_is_enough(self):
         with Game(self.open_display(depth=16), self.home) as game:
