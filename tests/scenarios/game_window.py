@@ -9,6 +9,7 @@ import configparser
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -135,6 +136,10 @@ class Picture:
         return fits.bit_count()
 
 
+# What every run logs, and each change of full screen.
+USUAL = re.compile(r"quarrow: (Set current context\.\.\.|(end )?awakeFromNib|Window was created|"
+                   r"self apparently made first responder|Alpha bits  = .*|-toggle fullscreen)")
+
 WHITE = (range(241, 256),) * 3
 LIGHT = (range(151, 256),) * 3  # text in its normal grey (0.7) or brighter
 THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
@@ -172,6 +177,10 @@ class Game:
 
     def log(self):
         return self._log_path.read_text(errors="replace")
+
+    def unusual_lines(self):
+        """All lines of the log but those of every run, whoever wrote them."""
+        return [line for line in self.log().splitlines() if not USUAL.fullmatch(line)]
 
     def maps(self):
         """The paths of the files that the process has mapped into its memory."""
