@@ -7,6 +7,7 @@
 #include "platform/base/Log.h"
 #include "platform/base/OpenGL.h"
 #include "platform/window/Display.h"
+#include "platform/window/GLContext.h"
 #include "settings/GameSettings.h"
 #include "ui/Menu.h"
 #include "world/view/Scene.h"
@@ -88,7 +89,8 @@ void kGLView::FirstFrame()
 
 void kGLView::reshape()
 {
-    glViewport(0, 0, PixelsWide(), PixelsHigh());
+    int const scale = platform::DisplayScale();
+    glViewport(0, 0, PixelsWide() * scale, PixelsHigh() * scale);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluPerspective(45.0, static_cast<double>(PixelsWide()) / PixelsHigh(), static_cast<double>(0.1F), 100.0);

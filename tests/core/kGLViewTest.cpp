@@ -183,6 +183,13 @@ TEST_F(ViewInWindow, ReshapeSetsViewportAndProjection)
                             call("glMatrixMode", {GL_MODELVIEW}), call("glLoadIdentity")));
 }
 
+TEST_F(ViewInWindow, OnADenseDisplayTheViewportHasTheDisplaysPixels)
+{
+    recording::setDisplayScale(2);
+    auto const calls = recording::during([&] { m_view->reshape(); });
+    EXPECT_GE(recording::indexOf(calls, call("glViewport", {0, 0, 1280, 960})), 0);
+}
+
 TEST_F(ViewWithGame, EventsComeWhileTheViewHasTheKeyboard)
 {
     EXPECT_EQ(arriving(*m_window), 0);

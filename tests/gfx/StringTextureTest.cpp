@@ -216,6 +216,30 @@ TEST_F(StringTextureTest, TheQuadIsTheTextureAtItsNaturalSize)
                                    call("glVertex2f", {210, 20}), call("glEnd")));
 }
 
+TEST_F(StringTextureTest, OnADenseDisplayTheBitmapIsLargerAndTheQuadIsNot)
+{
+    recording::setDisplayScale(2);
+    m_texture.useStaticFrame({200.0F, 30.0F});
+    auto const calls = recording::during([&] { m_texture.drawAtPoint({10.0F, 20.0F}); });
+    EXPECT_GE(recording::indexOf(calls, call("glTexImage2D", {GL_TEXTURE_RECTANGLE_EXT, 0, GL_RGBA, 400, 60,
+                                                              0, GL_RGBA, GL_UNSIGNED_BYTE})),
+              0);
+    EXPECT_GE(recording::indexOf(calls, call("glTexCoord2f", {400, 60})), 0);
+    EXPECT_GE(recording::indexOf(calls, call("glVertex2f", {210, 50})), 0);
+    EXPECT_EQ(m_texture.texSize().width, 200.0F);
+    EXPECT_EQ(m_texture.texSize().height, 30.0F);
+}
+
+TEST_F(StringTextureTest, ADisplayOfAnotherDensityMakesANewTexture)
+{
+    draw();
+    recording::setDisplayScale(2);
+    EXPECT_EQ(recording::count(draw(), "glTexImage2D"), 1);
+    EXPECT_EQ(recording::count(draw(), "glTexImage2D"), 0);
+    EXPECT_EQ(recording::textures().size(), 1U);
+    expectFrame(measured("Start Race").width + 8.0F, measured("Start Race").height + 4.0F);
+}
+
 TEST_F(StringTextureTest, BoundsStretchTheTexture)
 {
     m_texture.useStaticFrame({200.0F, 30.0F});

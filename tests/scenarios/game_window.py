@@ -143,8 +143,11 @@ THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
 class Game:
     """One run of the program. Use it in a with statement."""
 
-    def __init__(self, display, home, environment=None, expect_start=True, program=None, stdin=subprocess.DEVNULL):
+    def __init__(self, display, home, environment=None, expect_start=True, program=None, stdin=subprocess.DEVNULL,
+                 scale=1):
+        """scale: display pixels for each of the game's. Places and sizes below are in the game's, but for window()."""
         self.display = display
+        self._scale = scale
         self.home = pathlib.Path(home)
         self.config = self.home / ".config" / "quarrow" / "settings.ini"
         self._log_path = self.home / f"log-{time.monotonic_ns()}.txt"
@@ -213,7 +216,7 @@ class Game:
     def point_at(self, x, y):
         """Moves the pointer to a pixel of the window, origin at its top left."""
         left, top, _, _ = self.window()
-        self.display.x.move(left + x, top + y)
+        self.display.x.move(left + x * self._scale, top + y * self._scale)
         self.display.x.flush()
 
     def press_button(self):
@@ -237,7 +240,7 @@ class Game:
     def item_position(self, item, font_size=20):
         """The top left corner of a menu's item."""
         _, _, width, height = self.window()
-        return width // 2, height // 2 + 2 * font_size * item
+        return width // self._scale // 2, height // self._scale // 2 + 2 * font_size * item
 
     def point_at_item(self, item):
         """Moves onto the item from beside it: a new menu does not notice a pointer that already rests there."""
@@ -263,27 +266,35 @@ class Game:
     def picture(self):
         return self.display.picture()
 
+    def on_display(self, x, y, width, height):
+        """The box on the display of a box of the window."""
+        left, top, _, _ = self.window()
+        x, y, width, height = (value * self._scale for value in (x, y, width, height))
+        return left + x, top + y, width, height
+
     def text_pixels(self, item, width=160):
         """How many pixels of the item's line are as light as text."""
-        left, top, _, _ = self.window()
         x, y = self.item_position(item)
-        return self.picture().count((left + x + 2, top + y + 2, width, 22), LIGHT)
+        return self.picture().count(self.on_display(x + 2, y + 2, width, 22), LIGHT) // self._scale ** 2
 
     def is_highlighted(self, item):
         """Whether the item has its white frame."""
-        left, top, _, _ = self.window()
         x, y = self.item_position(item)
-        return self.picture().count((left + x, top + y + 3, 1, 16), WHITE) == 16
+        return self.picture().count(self.on_display(x, y + 3, 1, 16), WHITE) == 16 * self._scale ** 2
 
     def frame_width(self, item):
-        """The width of the highlighted item's frame, in pixels."""
-        left, top, window_width, _ = self.window()
+        """The width of the highlighted item's frame."""
         x, y = self.item_position(item)
-        return self.picture().count((left + x, top + y, window_width - x, 1), WHITE)
+        _, _, window_width, _ = self.window()
+        row = self.on_display(x, y, window_width // self._scale - x, 1)
+        return self.picture().count(row, WHITE) // self._scale ** 2
 
     def throttle_pixels(self):
-        """How many pixels of a full screen the throttle's bar fills."""
-        return self.picture().count((440, 630, 200, 80), THRUST)
+        """How many of the display's pixels the throttle's bar fills."""
+        left, top, width, height = self.window()
+        size = height // 9
+        box = (left + width // 2 - 5 * size // 2, top + height - 9 * size // 8, 5 * size // 2, size)
+        return self.picture().count(box, THRUST)
 
     def wait_for_items(self, present, absent=()):
         """Waits for a menu that has the items present and none of the items absent."""

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/input/MouseTranslation.h"
 
-#include <cmath>
-
 namespace platform
 {
 
@@ -12,13 +10,13 @@ namespace
 
 Event Moved(SDL_MouseMotionEvent const& motion, PixelsFromWindow const& pixels)
 {
-    Point const origin = pixels(0, 0);
-    Point const step = pixels(motion.xrel, motion.yrel);
+    Point const here = pixels(motion.x, motion.y);
+    Point const before = pixels(motion.x - motion.xrel, motion.y - motion.yrel);
     Event event;
     event.type = EventType::MouseMoved;
-    event.locationInWindow = pixels(motion.x, motion.y);
-    event.mouseDeltaX = static_cast<int>(std::lround(step.x - origin.x));
-    event.mouseDeltaY = static_cast<int>(std::lround(origin.y - step.y));
+    event.locationInWindow = here;
+    event.mouseDeltaX = static_cast<int>(here.x - before.x);
+    event.mouseDeltaY = static_cast<int>(before.y - here.y);
     return event;
 }
 

@@ -14,7 +14,7 @@
 namespace platform
 {
 
-// From SDL's coordinates in a window to pixels of its drawable, origin at the bottom left.
+// From SDL's coordinates in a window to the game's pixels, origin at the bottom left.
 using PixelsFromWindow = std::function<Point(int x, int y)>;
 
 // A plain move, a release of the left button, or at least a notch of a wheel; nothing for any other event.

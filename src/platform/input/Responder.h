@@ -43,7 +43,7 @@ public:
     // above it (-1), in pixels from the bottom left; nothing where there is none.
     virtual std::optional<Point> clickPlace(int step) = 0;
 
-    // Size in pixels of the drawable that shows it; origin always (0, 0).
+    // Size in the game's pixels of the window that shows it; origin always (0, 0).
     Rect frame() const { return m_frame; }
 
 protected:

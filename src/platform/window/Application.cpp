@@ -70,8 +70,10 @@ private:
     void pumpEvents();
 
     InterfaceFile m_interface;
+    // Destroyed after the view, which may own another window: while that closes, SDL 2.26 on Wayland still
+    // uses every window that was ever shown.
+    std::unique_ptr<Window> m_window;
     std::unique_ptr<OpenGLView> m_view;
-    std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
     EventDispatcher m_dispatcher{*m_view, m_interface.commands};
     KeyboardWatch m_keyboardWatch;
     std::unique_ptr<Gamepads> m_gamepads; // null until the first frame was drawn

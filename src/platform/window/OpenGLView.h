@@ -17,7 +17,9 @@ class Window;
 class OpenGLView : public Responder
 {
 public:
-    // frame: the content rectangle in pixels. False when the view cannot be made.
+    ~OpenGLView() override;
+
+    // frame: the content rectangle in the game's pixels. False when the view cannot be made.
     virtual bool initWithFrame(Rect frame) = 0;
     virtual void awakeFromNib() = 0; // the interface file is loaded, the window made
     virtual void reshape() = 0;      // the frame's size has changed
@@ -35,12 +37,9 @@ public:
     OpenGLContext* openGLContext() const { return m_context.get(); }
 
 protected:
-    bool initWithPixelFormat(Rect frame, PixelFormat format)
-    {
-        m_frame.size = frame.size;
-        m_context = OpenGLContext::initWithFormat(format);
-        return m_context != nullptr;
-    }
+    OpenGLView() = default;
+
+    bool initWithPixelFormat(Rect frame, PixelFormat format);
 
 private:
     friend class Window;

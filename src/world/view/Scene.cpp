@@ -7,6 +7,7 @@
 #include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
+#include "platform/window/GLContext.h"
 #include "settings/GameSettings.h"
 #include "world/Camera.h"
 #include "world/Waypoint.h"
@@ -57,7 +58,8 @@ void BeginScene(Camera const& ship, int width, int height)
     glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
     glClearDepth(1.0);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glViewport(0, 0, width, height);
+    int const scale = platform::DisplayScale();
+    glViewport(0, 0, width * scale, height * scale);
     glRenderMode(GL_RENDER);
 
     glMatrixMode(GL_PROJECTION);

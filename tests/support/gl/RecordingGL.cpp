@@ -112,6 +112,11 @@ void setCurrentContext(void* context)
     state().context = context;
 }
 
+void setDisplayScale(int scale)
+{
+    state().displayScale = scale;
+}
+
 std::vector<std::pair<void*, unsigned>> const& contextDeletions()
 {
     return state().contextDeletions;

@@ -65,6 +65,9 @@ void refuseNextTexture();
 // The context that is current from now on; null for none. Contexts are told apart by these pointers only.
 void setCurrentContext(void* context);
 
+// The scale of the display from now on; 1 at first.
+void setDisplayScale(int scale);
+
 // The textures deleted in a context other than the current one: (context, texture) in order.
 std::vector<std::pair<void*, unsigned>> const& contextDeletions();
 

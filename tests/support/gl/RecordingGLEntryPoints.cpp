@@ -237,6 +237,11 @@ GLContextRef CurrentGLContext()
     return state().context;
 }
 
+int DisplayScale()
+{
+    return state().displayScale;
+}
+
 void DeleteTextureInContext(GLContextRef context, unsigned texture)
 {
     state().contextDeletions.emplace_back(context, texture);

@@ -23,6 +23,7 @@ struct State
     unsigned error = 0;
     bool refuseTexture = false;
     void* context = nullptr;
+    int displayScale = 1;
     std::vector<std::pair<void*, unsigned>> contextDeletions;
 };
 

@@ -96,6 +96,12 @@ TEST_F(SceneTest, ClearsAndSetsTheViewBeforeAllElse)
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
 }
 
+TEST_F(SceneTest, OnADenseDisplayTheViewportHasTheDisplaysPixels)
+{
+    recording::setDisplayScale(2);
+    EXPECT_GE(indexOf(Drawing(*m_world, 1280, 720), call("glViewport", {0, 0, 2560, 1440})), 0);
+}
+
 TEST_F(SceneTest, StepsComeInTheirOrder)
 {
     auto const full = test::FullWorld(0.2F);
