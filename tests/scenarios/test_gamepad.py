@@ -59,6 +59,10 @@ class GamepadScenario(Scenario):
     def test_whole_game_is_played_by_pad_alone(self):
         self.press("dpdown")
         self.expect_highlight(0)
+        self.pad("stick 0.073 -0.225")  # 30 pixels to the right of the middle, 52 below it
+        self.expect_highlight(1)
+        self.pad("stick 0 0")
+        self.expect_highlight(0)
         self.press("dpdown")
         self.expect_highlight(1)
         self.choose("dpup", 0)

@@ -59,18 +59,19 @@ public:
     // Holds a button from one act to the next.
     void Act()
     {
+        bool const isFree = !m_held;
         if (m_held)
         {
             m_pad->letGo(*m_held);
             m_held.reset();
         }
-        else if (std::string const line = NextLine(); !line.empty())
+        if (m_pilot)
         {
-            Obey(line);
+            Fly(isFree);
         }
-        else if (m_pilot)
+        else if (isFree)
         {
-            Fly();
+            Obey(NextLine());
         }
     }
 
@@ -102,7 +103,7 @@ private:
         }
     }
 
-    void Fly()
+    void Fly(bool mayPress)
     {
         if (!IsRacing())
         {
@@ -112,7 +113,7 @@ private:
         }
         PilotInput const input = m_pilot->NextInput();
         Steer(FromMiddle(input.mouseX), FromMiddle(input.mouseY));
-        if (input.throttle != 0)
+        if (mayPress && input.throttle != 0)
         {
             Press(input.throttle > 0 ? SDL_CONTROLLER_BUTTON_RIGHTSHOULDER
                                      : SDL_CONTROLLER_BUTTON_LEFTSHOULDER);
