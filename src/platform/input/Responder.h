@@ -40,7 +40,7 @@ public:
     virtual std::u16string keyFor(Control control) = 0;
 
     // The middle of what is highlighted (step 0), or of what a click has an effect on next below it (1) or
-    // above it (-1), in pixels from the bottom left; nothing where there is none.
+    // above it (-1), in the game's pixels from the bottom left; nothing where there is none.
     virtual std::optional<Point> clickPlace(int step) = 0;
 
     // Size in the game's pixels of the window that shows it; origin always (0, 0).
