@@ -271,8 +271,9 @@ class Game:
         return self.picture().count((left + x, top + y, window_width - x, 1), WHITE)
 
     def throttle_pixels(self):
-        """How many pixels of a full screen the throttle's bar fills."""
-        return self.picture().count((440, 630, 200, 80), THRUST)
+        """How many pixels the throttle's bar fills."""
+        left, top, width, height = self.window()
+        return self.picture().count((left + width // 2 - 200, top + height - 90, 200, 80), THRUST)
 
     def wait_for_items(self, present, absent=()):
         """Waits for a menu that has the items present and none of the items absent."""

@@ -54,10 +54,10 @@ class BrokenResourcesScenario(Scenario):
             def is_racing():
                 game.point_at_item(0)
                 game.press_button()
-                return game.has_raced()
+                game.key("w")
+                return game.throttle_pixels() > 0
 
-            wait_until(is_racing, "the race\n" + game.log())
-            game.key("w")
+            wait_until(is_racing, lambda: "the race\n" + game.log())
             game.key("Escape")
             self.assertEqual(game.end(), 0, game.log())
             return game.log().splitlines()

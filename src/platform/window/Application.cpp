@@ -11,8 +11,8 @@
 #include "platform/window/CommandKeys.h"
 #include "platform/window/Display.h"
 #include "platform/window/InterfaceFile.h"
-#include "platform/window/KeyTranslation.h"
 #include "platform/window/KeyboardWatch.h"
+#include "platform/window/KeyTranslation.h"
 #include "platform/window/MouseTranslation.h"
 #include "platform/window/OpenGLView.h"
 #include "platform/window/Window.h"
@@ -34,7 +34,7 @@ namespace
 constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
 constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
-constexpr int kRest = 50;               // milliseconds between two passes while the window is minimised
+constexpr int kRest = 50;              // milliseconds between two passes while the window is minimised
 
 // Process-wide, because a signal handler can reach nothing else.
 volatile std::sig_atomic_t endIsWanted = 0;

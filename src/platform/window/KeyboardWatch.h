@@ -13,8 +13,8 @@ namespace platform
 class KeyboardWatch
 {
 public:
-    // To be asked in each pass of the run loop. True once for each loss: a window of the game had the keyboard,
-    // and now none has had it for a tenth of a second.
+    // To be asked in each pass of the run loop. True once for each loss: a window of the game had the
+    // keyboard, and now none has had it for a tenth of a second.
     bool hasLostKeyboard();
 
 private:

@@ -15,7 +15,7 @@ namespace
 
 constexpr double kMostCellsAtOnce = 512.0; // enough for a path of a second at the usual speed
 constexpr float kPieceLength = 8.0F;       // of the first; each piece is longer than the one before
-constexpr float kPieceGrowth = 1.001F;
+constexpr float kPieceGrowth = 1.003F;
 constexpr float kPlaceSlack = 0.01F; // for the rounding of coordinates
 
 // The test of an asteroid takes the difference of two squares, each as large as the squared distance from the
@@ -49,12 +49,15 @@ Range CellsBetween(float start, float end, float margin)
     return {std::max(low, 0), high};
 }
 
-PathHit NearestIn(Box const& box, AsteroidField const& field, SearchedPath const& path)
+// rowsOf(x): those rows of the box's plane x that are tested.
+template <typename RowsOf>
+PathHit NearestIn(Box const& box, AsteroidField const& field, SearchedPath const& path, RowsOf const& rowsOf)
 {
     PathHit nearest;
     for (int x = box[0].low; x <= box[0].high; ++x)
     {
-        for (int y = box[1].low; y <= box[1].high; ++y)
+        Range const rows = rowsOf(x);
+        for (int y = rows.low; y <= rows.high; ++y)
         {
             auto const test = [&](int z, int, Roid const& roid)
             {
@@ -81,6 +84,20 @@ Range Near(float a, float b, float reach, Range const& range)
             std::min(range.high, FloorToInt(std::max(a, b) + reach))};
 }
 
+// Those rows of the plane x, of a range, that are no farther than reach from a line, as seen along z.
+// direction: of length 1.
+Range RowsNear(int x, TQ3Vector3D const& start, TQ3Vector3D const& direction, float reach, Range const& range)
+{
+    constexpr float kSteepest = 8.0F;
+    if (std::fabs(direction.y) > kSteepest * std::fabs(direction.x))
+    {
+        return range;
+    }
+    float const slope = direction.x != 0.0F ? direction.y / direction.x : 0.0F;
+    float const y = start.y + (static_cast<float>(x) - start.x) * slope;
+    return Near(y, y, reach * std::hypot(1.0F, slope), range);
+}
+
 PathHit NearestByPieces(Box const& box, AsteroidField const& field, SearchedPath const& path)
 {
     TQ3Vector3D const& start = path.start;
@@ -101,7 +118,8 @@ PathHit NearestByPieces(Box const& box, AsteroidField const& field, SearchedPath
         Box const piece{Near(start.x + step.x * begin, start.x + step.x * end, reach, box[0]),
                         Near(start.y + step.y * begin, start.y + step.y * end, reach, box[1]),
                         Near(start.z + step.z * begin, start.z + step.z * end, reach, box[2])};
-        PathHit const hit = NearestIn(piece, field, path);
+        PathHit const hit =
+            NearestIn(piece, field, path, [&](int x) { return RowsNear(x, start, step, reach, piece[1]); });
         if (hit.squaredDistance <= end * end)
         {
             return hit;
@@ -119,5 +137,6 @@ PathHit NearestHit(AsteroidField const& field, SearchedPath const& path)
                   CellsBetween(path.start.y, path.end.y, path.margin),
                   CellsBetween(path.start.z, path.end.z, path.margin)};
     bool const isShort = box[0].Count() * box[1].Count() * box[2].Count() <= kMostCellsAtOnce;
-    return isShort ? NearestIn(box, field, path) : NearestByPieces(box, field, path);
+    return isShort ? NearestIn(box, field, path, [&box](int) { return box[1]; })
+                   : NearestByPieces(box, field, path);
 }
