@@ -6,7 +6,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/Need.cmake)
 quarrow_find(SDL2 sdl2 libsdl2-dev)
 quarrow_find(SDL2_IMAGE SDL2_image libsdl2-image-dev)
 if(UNIX AND NOT APPLE)
-    quarrow_find(X11 x11 libx11-dev) # full screen
+    quarrow_find(X11 x11 libx11-dev) # full screen, density
 endif()
 quarrow_find(GLIB glib-2.0 libglib2.0-dev)
 quarrow_find(PANGOCAIRO pangocairo libpango1.0-dev)

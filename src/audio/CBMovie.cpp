@@ -45,7 +45,7 @@ Integer Truncated(double value)
 
 } // namespace
 
-CBMovie::CBMovie(std::unique_ptr<platform::Movie> movie) : m_movie(std::move(movie))
+CBMovie::CBMovie(std::shared_ptr<platform::Movie> movie) : m_movie(std::move(movie))
 {
 }
 
@@ -59,7 +59,7 @@ std::shared_ptr<CBMovie> CBMovie::init()
     return std::shared_ptr<CBMovie>(new CBMovie(nullptr));
 }
 
-std::shared_ptr<CBMovie> CBMovie::initWithMovie(std::unique_ptr<platform::Movie> movie)
+std::shared_ptr<CBMovie> CBMovie::initWithMovie(std::shared_ptr<platform::Movie> movie)
 {
     return movie ? std::shared_ptr<CBMovie>(new CBMovie(std::move(movie))) : nullptr;
 }
@@ -130,7 +130,7 @@ void CBMovie::setRate(float rate)
     }
     constexpr double kOne = 65536.0;
     auto const fixed = Truncated<platform::Fixed>(double{rate} * kOne);
-    if (fixed == 0)
+    if (rate == 0.0F)
     {
         dropTimer();
     }
@@ -187,6 +187,7 @@ void CBMovie::setLoopMode(int mode)
         return;
     }
     using Trigger = platform::MovieCallBack::Trigger;
+    m_movie->moviesTask(); // an end that was passed already is one of the old mode
     m_loopmodeCallBacks = {};
     if (mode == kLoopPalindrome)
     {
@@ -196,8 +197,8 @@ void CBMovie::setLoopMode(int mode)
     {
         armCallBack(0, Trigger::TimeForward, m_movie->duration());
     }
-    m_movie->setLoopingHint(mode == kLoopNormal);
     m_loopmode = mode;
+    m_movie->setLoopingHint(mode == kLoopNormal);
 }
 
 void CBMovie::armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger,

@@ -33,7 +33,7 @@ class CBMovie : public std::enable_shared_from_this<CBMovie>
 public:
     using Sender = void const*;             // ignored
     static std::shared_ptr<CBMovie> init(); // without an underlying movie
-    static std::shared_ptr<CBMovie> initWithMovie(std::unique_ptr<platform::Movie> movie);
+    static std::shared_ptr<CBMovie> initWithMovie(std::shared_ptr<platform::Movie> movie);
 
     // Null when nothing can be opened. The file is read as it plays, with byReference as without.
     static std::shared_ptr<CBMovie> initWithURL(std::string const& url, bool byReference);
@@ -84,13 +84,13 @@ public:
     bool playsSelectionOnly() const { return m_playsSelectionOnly; }
 
 private:
-    explicit CBMovie(std::unique_ptr<platform::Movie> movie);
+    explicit CBMovie(std::shared_ptr<platform::Movie> movie);
     // At an end of play turns or rewinds the movie as its loop mode says, and arms the callbacks again.
     friend void QTFinishedPlayingProc(platform::MovieCallBack* callBack, CBMovie* movie);
     void armCallBack(std::size_t index, platform::MovieCallBack::Trigger trigger, platform::TimeValue time);
     void dropTimer();
 
-    std::unique_ptr<platform::Movie> m_movie;
+    std::shared_ptr<platform::Movie> m_movie;
     int m_loopmode = kLoopNone;
     bool m_playsSelectionOnly = false;
     std::array<std::unique_ptr<platform::MovieCallBack>, 2> m_loopmodeCallBacks; // at the end, the beginning

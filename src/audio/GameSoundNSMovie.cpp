@@ -5,19 +5,15 @@
 #include "audio/CBMovie.h"
 #include "platform/base/Bundle.h"
 #include "platform/base/Encoding.h"
-#include "platform/base/Log.h"
 
 GameSoundNSMovie::GameSoundNSMovie(char const* fileName)
 {
-    auto const path = platform::Bundle::pathForResource(fileName, "Music");
-    auto const url = path ? platform::FileURLWithPath(*path) : std::nullopt;
+    auto const url = platform::FileURLWithPath(platform::Bundle::placeOfResource(fileName, "Music"));
     m_movie = url ? CBMovie::initWithURL(*url, false) : nullptr;
-    if (!m_movie)
+    if (m_movie)
     {
-        platform::LogFormat("The music %s cannot be played", fileName);
-        return;
+        m_movie->setLoopMode(kLoopNormal);
     }
-    m_movie->setLoopMode(kLoopNormal);
 }
 
 GameSoundNSMovie::~GameSoundNSMovie()

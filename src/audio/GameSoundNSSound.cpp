@@ -3,18 +3,11 @@
 #include "audio/GameSoundNSSound.h"
 
 #include "platform/base/Bundle.h"
-#include "platform/base/Log.h"
 #include "platform/sound/Sound.h"
 
 GameSoundNSSound::GameSoundNSSound(char const* fileName)
+    : m_sound(platform::Sound::initWithContentsOfFile(platform::Bundle::placeOfResource(fileName, "Sounds")))
 {
-    auto const path = platform::Bundle::pathForResource(fileName, "Sounds");
-    if (!path)
-    {
-        platform::LogFormat("The sound %s is missing", fileName);
-        return;
-    }
-    m_sound = platform::Sound::initWithContentsOfFile(*path);
 }
 
 GameSoundNSSound::~GameSoundNSSound() = default;

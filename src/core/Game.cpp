@@ -9,6 +9,7 @@
 #include "platform/base/Clock.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
+#include "platform/input/Responder.h"
 #include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "ui/Menu.h"
@@ -252,6 +253,18 @@ bool Game::WantsKey(GameEvent const& event) const
         return menu != nullptr && menu->WaitsForKey();
     }
     return event.IsKey(m_keyThrustUp) || event.IsKey(m_keyThrustDown) || event.IsKey(m_keyPause);
+}
+
+std::u16string Game::KeyFor(platform::Control control) const
+{
+    bool const isPause = control == platform::Control::Pause;
+    if (m_state == kStateMenu || (m_state == kStatePaused && !isPause))
+    {
+        return {};
+    }
+    unsigned short const throttle =
+        control == platform::Control::ThrottleUp ? m_keyThrustUp : m_keyThrustDown;
+    return {static_cast<char16_t>(isPause ? m_keyPause : throttle)};
 }
 
 // What the event asks for; 0 when it is about something else.

@@ -7,6 +7,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
+
+namespace platform
+{
+enum class Control;
+}
 
 class GameEvent;
 class GameSound;
@@ -46,6 +52,9 @@ public:
 
     // Whether the key has a use here and now that goes before what it does in every window.
     bool WantsKey(GameEvent const& event) const;
+
+    // The character of the key that does this here and now; empty where none does.
+    std::u16string KeyFor(platform::Control control) const;
 
     // From the last frame's duration; infinite before the first.
     float GetFPS() const { return static_cast<float>(1.0 / m_elapsed); }

@@ -4,7 +4,7 @@
 // Adapter between GameEvent and the platform's event: answers each question from the event it holds.
 #pragma once
 
-#include "platform/window/Event.h"
+#include "platform/input/Event.h"
 
 class GameEventNSEvent
 {

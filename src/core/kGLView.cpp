@@ -7,7 +7,9 @@
 #include "platform/base/Log.h"
 #include "platform/base/OpenGL.h"
 #include "platform/window/Display.h"
+#include "platform/window/GLContext.h"
 #include "settings/GameSettings.h"
+#include "ui/Menu.h"
 #include "world/view/Scene.h"
 
 namespace
@@ -87,7 +89,8 @@ void kGLView::FirstFrame()
 
 void kGLView::reshape()
 {
-    glViewport(0, 0, PixelsWide(), PixelsHigh());
+    int const scale = platform::DisplayScale();
+    glViewport(0, 0, PixelsWide() * scale, PixelsHigh() * scale);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     gluPerspective(45.0, static_cast<double>(PixelsWide()) / PixelsHigh(), static_cast<double>(0.1F), 100.0);
@@ -165,6 +168,19 @@ void kGLView::playerDidLeave()
     {
         Game::pGame->PauseRace();
     }
+}
+
+std::u16string kGLView::keyFor(platform::Control control)
+{
+    return Game::pGame != nullptr ? Game::pGame->KeyFor(control) : std::u16string();
+}
+
+// A race that was continued by a key has its menu still, which is not shown.
+std::optional<platform::Point> kGLView::clickPlace(int step)
+{
+    bool const isMenuShown = Game::pGame != nullptr && Game::pGame->GetState() != kStatePlaying;
+    Menu const* const menu = isMenuShown ? Menu::GetCurrent() : nullptr;
+    return menu != nullptr ? menu->ClickPlace(step) : std::nullopt;
 }
 
 bool kGLView::becomeFirstResponder()

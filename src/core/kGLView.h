@@ -24,6 +24,8 @@ public:
     bool wantsKey(platform::Event const& key) override;
     bool needsEvenFrames() override;
     void playerDidLeave() override;
+    std::u16string keyFor(platform::Control control) override;
+    std::optional<platform::Point> clickPlace(int step) override;
 
     bool acceptsFirstResponder() override { return true; }
     bool becomeFirstResponder() override;

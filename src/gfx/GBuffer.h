@@ -19,13 +19,15 @@ public:
     GBuffer& operator=(GBuffer const&) = delete;
 
     // size: whole pixels; bitDepth: 16 (native-endian 1-5-5-5) or 32 (bytes B, G, R, A, premultiplied). Null
-    // when the memory is refused.
+    // when that fails.
     static std::shared_ptr<GBuffer> Create(platform::Size size, int bitDepth);
 
+    // False, after one log line, when the memory is refused or nothing can be drawn into it. Memory that was
+    // given stays; size and depth are those of before.
     bool CreateImageBuffer(platform::Size size, int bitDepth);
 
     // False when there is no memory that copyTo() could draw into.
-    bool CreateCGContext() const { return m_pixels != nullptr; }
+    bool CreateCGContext() const { return m_isTarget; }
 
     // Draws this buffer's picture, scaled and interpolated, over the destination's whole area. The source's
     // memory is read as 32-bit pixels whatever its depth.
@@ -44,7 +46,11 @@ public:
 
 protected:
     platform::PixelBuffer Pixels() const;
-    void ReleasePixels() { m_pixels.reset(); }
+    void ReleasePixels()
+    {
+        m_isTarget = false;
+        m_pixels.reset();
+    }
 
 private:
     struct Free
@@ -55,5 +61,6 @@ private:
     float m_width = 0.0F;
     float m_height = 0.0F;
     int m_bitDepth = 0;
+    bool m_isTarget = false; // the memory is of that size and depth, and can be drawn into
     std::unique_ptr<void, Free> m_pixels;
 };

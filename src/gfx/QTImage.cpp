@@ -60,6 +60,12 @@ bool QTImage::SetImageInfo()
     m_imageHeight = static_cast<float>(description.height);
     m_imageDepth = static_cast<short>(description.depth);
     m_type = m_importer->type();
+    if (m_type == 0)
+    {
+        m_importer.reset();
+        platform::LogFormat("error getting type %d", -1);
+        return false;
+    }
     return true;
 }
 
@@ -126,8 +132,8 @@ bool QTImage::CreateImageWithBitdepth(int depth)
 
 bool QTImage::EnsureBuffer(platform::Size size, int depth)
 {
-    bool const fits = GetPixels() != nullptr && GetWidth() == size.width && GetHeight() == size.height &&
-                      GetBitDepth() == depth;
+    bool const fits =
+        CreateCGContext() && GetWidth() == size.width && GetHeight() == size.height && GetBitDepth() == depth;
     if (fits)
     {
         return true;

@@ -34,12 +34,8 @@ Pictures& ThePictures()
 std::shared_ptr<QTImage const> Decode(std::string const& name)
 {
     auto const image = QTImage::imageWithName(name.c_str());
-    if (image && image->LoadImageData() && image->CreateImageWithBitdepth(32))
-    {
-        return image;
-    }
-    QTUtilLog(("Unable to load texture " + name).c_str());
-    return nullptr;
+    bool const isDecoded = image && image->LoadImageData() && image->CreateImageWithBitdepth(32);
+    return isDecoded ? image : nullptr;
 }
 
 } // namespace
@@ -53,6 +49,7 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     std::shared_ptr<QTImage const> const image = QTDecodedImage(name);
     if (!image)
     {
+        platform::LogFormat("Unable to load texture %s", name);
         return -1;
     }
 

@@ -12,11 +12,11 @@ class QTImage;
 
 // Makes a texture name, always, and fills it from the picture of that name in the resources' "Images" folder:
 // linear filtering, repeated in both directions, left bound. An OpenGL context is current. 0 on success; -1,
-// with an empty texture, when the picture cannot be loaded.
+// with an empty texture and a log line, when the picture cannot be loaded.
 int QTLoadAsTexture(unsigned long* texture, char const* name);
 
 // The picture of that name as 32-bit pixels, decoded and scaled once per run and kept: every race loads the
-// same ones. Null, after one log line for the whole run, when it cannot be loaded.
+// same ones. Null when it cannot be loaded.
 std::shared_ptr<QTImage const> QTDecodedImage(char const* name);
 
 // Decodes those pictures on another thread, while OpenGL is set up. The next QTDecodedImage() waits for

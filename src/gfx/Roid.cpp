@@ -3,8 +3,6 @@
 #include "gfx/Roid.h"
 
 #include "gfx/QTUtil.h"
-#include "math/Plane.h"
-#include "math/util.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
 #include "settings/GameSettings.h"
@@ -17,19 +15,12 @@ float Roid::m_lodDistFar = 0.0F;
 float Roid::m_lodDistMedium = 0.0F;
 bool Roid::m_fGotSettings = false;
 unsigned long Roid::m_ahroid[kSizeCount][kLodCount] = {};
+Roid::Meshes Roid::m_meshes = {};
 
 namespace
 {
 
 constexpr double kPi = 3.14159265358979;
-// Of the spheres in the display lists.
-struct Meshes
-{
-    float radius[Roid::kSizeCount];    // world units
-    float solidShare[Roid::kLodCount]; // of the radius
-};
-Meshes meshes{};
-
 constexpr int kCoarsest = 4; // slices and stacks of the farthest spheres, whatever the smoothness
 
 struct QuadricDeleter
@@ -116,7 +107,7 @@ void Roid::ReadSettings()
     m_lodDistMedium = medium * medium;
     m_lodDistFar = farthest * farthest;
     QTLoadAsTexture(&m_texture, kPicture);
-    CreatePrerender(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), m_ahroid);
+    m_meshes = CreatePrerender(GameSettings::GetIntParam(setting::kAsteroidsSmoothness), m_ahroid);
 }
 
 // The first asteroid of a field to go deletes them; for the others the names are 0 already.
@@ -141,12 +132,13 @@ void Roid::ReleaseShared()
     }
 }
 
-void Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount])
+Roid::Meshes Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount])
 {
     int const subdivisions[kLodCount] = {smoothness, (smoothness + kCoarsest) / 2, kCoarsest};
     auto const [minR, maxR] = SizesFromSettings();
     float const step = (maxR - minR) / (kSizeCount - 1);
 
+    Meshes meshes{};
     for (int lod = 0; lod < kLodCount; ++lod)
     {
         for (int size = 0; size < kSizeCount; ++size)
@@ -165,16 +157,7 @@ void Roid::CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodC
             CompileSphere(lists[size][lod], quadric.get(), radius, subdivisions[lod]);
         }
     }
-}
-
-float Roid::MeshRadius(int sizeClass)
-{
-    return meshes.radius[sizeClass];
-}
-
-float Roid::SolidShare(int levelOfDetail)
-{
-    return meshes.solidShare[levelOfDetail];
+    return meshes;
 }
 
 void Roid::RenderStart()
@@ -199,20 +182,16 @@ void Roid::RenderEnd()
 bool Roid::Render(TQ3Vector3D const& position, Frustum const& frustum)
 {
     MoveTo(position);
-    if (!frustum.IsPointInside(position))
+    std::optional<int> const level = LevelInView(position, frustum);
+    if (!level)
     {
         return false;
     }
-    Draw(position, m_sizeClass, LevelOfDetail(DistSquared(frustum.GetApex(), position)));
-    return true;
-}
-
-void Roid::Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail)
-{
     glPushMatrix();
     glTranslated(position.x, position.y, position.z);
-    glCallList(static_cast<GLuint>(m_ahroid[sizeClass][levelOfDetail]));
+    glCallList(static_cast<GLuint>(m_ahroid[m_sizeClass][*level]));
     glPopMatrix();
+    return true;
 }
 
 bool Roid::ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,

@@ -5,9 +5,11 @@
 // All share one texture and twelve display lists: four sizes in three levels of detail.
 #pragma once
 
+#include "math/Plane.h"
+#include "math/util.h"
 #include "world/Body.h"
 
-class Frustum;
+#include <optional>
 
 class Roid : public Body
 {
@@ -39,8 +41,16 @@ public:
     // Builds texture and lists anew from the settings, for a new field.
     static void ReadSettings();
 
-    // smoothness: slices and stacks of the finest spheres.
-    static void CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount]);
+    // What the spheres of a set of lists are like.
+    struct Meshes
+    {
+        float radius[kSizeCount];    // world units
+        float solidShare[kLodCount]; // radius of the largest ball inside the mesh, as a share of the sphere's
+    };
+
+    // Makes the lists, and tells what is in them. smoothness: slices and stacks of the finest spheres.
+    static Meshes CreatePrerender(int smoothness, unsigned long lists[kSizeCount][kLodCount]);
+    static Meshes const& GetMeshes() { return m_meshes; } // in the lists that all asteroids share
 
     // Set and clear the state that all asteroids share; once a frame around all Render() calls.
     static void RenderStart();
@@ -49,21 +59,16 @@ public:
     // Moves the asteroid to the position and draws it there. False when its centre is out of view.
     bool Render(TQ3Vector3D const& position, Frustum const& frustum);
 
-    // Draws an asteroid that is in view.
-    static void Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail);
-    static int LevelOfDetail(float distanceSquared)
+    // The level of detail that Render() draws at that position; nothing when its centre is out of view.
+    static std::optional<int> LevelInView(TQ3Vector3D const& position, Frustum const& frustum)
     {
-        if (distanceSquared >= m_lodDistFar)
+        if (!frustum.IsPointInside(position))
         {
-            return 2;
+            return std::nullopt;
         }
-        return distanceSquared >= m_lodDistMedium ? 1 : 0;
+        float const distanceSquared = DistSquared(frustum.GetApex(), position);
+        return distanceSquared >= m_lodDistFar ? 2 : distanceSquared >= m_lodDistMedium ? 1 : 0;
     }
-
-    // The radius of the spheres of that size class, world units; and the radius of the largest ball inside
-    // the mesh of that level of detail, as a share of it.
-    static float MeshRadius(int sizeClass);
-    static float SolidShare(int levelOfDetail);
 
     // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid:
     // then hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it
@@ -85,6 +90,8 @@ public:
 
 private:
     static void ReleaseShared();
+
+    static Meshes m_meshes; // in m_ahroid
 
     int m_sizeClass = 0;
 };

@@ -110,7 +110,8 @@ platform::Size StringTexture::frameSize()
 void StringTexture::genTexture()
 {
     deleteTexture();
-    platform::TextBitmap bitmap(frameSize());
+    m_texScale = platform::DisplayScale();
+    platform::TextBitmap bitmap(frameSize(), m_texScale);
     platform::Rect const frame{{}, m_frameSize};
     if (m_boxColor.alpha != 0.0F)
     {
@@ -152,15 +153,18 @@ void StringTexture::drawWithBounds(platform::Rect bounds)
     }
     float const right = bounds.origin.x + bounds.size.width;
     float const bottom = bounds.origin.y + bounds.size.height;
+    auto const scale = static_cast<float>(m_texScale);
+    float const texWidth = m_texSize.width * scale;
+    float const texHeight = m_texSize.height * scale;
     glBindTexture(GL_TEXTURE_RECTANGLE_EXT, m_texName);
     glBegin(GL_QUADS);
     glTexCoord2f(0.0F, 0.0F);
     glVertex2f(bounds.origin.x, bounds.origin.y);
-    glTexCoord2f(0.0F, m_texSize.height);
+    glTexCoord2f(0.0F, texHeight);
     glVertex2f(bounds.origin.x, bottom);
-    glTexCoord2f(m_texSize.width, m_texSize.height);
+    glTexCoord2f(texWidth, texHeight);
     glVertex2f(right, bottom);
-    glTexCoord2f(m_texSize.width, 0.0F);
+    glTexCoord2f(texWidth, 0.0F);
     glVertex2f(right, bounds.origin.y);
     glEnd();
 }
@@ -177,7 +181,7 @@ void StringTexture::deleteTexture()
 
 bool StringTexture::EnsureTexture()
 {
-    if (m_texName == 0)
+    if (m_texName == 0 || m_texScale != platform::DisplayScale())
     {
         genTexture();
     }

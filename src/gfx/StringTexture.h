@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// One styled string as a texture: rasterised on the first draw after a change, then drawn as a quad anywhere.
-// A box and a frame may lie behind the text.
+// One styled string as a texture: rasterised on the first draw after a change of string or display, then
+// drawn as a quad anywhere. A box and a frame may lie behind the text. All sizes are in the game's pixels.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -41,14 +41,14 @@ public:
     void setTextColor(platform::Color color);
     void setBoxColor(platform::Color color);
     void setBorderColor(platform::Color color);
-    void setMargins(platform::Size size);     // between the frame's edge and the text, pixels
+    void setMargins(platform::Size size);     // between the frame's edge and the text
     void useStaticFrame(platform::Size size); // the bitmap's size, whatever the text
 
     // Back to a size that follows the text; keeps the texture when it does already.
     void useDynamicFrame();
 
     unsigned texName() const { return m_texName; }       // 0 without a texture
-    platform::Size texSize() const { return m_texSize; } // pixels of the bitmap last uploaded
+    platform::Size texSize() const { return m_texSize; } // of the bitmap last uploaded, in the game's pixels
     platform::AttributedString const& string() const { return *m_string; }
     platform::Color textColor() const { return m_textColor; }
     platform::Color boxColor() const { return m_boxColor; }
@@ -74,6 +74,7 @@ private:
 
     platform::GLContextRef m_cglContext = nullptr;
     unsigned m_texName = 0;
+    int m_texScale = 1; // pixels of the bitmap for each of the game's
     platform::Size m_texSize;
     std::optional<platform::AttributedString> m_string;
     platform::Color m_textColor;

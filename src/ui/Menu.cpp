@@ -165,6 +165,39 @@ int Menu::PointToIOverlay(int mouseX, int mouseY) const
     return -1;
 }
 
+// The items stand in a ring with the place of none, -1, between the last and the first.
+std::optional<platform::Point> Menu::ClickPlace(int step) const
+{
+    int const ring = GetItemCount() + 1;
+    int item = m_selected;
+    for (int tries = 0; tries < ring; ++tries)
+    {
+        item = (item + 1 + step + ring) % ring - 1;
+        if (CanBeClicked(item))
+        {
+            return MiddleOf(item);
+        }
+    }
+    return std::nullopt;
+}
+
+bool Menu::CanBeClicked(int item) const
+{
+    return item >= 0 && DoesItemReactToMouse(item) && !GetItem(item).GetTexture().string().string().empty();
+}
+
+platform::Point Menu::MiddleOf(int item) const
+{
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    GetItem(item).GetDimensions(&x, &y, &width, &height);
+    int const middle = x + width / 2;
+    int const fromTop = y + height / 2;
+    return {static_cast<float>(middle), static_cast<float>(m_lastHeight - fromTop)};
+}
+
 void Menu::RememberLayout(int width, int height)
 {
     m_lastWidth = width;

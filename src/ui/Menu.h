@@ -5,7 +5,10 @@
 // pointer, clicks and keys. At most one menu is current.
 #pragma once
 
+#include "platform/base/Geometry.h"
+
 #include <memory>
+#include <optional>
 #include <vector>
 
 class GameEvent;
@@ -57,6 +60,10 @@ public:
     // The item at a point with its origin at the bottom left, or -1; edges count as inside.
     int PointToIOverlay(int mouseX, int mouseY) const;
 
+    // The middle of the item under the pointer (step 0), or of the next below it (1) or above it (-1) that
+    // reacts and has a text, round the ends; origin at the bottom left. Nothing where there is none.
+    std::optional<platform::Point> ClickPlace(int step) const;
+
     int GetItemCount() const { return static_cast<int>(m_items.size()); }
     Overlay const& GetItem(int item) const { return *m_items[static_cast<std::size_t>(item)]; }
 
@@ -67,6 +74,8 @@ protected:
 
 private:
     void SelectItemAt(int mouseX, int mouseY);
+    bool CanBeClicked(int item) const;
+    platform::Point MiddleOf(int item) const;
     void ShowItemNormal(int item);
     void ShowItemHighlighted(int item);
 

@@ -4,7 +4,7 @@
 
 #include "platform/base/Bundle.h"
 #include "platform/base/Encoding.h"
-#include "platform/window/KeyCodes.h"
+#include "platform/input/KeyCodes.h"
 #include "settings/GameSettings.h"
 #include "ui/MenuGame.h"
 #include "ui/MenuText.h"

@@ -24,7 +24,8 @@ public:
     void SetTextColor(float r, float g, float b, float a);
     void SetBgColor(float r, float g, float b, float a);
 
-    // Draws into a window of that size in pixels. Leaves lighting on; everything else as it was.
+    // Draws into a window of that size in pixels. Leaves lighting on, blending and rectangle textures off,
+    // and its own blend function, colour and texture; depth test and matrices are as they were.
     void Render(int width, int height);
 
     // Position, and size of the texture last drawn, in whole pixels.

@@ -6,9 +6,11 @@
 #include "platform/base/RunLoop.h"
 #include "platform/sound/Pasteboard.h"
 #include "platform/sound/TestMedia.h"
+#include "support/CapturedLog.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <limits>
 
 using namespace testing;
@@ -62,6 +64,7 @@ protected:
 
 TEST_F(CBMovieTest, InitialisersGiveNullForWhatCannotBeOpened)
 {
+    CapturedLog const log;
     EXPECT_FALSE(CBMovie::initWithURL("http://host.example/a.mp3", false));
     EXPECT_FALSE(CBMovie::initWithURL("file:///no/such/file.mp3", true));
     EXPECT_FALSE(CBMovie::initWithFile("", false));
@@ -137,25 +140,62 @@ TEST_F(CBMovieTest, LoopModePalindromeTurnsAtEitherEnd)
               StereoRamp(5000) + Reversed(StereoRamp(5000)) + StereoRamp(5000) + Reversed(StereoRamp(5000)));
 }
 
+// Sound is fed ahead over an end where a callback waits at either. Without a task nobody else notices the
+// end.
 TEST_F(CBMovieTest, LeavingAPalindromeDisposesOfBothItsCallBacks)
 {
     auto const movie = play(StereoRamp(5000), kLoopPalindrome);
-    hear(6000);
-    EXPECT_EQ(movie->rate(), -1.0F);
+    hear(8000);
     movie->setLoopMode(kLoopNone);
-    hear(6000);
+    EXPECT_EQ(m_loopback.render(3000), Part(Reversed(StereoRamp(5000)), 3000, 5000) + Samples(2000, 0));
+    hear(0);
     EXPECT_FALSE(movie->isPlaying());
     EXPECT_EQ(movie->time(), 0);
 }
 
 TEST_F(CBMovieTest, PlainLoopMayBecomeAPalindromeWhileItPlays)
 {
-    auto const movie = play(StereoRamp(5000), kLoopNormal);
+    Samples const samples = StereoRamp(5000);
+    auto const movie = play(samples, kLoopNormal);
     hear(2000);
     movie->setLoopMode(kLoopPalindrome);
+    EXPECT_EQ(hear(10000), Part(samples, 2000, 5000) + Reversed(samples) + Part(samples, 0, 2000));
+    EXPECT_EQ(movie->rate(), 1.0F);
+}
+
+// More than a pass of the run loop lies between the change and the end, but less than was fed ahead.
+TEST_F(CBMovieTest, LoopModeChangedInPlayIsHeardAtTheNextEnd)
+{
+    Samples const samples = StereoRamp(5000);
+    auto const movie = play(samples, kLoopNormal);
+    hear(4500);
+    movie->setLoopMode(kLoopPalindrome);
+    EXPECT_EQ(m_loopback.render(1000), Part(samples, 4500, 5000) + Part(Reversed(samples), 0, 500));
+    movie->setLoopMode(kLoopNone);
+    EXPECT_EQ(m_loopback.render(5000), Part(Reversed(samples), 500, 5000) + Samples(1000, 0));
+}
+
+TEST_F(CBMovieTest, StoppedJustAfterASeamItGoesOnFromThere)
+{
+    Samples const samples = StereoRamp(5000);
+    auto const movie = play(samples, kLoopNormal);
     hear(4000);
-    EXPECT_EQ(movie->rate(), -1.0F);
-    EXPECT_NEAR(movie->time(), 4000, kFrame);
+    m_loopback.render(2000);
+    movie->stop();
+    EXPECT_EQ(movie->time(), 1000);
+    movie->start();
+    EXPECT_EQ(hear(2000), Part(samples, 1000, 3000));
+}
+
+TEST_F(CBMovieTest, VolumeSetOnAStarvedMovieRepeatsNothing)
+{
+    Samples const samples = StereoRamp(100000);
+    auto const movie = play(samples, kLoopNone);
+    Samples const heard = m_loopback.render(90000); // no task for two seconds
+    auto const starvedAt = (std::find(heard.begin(), heard.end(), 0) - heard.begin()) / 2;
+    ASSERT_LT(starvedAt, 80000);
+    movie->setVolume(1.0F);
+    EXPECT_EQ(hear(5000), Part(samples, starvedAt, starvedAt + 5000));
 }
 
 TEST_F(CBMovieTest, PlainLoopDoesNotHoldAtTheBeginningGoingBackwards)
@@ -201,6 +241,33 @@ TEST_F(CBMovieTest, ZeroRateDropsTheTimerAndAnotherSchedulesIt)
     PassRunLoop();
     EXPECT_EQ(movie.use_count(), users);
     EXPECT_FALSE(movie->isPlaying());
+}
+
+// A rate is kept in 65,536ths.
+TEST_F(CBMovieTest, OnlyARateOfZeroDropsTheTimerHoweverSlowTheMovie)
+{
+    auto const movie = open(StereoRamp(44100));
+    auto const users = movie.use_count();
+    movie->setRate(1e-6F);
+    EXPECT_EQ(movie->rate(), 0.0F);
+    EXPECT_EQ(movie.use_count(), users + 1);
+    movie->setRate(0.0F);
+    PassRunLoop();
+    EXPECT_EQ(movie.use_count(), users);
+}
+
+// The movie has stopped by itself; its timer goes on until somebody stops it.
+TEST_F(CBMovieTest, TimerLivesOnAtTheEndOfAPlayWithoutLoop)
+{
+    auto const movie = open(StereoRamp(2000));
+    auto const users = movie.use_count();
+    movie->start();
+    hear(3000);
+    ASSERT_FALSE(movie->isPlaying());
+    EXPECT_EQ(movie.use_count(), users + 1);
+    movie->stop();
+    PassRunLoop();
+    EXPECT_EQ(movie.use_count(), users);
 }
 
 TEST_F(CBMovieTest, RateTwoAndMinusOneAdvanceTimeAsTheyShould)

@@ -4,11 +4,13 @@
 // What the player's keys, wheel and pointer do in a race, and when their settings are read.
 #include "audio/GameSound.h"
 #include "core/Game.h"
+#include "platform/input/Responder.h"
 #include "platform/settings/Preferences.h"
 #include "settings/GameSettings.h"
 #include "support/FrozenSound.h"
 #include "support/MenuProbe.h"
 #include "support/Stage.h"
+#include "support/VectorMatchers.h"
 #include "support/window/EventFactory.h"
 #include "ui/MenuGame.h"
 #include "ui/MenuKeyboard.h"
@@ -23,6 +25,8 @@
 
 namespace
 {
+
+using platform::Control;
 
 // In a race.
 class GameControls : public GameStage
@@ -57,6 +61,22 @@ protected:
         return ship().GetRotationRate() / (ship().GetMaxRotation() * 2.0F * std::numbers::pi_v<float>);
     }
     bool turnsAt(float x, float y) { return turnAt(x, y) != 0.0F; }
+
+    // How far to its right (x) and up (y) the ship has turned after a tenth of a second with the pointer
+    // there.
+    TQ3Vector3D turnedBy(float x, float y)
+    {
+        send(events::MouseMoved(x, y));
+        game().Render(probe::kWidth, probe::kHeight);
+        TQ3Vector3D facing;
+        ship().GetFacingNormal(&facing);
+        TQ3Vector3D const up = ship().GetUp();
+        TQ3Vector3D right;
+        Vector3D_Cross(&facing, &up, &right);
+        ship().Tick(0.1);
+        ship().GetFacingNormal(&facing);
+        return {Vector3D_Dot(&facing, &right), Vector3D_Dot(&facing, &up), 0.0F};
+    }
 };
 
 constexpr float kNear = 1e-6F;
@@ -163,6 +183,22 @@ TEST_F(GameControls, EveryKeyIsWantedWhileAMenuWaitsForOne)
     EXPECT_TRUE(wants(u"\uF70E"));
     press(u"\uF70E");
     EXPECT_FALSE(wants(u"\uF70E"));
+}
+
+TEST_F(GameControls, ARaceTellsItsKeysAndAPauseOnlyItsOwn)
+{
+    GameSettings::SetUniCharParam(setting::kKeyThrustUp, 0xF700);
+    startRace();
+    EXPECT_EQ(game().KeyFor(Control::ThrottleUp), u"\uF700");
+    EXPECT_EQ(game().KeyFor(Control::ThrottleDown), u"s");
+    EXPECT_EQ(game().KeyFor(Control::Pause), u"\x1B");
+    game().PauseRace();
+    EXPECT_EQ(game().KeyFor(Control::ThrottleUp), u"");
+    EXPECT_EQ(game().KeyFor(Control::ThrottleDown), u"");
+    EXPECT_EQ(game().KeyFor(Control::Pause), u"\x1B");
+    game().SwitchToState(kStateMenu);
+    EXPECT_EQ(game().KeyFor(Control::ThrottleUp), u"");
+    EXPECT_EQ(game().KeyFor(Control::Pause), u"");
 }
 
 TEST_F(GameControls, BindingsAreReadWhenARaceStarts)
@@ -285,6 +321,16 @@ TEST_F(GameControls, ATurnStartsOutsideTheDeadZone)
     EXPECT_TRUE(turnsAt(400, 316));
     EXPECT_FALSE(turnsAt(400, 285));
     EXPECT_TRUE(turnsAt(400, 284));
+}
+
+// The sine of 0.1 rotations a second for 0.1 seconds; y counts from the view's bottom.
+TEST_F(GameControls, TheShipTurnsTowardsThePointer)
+{
+    constexpr float kTurned = 0.062790520F;
+    EXPECT_THAT(turnedBy(800, 300), test::IsNear(kTurned, 0.0F, 0.0F, 1e-5F));
+    EXPECT_THAT(turnedBy(0, 300), test::IsNear(-kTurned, 0.0F, 0.0F, 1e-5F));
+    EXPECT_THAT(turnedBy(400, 600), test::IsNear(0.0F, kTurned, 0.0F, 1e-5F));
+    EXPECT_THAT(turnedBy(400, 0), test::IsNear(0.0F, -kTurned, 0.0F, 1e-5F));
 }
 
 TEST_F(GameControls, EachDirectionHasItsOwnDeadZone)

@@ -5,6 +5,7 @@
 #include "core/Game.h"
 
 #include "audio/GameMusic.h"
+#include "audio/GameSound.h"
 #include "platform/base/Clock.h"
 #include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
@@ -228,6 +229,31 @@ TEST_F(GameTest, ARaceStartsTheNextTrack)
     EXPECT_TRUE(musicPlays());
     EXPECT_EQ(GameSettings::GetIntParam(setting::kMusicLastTrackIndex),
               (before + 1) % GameMusic::kTrackCount);
+}
+
+TEST_F(GameTest, EachRaceReadsTheMusicVolumeAgain)
+{
+    GameSettings::SetFloatParam(setting::kMusicVolume, 0.0F);
+    startRace();
+    EXPECT_FALSE(musicPlays());
+    game().SwitchToState(kStateMenu);
+    GameSettings::SetFloatParam(setting::kMusicVolume, 0.5F);
+    game().SwitchToState(kStatePlaying);
+    EXPECT_TRUE(musicPlays());
+}
+
+TEST_F(GameTest, MusicPlaysWithTheEffectsSwitchedOff)
+{
+    GameSound::SetVolume(false);
+    startRace();
+    EXPECT_TRUE(musicPlays());
+}
+
+TEST_F(Stage, EffectsSoundAfterAStartWhateverWasStored)
+{
+    GameSettings::SetFloatParam(setting::kSoundVolume, 0.0F);
+    Game const game(probe::kWidth, probe::kHeight);
+    EXPECT_TRUE(frozen::Plays("Fanfare.AIFF"));
 }
 
 TEST_F(GameInARace, ThePauseKeyFreezesTheRace)

@@ -13,6 +13,7 @@
 #include "support/Stage.h"
 #include "support/window/EventFactory.h"
 #include "support/window/FakeApplication.h"
+#include "ui/MenuGame.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
 
@@ -92,6 +93,29 @@ TEST_F(GameStage, FramesNeedToBeEvenWhileARaceRuns)
     EXPECT_FALSE(view.needsEvenFrames());
 }
 
+TEST_F(GameStage, ThePlacesToClickAreThoseOfTheMenuThatIsShown)
+{
+    kGLView view;
+    EXPECT_EQ(view.clickPlace(0), std::nullopt) << "nothing is highlighted";
+    EXPECT_NE(view.clickPlace(1), std::nullopt);
+    Game::pGame->SwitchToState(kStatePlaying);
+    EXPECT_EQ(view.clickPlace(1), std::nullopt) << "there is a menu, but a race is shown";
+    EXPECT_EQ(view.keyFor(platform::Control::ThrottleUp), u"w");
+    Menu::ClearCurrent();
+    EXPECT_EQ(view.clickPlace(1), std::nullopt);
+    Game::pGame->PauseRace();
+    EXPECT_NE(view.clickPlace(1), std::nullopt);
+}
+
+TEST_F(Stage, BeforeTheFirstFrameThereIsNoKeyAndNoPlace)
+{
+    kGLView view;
+    Menu::SetCurrent(new MenuMain);
+    EXPECT_EQ(view.keyFor(platform::Control::Pause), u"");
+    EXPECT_EQ(view.clickPlace(1), std::nullopt);
+    Menu::ClearCurrent();
+}
+
 // A view with its context, in a window as the application makes it.
 class ViewInWindow : public Stage
 {
@@ -157,6 +181,13 @@ TEST_F(ViewInWindow, ReshapeSetsViewportAndProjection)
                             call("glLoadIdentity"),
                             call("gluPerspective", {45.0, 640.0 / 480.0, static_cast<double>(0.1F), 100.0}),
                             call("glMatrixMode", {GL_MODELVIEW}), call("glLoadIdentity")));
+}
+
+TEST_F(ViewInWindow, OnADenseDisplayTheViewportHasTheDisplaysPixels)
+{
+    recording::setDisplayScale(2);
+    auto const calls = recording::during([&] { m_view->reshape(); });
+    EXPECT_GE(recording::indexOf(calls, call("glViewport", {0, 0, 1280, 960})), 0);
 }
 
 TEST_F(ViewWithGame, EventsComeWhileTheViewHasTheKeyboard)

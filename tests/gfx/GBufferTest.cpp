@@ -58,6 +58,21 @@ TEST(GBuffer, RefusedMemoryIsLoggedAndNull)
     EXPECT_THAT(log.lines(), ElementsAre("buffer malloc failed"));
 }
 
+// Cairo draws no deeper than 32,767 pixels, and no 24 bits without padding.
+TEST(GBuffer, MemoryThatNothingCanDrawIntoIsLoggedWithTheSizesOfBefore)
+{
+    CapturedLog log;
+    EXPECT_EQ(GBuffer::Create({40000.0F, 1.0F}, 32), nullptr);
+    GBuffer buffer;
+    ASSERT_TRUE(buffer.CreateImageBuffer({30.0F, 20.0F}, 16));
+    EXPECT_FALSE(buffer.CreateImageBuffer({4.0F, 4.0F}, 24));
+    EXPECT_NE(buffer.GetPixels(), nullptr) << "the memory stays";
+    EXPECT_FALSE(buffer.CreateCGContext());
+    EXPECT_FALSE(buffer.CreateImageBuffer({0.0F, 4.0F}, 32));
+    EXPECT_THAT(log.lines(),
+                ElementsAre("NewGWorld failed 0, 0 x 0", "NewGWorld failed 16, 30 x 20", "GetGWorldPixMap"));
+}
+
 TEST(GBuffer, HasAContextOnlyWithMemory)
 {
     GBuffer empty;

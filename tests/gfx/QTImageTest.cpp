@@ -216,6 +216,39 @@ TEST_F(QTImageOfQuarters, BytesThatAreNoPictureOfTheFilesTypeAreLogged)
     EXPECT_THAT(log.lines(), ElementsAre("err: set error = -1"));
 }
 
+// Its first bytes are those of a bitmap. The picture was measured when the file was whole.
+TEST_F(QTImageOfQuarters, BodyThatCannotBeDecodedDrawsNothingAndSucceeds)
+{
+    m_image.ReleaseImageData();
+    std::filesystem::resize_file(m_picture.file(), 20);
+    CapturedLog log;
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    EXPECT_FALSE(m_image.WasDrawn());
+    EXPECT_THAT(PixelOf(m_image, 2, 2), ElementsAre(0, 0, 0, 0));
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST(QTImage, PictureOfAnotherTypeIsLoggedAndRefused)
+{
+    TestPicture const picture(1, 1, Plain(kRed));
+    std::ofstream(picture.file()) << "P3 1 1 255 9 8 7\n"; // a portable pixmap
+    QTImage image;
+    CapturedLog log;
+    EXPECT_FALSE(image.SetImageFromFSSpec(picture.file()));
+    EXPECT_THAT(log.lines(), ElementsAre("error getting type -1"));
+}
+
+// Depths that cannot be drawn into leave memory of another size behind.
+TEST_F(QTImageOfQuarters, DepthAfterOneThatFailedHasItsOwnBuffer)
+{
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    CapturedLog log;
+    EXPECT_FALSE(m_image.CreateImageWithBitdepth(8));
+    EXPECT_THAT(log.lines(), ElementsAre("NewGWorld failed 32, 4 x 4"));
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    EXPECT_THAT(PixelOf(m_image, 3, 3), ElementsAre(0, 255, 0, 255));
+}
+
 TEST(QTImage, AVanishedFileFailsQuietly)
 {
     QTImage image;

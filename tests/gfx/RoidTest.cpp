@@ -151,17 +151,28 @@ TEST_F(RoidTest, EachLevelKnowsTheBallThatItsMeshContains)
     {
         ScopedSetting const setting(setting::kAsteroidsSmoothness, smoothness);
         Roid::ReadSettings();
-        EXPECT_NEAR(Roid::SolidShare(0), NearestFace(smoothness), 1e-6);
-        EXPECT_NEAR(Roid::SolidShare(1), NearestFace((smoothness + 4) / 2), 1e-6);
-        EXPECT_NEAR(Roid::SolidShare(2), NearestFace(4), 1e-6);
+        float const(&share)[Roid::kLodCount] = Roid::GetMeshes().solidShare;
+        EXPECT_NEAR(share[0], NearestFace(smoothness), 1e-6);
+        EXPECT_NEAR(share[1], NearestFace((smoothness + 4) / 2), 1e-6);
+        EXPECT_NEAR(share[2], NearestFace(4), 1e-6);
     }
 }
 
 TEST_F(RoidTest, MeshThatEnclosesNothingContainsNoBall)
 {
     unsigned long lists[Roid::kSizeCount][Roid::kLodCount] = {};
-    Roid::CreatePrerender(2, lists);
-    EXPECT_EQ(Roid::SolidShare(0), 0.0F);
+    EXPECT_EQ(Roid::CreatePrerender(2, lists).solidShare[0], 0.0F);
+}
+
+// The lists of others are described apart from those that the field is drawn with.
+TEST_F(RoidTest, ListsMadeForOthersLeaveTheSharedOnesAsTheyAre)
+{
+    float const share = Roid::GetMeshes().solidShare[0];
+    unsigned long lists[Roid::kSizeCount][Roid::kLodCount] = {};
+    ScopedSetting const maxR(setting::kAsteroidsMaxR, 0.7F);
+    EXPECT_FLOAT_EQ(Roid::CreatePrerender(3, lists).radius[3], 0.7F);
+    EXPECT_FLOAT_EQ(Roid::GetMeshes().radius[3], 0.6F);
+    EXPECT_EQ(Roid::GetMeshes().solidShare[0], share);
 }
 
 TEST_F(RoidTest, MiddleLevelHalvesTowardsFourTruncating)

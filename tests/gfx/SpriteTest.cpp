@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace
 {
 
@@ -105,8 +107,27 @@ TEST_F(SpriteTest, SixteenBitsAreUploadedAsSuch)
 {
     ASSERT_TRUE(m_image.CreateImageWithBitdepth(16));
     auto const calls = create(1);
-    EXPECT_THAT(calls, Contains(call("glTexImage2D", {GL_TEXTURE_2D, 0, GL_RGB5_A1, 256, 64, 0, GL_BGRA,
-                                                      GL_UNSIGNED_SHORT_1_5_5_5_REV})));
+    Call const upload = call(
+        "glTexImage2D", {GL_TEXTURE_2D, 0, GL_RGB5_A1, 256, 64, 0, GL_BGRA, GL_UNSIGNED_SHORT_1_5_5_5_REV});
+    int const at = recording::indexOf(calls, upload);
+    ASSERT_GT(at, 0);
+    auto const around = calls.begin() + at;
+    EXPECT_EQ(around[-1], call("glPixelStorei", {GL_UNPACK_ALIGNMENT, 2}));
+    EXPECT_EQ(around[1], call("glPixelStorei", {GL_UNPACK_ALIGNMENT, 4})) << "as it is without us";
+}
+
+// Rows of two bytes, one after the other.
+TEST_F(SpriteTest, SixteenBitRowsOfOnePixelAreUploadedWhole)
+{
+    TestPicture const column(1, 4, [](int, int y) { return 0xFF000000U + 0x001F0000U * unsigned(y + 1); });
+    QTImage image;
+    ASSERT_TRUE(image.SetImageFromFSSpec(column.file()) && image.CreateImageWithBitdepth(16));
+    create(3, image);
+    ASSERT_EQ(recording::uploads().size(), 3U);
+    std::vector<std::uint8_t> const& uploaded = recording::uploads()[0].pixels;
+    ASSERT_EQ(uploaded.size(), 8U);
+    EXPECT_EQ(std::memcmp(uploaded.data(), image.GetPixels(), 8), 0);
+    EXPECT_THAT(uploaded, Not(testing::Each(uploaded[0])));
 }
 
 TEST_F(SpriteTest, TheSizeIsThePicturesOwn)

@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <functional>
 
 namespace
@@ -202,6 +204,98 @@ TEST_F(StringTextureTest, TheUploadIsARectangleOfRgbaBytes)
     EXPECT_EQ(recording::count(calls, "glTexParameterf"), 0);
 }
 
+using Rgba = std::array<int, 4>;
+
+Rgba PixelOf(recording::Upload const& bitmap, int x, int row)
+{
+    auto const at = bitmap.pixels.begin() + 4 * (row * bitmap.width + x);
+    return {at[0], at[1], at[2], at[3]};
+}
+
+struct Box
+{
+    int left = 1000;
+    int top = 1000;
+    int right = -1;
+    int bottom = -1;
+};
+
+// Where the bitmap is not transparent; both ends included.
+Box InkOf(recording::Upload const& bitmap)
+{
+    Box ink;
+    for (int row = 0; row < bitmap.height; ++row)
+    {
+        for (int x = 0; x < bitmap.width; ++x)
+        {
+            if (PixelOf(bitmap, x, row)[3] != 0)
+            {
+                ink = {std::min(ink.left, x), std::min(ink.top, row), std::max(ink.right, x),
+                       std::max(ink.bottom, row)};
+            }
+        }
+    }
+    return ink;
+}
+
+// A line of 1.5 pixels: the second row is half frame.
+TEST_F(StringTextureTest, TheFrameLiesAroundTheFillInTheirColours)
+{
+    m_texture.initWithString("", m_attributes, kRed, kGreen, {0.0F, 0.0F, 1.0F, 1.0F});
+    m_texture.useStaticFrame({40.0F, 20.0F});
+    draw();
+    recording::Upload const& bitmap = recording::uploads().at(0);
+    EXPECT_EQ(bitmap.texture, m_texture.texName());
+    for (auto const& [x, row] : {std::pair{0, 0}, {39, 0}, {0, 19}, {39, 19}, {20, 0}, {0, 10}})
+    {
+        EXPECT_EQ(PixelOf(bitmap, x, row), (Rgba{0, 0, 255, 255})) << x << ", " << row;
+    }
+    EXPECT_NEAR(PixelOf(bitmap, 20, 1)[1], 128, 2);
+    EXPECT_NEAR(PixelOf(bitmap, 20, 1)[2], 128, 2);
+    EXPECT_EQ(PixelOf(bitmap, 2, 2), (Rgba{0, 255, 0, 255}));
+    EXPECT_EQ(PixelOf(bitmap, 37, 17), (Rgba{0, 255, 0, 255}));
+}
+
+TEST_F(StringTextureTest, BoxAndFrameOfNoAlphaAreNotDrawn)
+{
+    m_texture.initWithString("", m_attributes, kRed, {0.0F, 1.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F, 0.0F});
+    m_texture.useStaticFrame({40.0F, 20.0F});
+    draw();
+    EXPECT_THAT(recording::uploads().at(0).pixels, testing::Each(0));
+}
+
+// Within what the text measures, from the margins on; its place counts from the bottom left.
+TEST_F(StringTextureTest, TheTextStandsAtItsMarginsInItsColour)
+{
+    m_texture.setTextColor(kRed);
+    m_texture.useStaticFrame({200.0F, 60.0F});
+    m_texture.setMargins({30.0F, 10.0F});
+    draw();
+    platform::Size const text = measured("Start Race");
+    Box const ink = InkOf(recording::uploads().at(0));
+    EXPECT_GE(ink.left, 30);
+    EXPECT_LE(ink.left, 32) << "an S begins close to its place";
+    EXPECT_LE(ink.right, 30 + static_cast<int>(text.width));
+    EXPECT_GE(ink.right, 20 + static_cast<int>(text.width));
+    EXPECT_GE(ink.top, 50 - static_cast<int>(text.height));
+    EXPECT_LT(ink.bottom, 50);
+    EXPECT_GT(ink.bottom, 40) << "the letters stand on the line";
+    for (int row = ink.top; row <= ink.bottom; ++row)
+    {
+        Rgba const pixel = PixelOf(recording::uploads().at(0), ink.left, row);
+        EXPECT_EQ(pixel[0], pixel[3]);
+        EXPECT_EQ(pixel[1] + pixel[2], 0);
+    }
+
+    m_texture.setMargins({33.0F, 15.0F});
+    draw();
+    Box const moved = InkOf(recording::uploads().at(0));
+    EXPECT_EQ(moved.left, ink.left + 3);
+    EXPECT_EQ(moved.right, ink.right + 3);
+    EXPECT_EQ(moved.top, ink.top - 5);
+    EXPECT_EQ(moved.bottom, ink.bottom - 5);
+}
+
 TEST_F(StringTextureTest, TheQuadIsTheTextureAtItsNaturalSize)
 {
     m_texture.useStaticFrame({200.0F, 30.0F});
@@ -214,6 +308,30 @@ TEST_F(StringTextureTest, TheQuadIsTheTextureAtItsNaturalSize)
                                    call("glVertex2f", {10, 50}), call("glTexCoord2f", {200, 30}),
                                    call("glVertex2f", {210, 50}), call("glTexCoord2f", {200, 0}),
                                    call("glVertex2f", {210, 20}), call("glEnd")));
+}
+
+TEST_F(StringTextureTest, OnADenseDisplayTheBitmapIsLargerAndTheQuadIsNot)
+{
+    recording::setDisplayScale(2);
+    m_texture.useStaticFrame({200.0F, 30.0F});
+    auto const calls = recording::during([&] { m_texture.drawAtPoint({10.0F, 20.0F}); });
+    EXPECT_GE(recording::indexOf(calls, call("glTexImage2D", {GL_TEXTURE_RECTANGLE_EXT, 0, GL_RGBA, 400, 60,
+                                                              0, GL_RGBA, GL_UNSIGNED_BYTE})),
+              0);
+    EXPECT_GE(recording::indexOf(calls, call("glTexCoord2f", {400, 60})), 0);
+    EXPECT_GE(recording::indexOf(calls, call("glVertex2f", {210, 50})), 0);
+    EXPECT_EQ(m_texture.texSize().width, 200.0F);
+    EXPECT_EQ(m_texture.texSize().height, 30.0F);
+}
+
+TEST_F(StringTextureTest, ADisplayOfAnotherDensityMakesANewTexture)
+{
+    draw();
+    recording::setDisplayScale(2);
+    EXPECT_EQ(recording::count(draw(), "glTexImage2D"), 1);
+    EXPECT_EQ(recording::count(draw(), "glTexImage2D"), 0);
+    EXPECT_EQ(recording::textures().size(), 1U);
+    expectFrame(measured("Start Race").width + 8.0F, measured("Start Race").height + 4.0F);
 }
 
 TEST_F(StringTextureTest, BoundsStretchTheTexture)

@@ -116,11 +116,33 @@ TEST(UtilTest, IntRangeReachesBothEndsAndNothingElse)
 
 TEST(UtilTest, IntRangeFloorsTheScaledNumber)
 {
-    std::srand(11);
-    auto const f = static_cast<float>(std::rand() * (1.0 / 2147483648.0));
-    int const expected = static_cast<int>(std::floor(static_cast<double>(f * 10.0F) - 4.0));
-    platform::SeedRandom(11);
-    EXPECT_EQ(RandRange(-4, 5), expected);
+    int negative = 0;
+    for (unsigned seed = 1; seed <= 30; ++seed)
+    {
+        std::srand(seed);
+        auto const f = static_cast<float>(std::rand() * (1.0 / 2147483648.0));
+        double const scaled = static_cast<double>(f * 10.0F) - 4.0;
+        platform::SeedRandom(seed);
+        EXPECT_EQ(RandRange(-4, 5), static_cast<int>(std::floor(scaled))) << scaled;
+        negative += scaled < 0.0 ? 1 : 0;
+    }
+    EXPECT_GT(negative, 5);
+}
+
+// This seed's first draw is within 2^-25 of the greatest, so that its float is 1.
+TEST(UtilTest, GreatestDrawOvershootsTheRange)
+{
+    constexpr unsigned kSeed = 22100322;
+    std::srand(kSeed);
+    ASSERT_EQ(std::rand(), 2147483636) << "another C library";
+    platform::SeedRandom(kSeed);
+    EXPECT_EQ(RandRange(3, 3), 4);
+    platform::SeedRandom(kSeed);
+    EXPECT_EQ(RandRange(-4, 5), 6);
+    platform::SeedRandom(kSeed);
+    EXPECT_EQ(RandRange(0.0F, 1.0F), 1.0F);
+    platform::SeedRandom(kSeed);
+    EXPECT_EQ(Rand(), 1.0F);
 }
 
 TEST(UtilTest, IntRangeOfOneNumberIsThatNumber)

@@ -5,7 +5,7 @@
 #include <SDL.h>
 #include <SDL_image.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -16,6 +16,8 @@ namespace
 constexpr double kMeanTolerance = 1.5;      // of 255
 constexpr int kPixelTolerance = 40;         // of 255
 constexpr double kFarPixelTolerance = 0.01; // share of pixels
+constexpr int kLit = 60;                    // of 255, in any colour
+constexpr double kFarLitTolerance = 0.1;    // share of lit pixels in a subject
 
 using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
 
@@ -26,30 +28,41 @@ std::string GoldenFile(std::string const& name)
 
 struct Difference
 {
-    double mean = 0.0;     // of 255
-    double farShare = 0.0; // pixels beyond kPixelTolerance
+    double sum = 0.0;       // of all colours, of 255 each
+    double farPixels = 0.0; // beyond kPixelTolerance
+    double lit = 0.0;
+    double farLit = 0.0;
 };
 
-Difference Compare(Picture const& a, Picture const& b)
+void AddPixel(std::uint8_t const* a, std::uint8_t const* b, Difference& difference)
 {
-    double sum = 0.0;
-    double farPixels = 0.0;
-    for (int y = 0; y < a.height(); ++y)
+    int most = 0;
+    int brightest = 0;
+    for (int c = 0; c < 3; ++c)
     {
-        for (int x = 0; x < a.width(); ++x)
+        int const apart = std::abs(a[c] - b[c]);
+        difference.sum += apart;
+        most = std::max(most, apart);
+        brightest = std::max<int>({brightest, a[c], b[c]});
+    }
+    bool const isFar = most > kPixelTolerance;
+    bool const isLit = brightest > kLit;
+    difference.farPixels += isFar ? 1.0 : 0.0;
+    difference.lit += isLit ? 1.0 : 0.0;
+    difference.farLit += isFar && isLit ? 1.0 : 0.0;
+}
+
+Difference Compare(Picture const& a, Picture const& b, PictureArea const& area)
+{
+    Difference difference;
+    for (int y = area.y; y < area.y + area.height; ++y)
+    {
+        for (int x = area.x; x < area.x + area.width; ++x)
         {
-            int most = 0;
-            for (int c = 0; c < 3; ++c)
-            {
-                int const apart = std::abs(a.row(y)[x * 3 + c] - b.row(y)[x * 3 + c]);
-                sum += apart;
-                most = std::max(most, apart);
-            }
-            farPixels += most > kPixelTolerance ? 1.0 : 0.0;
+            AddPixel(a.row(y) + x * 3, b.row(y) + x * 3, difference);
         }
     }
-    double const pixels = static_cast<double>(a.width()) * a.height();
-    return {sum / (pixels * 3.0), farPixels / pixels};
+    return difference;
 }
 
 } // namespace
@@ -87,26 +100,47 @@ bool Picture::save(std::string const& file) const
     return surface && IMG_SavePNG(surface.get(), file.c_str()) == 0;
 }
 
-testing::AssertionResult LooksLike(Picture const& picture, std::string const& name)
+testing::AssertionResult IsLike(Picture const& picture, std::string const& name,
+                                std::vector<PictureArea> subjects)
 {
-    std::string const file = GoldenFile(name);
-    if (std::getenv("QUARROW_UPDATE_GOLDEN") != nullptr)
-    {
-        return picture.save(file) ? testing::AssertionSuccess()
-                                  : testing::AssertionFailure() << "cannot write " << file;
-    }
-    Picture const golden = Picture::load(file);
+    Picture const golden = Picture::load(GoldenFile(name));
     if (golden.width() != picture.width() || golden.height() != picture.height())
     {
-        return testing::AssertionFailure() << file << " is missing or of another size";
+        return testing::AssertionFailure() << GoldenFile(name) << " is missing or of another size";
     }
-    Difference const difference = Compare(picture, golden);
-    if (difference.mean <= kMeanTolerance && difference.farShare <= kFarPixelTolerance)
+    PictureArea const whole{0, 0, picture.width(), picture.height()};
+    Difference const all = Compare(picture, golden, whole);
+    double const pixels = static_cast<double>(whole.width) * whole.height;
+    double const mean = all.sum / (pixels * 3.0);
+    double const farShare = all.farPixels / pixels;
+    double farLitShare = 0.0;
+    subjects = subjects.empty() ? std::vector{whole} : subjects;
+    for (PictureArea const& subject : subjects)
     {
-        return testing::AssertionSuccess();
+        Difference const part = Compare(picture, golden, subject);
+        farLitShare = std::max(farLitShare, part.farLit / std::max(part.lit, 1.0));
     }
-    picture.save(name + "-seen.png");
-    return testing::AssertionFailure()
-           << name << " differs by " << difference.mean << " of 255 on average, "
-           << difference.farShare * 100.0 << " % of its pixels strongly; see " << name << "-seen.png";
+    bool const isLike =
+        mean <= kMeanTolerance && farShare <= kFarPixelTolerance && farLitShare <= kFarLitTolerance;
+    return (isLike ? testing::AssertionSuccess() : testing::AssertionFailure())
+           << name << " differs by " << mean << " of 255 on average, " << farShare * 100.0
+           << " % of its pixels strongly, and " << farLitShare * 100.0
+           << " % of the lit pixels of what it is about";
+}
+
+testing::AssertionResult LooksLike(Picture const& picture, std::string const& name,
+                                   std::vector<PictureArea> const& subjects)
+{
+    if (std::getenv("QUARROW_UPDATE_GOLDEN") != nullptr)
+    {
+        return picture.save(GoldenFile(name)) ? testing::AssertionSuccess()
+                                              : testing::AssertionFailure() << "cannot write " << name;
+    }
+    testing::AssertionResult result = IsLike(picture, name, subjects);
+    if (!result)
+    {
+        picture.save(name + "-seen.png");
+        result << "; see " << name << "-seen.png";
+    }
+    return result;
 }

@@ -36,9 +36,24 @@ private:
     std::vector<std::uint8_t> m_bytes;
 };
 
+// A part of a picture, pixels from its top left.
+struct PictureArea
+{
+    int x;
+    int y;
+    int width;
+    int height;
+};
+
 // Succeeds when the picture looks like tests/pictures/golden/<name>.png: on average at most 1.5 of 255 apart,
 // and at most one pixel in a hundred by more than 40. Software OpenGL rounds differently from version to
-// version, along edges above all, and FreeType's grey levels move by a few; a missing line of text or a
-// marker elsewhere differs by more. On failure the picture is left beside the test program. With
-// QUARROW_UPDATE_GOLDEN set it becomes the golden one.
-testing::AssertionResult LooksLike(Picture const& picture, std::string const& name);
+// version, along edges above all, and FreeType's grey levels move by a few. Most pixels are dark, so that a
+// menu could be missing all the same: in each of the subjects, by default the whole picture, at most one in
+// ten of the pixels that are lit in either picture differs by more than 40.
+testing::AssertionResult IsLike(Picture const& picture, std::string const& name,
+                                std::vector<PictureArea> subjects = {});
+
+// The same. On failure the picture is left beside the test program. With QUARROW_UPDATE_GOLDEN set it becomes
+// the golden one.
+testing::AssertionResult LooksLike(Picture const& picture, std::string const& name,
+                                   std::vector<PictureArea> const& subjects = {});

@@ -19,6 +19,11 @@
 namespace
 {
 
+// Where a view of 640 x 480 has a menu's items, the cockpit's instruments and its read-outs.
+constexpr PictureArea kItems{320, 240, 320, 200};
+constexpr PictureArea kInstruments{195, 400, 140, 80};
+constexpr PictureArea kReadOuts{200, 425, 440, 55};
+
 class ScenePictures : public testing::Test
 {
 protected:
@@ -49,7 +54,7 @@ TEST_F(ScenePictures, MainMenuStandsOverTheRunningScene)
 {
     m_scene.universe().SetCockpitVisible(false);
     Menu::SetCurrent(new MenuMain);
-    EXPECT_TRUE(LooksLike(DrawScene(), "main-menu"));
+    EXPECT_TRUE(LooksLike(DrawScene(), "main-menu", {kItems}));
 }
 
 // Cyrillic, kana with Han, and Han, each in another font than the English menu.
@@ -71,7 +76,7 @@ class CockpitPictures : public ScenePictures, public testing::WithParamInterface
 TEST_P(CockpitPictures, ShowWhereTheMarkerIs)
 {
     GetParam().arrange(m_scene);
-    EXPECT_TRUE(LooksLike(DrawScene(), GetParam().name));
+    EXPECT_TRUE(LooksLike(DrawScene(), GetParam().name, {kInstruments, kReadOuts}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Situations, CockpitPictures, testing::ValuesIn(CockpitSituations()),
@@ -85,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Situations, CockpitPictures, testing::ValuesIn(CockpitS
 TEST_F(ScenePictures, PauseMenuStandsOverTheCockpit)
 {
     Menu::SetCurrent(new MenuPaused);
-    EXPECT_TRUE(LooksLike(DrawScene(), "pause-menu"));
+    EXPECT_TRUE(LooksLike(DrawScene(), "pause-menu", {kItems, kInstruments, kReadOuts}));
 }
 
 TEST_F(ScenePictures, EndOfRaceMenuShowsTimeAndRank)
@@ -94,7 +99,24 @@ TEST_F(ScenePictures, EndOfRaceMenuShowsTimeAndRank)
     GameSettings::SetIntArrayParam(setting::kRaceTimes, none, 5);
     m_scene.universe().SetCockpitVisible(false);
     Menu::SetCurrent(new MenuEndGame(95));
-    EXPECT_TRUE(LooksLike(DrawScene(), "end-menu"));
+    EXPECT_TRUE(LooksLike(DrawScene(), "end-menu", {kItems}));
+}
+
+TEST_F(ScenePictures, LackOfWhatTheyAreAboutIsRefused)
+{
+    Picture const scene = DrawScene();
+    EXPECT_TRUE(IsLike(scene, "race-start", {kInstruments, kReadOuts}));
+    EXPECT_FALSE(IsLike(scene, "pause-menu", {kItems})) << "the menu is missing";
+    EXPECT_FALSE(IsLike(scene, "main-menu", {kItems}));
+    m_scene.universe().SetCockpitVisible(false);
+    EXPECT_FALSE(IsLike(DrawScene(), "race-start", {kInstruments}));
+    EXPECT_FALSE(IsLike(DrawScene(), "race-start", {kReadOuts}));
+    Picture const black(scene.width(), scene.height());
+    for (char const* const page : {"fastest-times", "fastest-times-none", "options", "options-graphics",
+                                   "options-sound", "options-keyboard", "credits", "main-menu-ja"})
+    {
+        EXPECT_FALSE(IsLike(black, page)) << page;
+    }
 }
 
 TEST_F(ScenePictures, FastestTimesShowFiveRanks)

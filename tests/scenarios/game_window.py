@@ -9,6 +9,7 @@ import configparser
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -135,6 +136,10 @@ class Picture:
         return fits.bit_count()
 
 
+# What every run logs, and each change of full screen.
+USUAL = re.compile(r"quarrow: (Set current context\.\.\.|(end )?awakeFromNib|Window was created|"
+                   r"self apparently made first responder|Alpha bits  = .*|-toggle fullscreen)")
+
 WHITE = (range(241, 256),) * 3
 LIGHT = (range(151, 256),) * 3  # text in its normal grey (0.7) or brighter
 THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
@@ -143,8 +148,11 @@ THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
 class Game:
     """One run of the program. Use it in a with statement."""
 
-    def __init__(self, display, home, environment=None, expect_start=True, program=None):
+    def __init__(self, display, home, environment=None, expect_start=True, program=None, stdin=subprocess.DEVNULL,
+                 scale=1):
+        """scale: display pixels for each of the game's. Places and sizes below are in the game's, but for window()."""
         self.display = display
+        self._scale = scale
         self.home = pathlib.Path(home)
         self.config = self.home / ".config" / "quarrow" / "settings.ini"
         self._log_path = self.home / f"log-{time.monotonic_ns()}.txt"
@@ -155,7 +163,7 @@ class Game:
         env.update(environment or {})
         with open(self._log_path, "wb") as log:
             self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"]], env=env, stdout=log,
-                                            stderr=log, stdin=subprocess.DEVNULL)
+                                            stderr=log, stdin=stdin)
         if expect_start:
             wait_until(lambda: "Alpha bits" in self.log(), lambda: "the game's first frame\n" + self.log())
 
@@ -169,6 +177,10 @@ class Game:
 
     def log(self):
         return self._log_path.read_text(errors="replace")
+
+    def unusual_lines(self):
+        """All lines of the log but those of every run, whoever wrote them."""
+        return [line for line in self.log().splitlines() if not USUAL.fullmatch(line)]
 
     def maps(self):
         """The paths of the files that the process has mapped into its memory."""
@@ -193,6 +205,17 @@ class Game:
         """The exit status."""
         return self.process.wait(timeout=WAIT_LIMIT)
 
+    def processor_time(self):
+        """Seconds that the game has worked so far, on all threads."""
+        fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rsplit(")", 1)[1].split()
+        return sum(int(field) for field in fields[11:13]) / os.sysconf("SC_CLK_TCK")
+
+    def share_of_a_core(self):
+        """What the game works on in the next two seconds."""
+        work, start = self.processor_time(), time.monotonic()
+        wait_until(lambda: time.monotonic() > start + 2, "two seconds")
+        return (self.processor_time() - work) / (time.monotonic() - start)
+
     def end(self, how=signal.SIGTERM):
         self.process.send_signal(how)
         return self.wait_exit()
@@ -202,7 +225,7 @@ class Game:
     def point_at(self, x, y):
         """Moves the pointer to a pixel of the window, origin at its top left."""
         left, top, _, _ = self.window()
-        self.display.x.move(left + x, top + y)
+        self.display.x.move(left + x * self._scale, top + y * self._scale)
         self.display.x.flush()
 
     def press_button(self):
@@ -226,7 +249,7 @@ class Game:
     def item_position(self, item, font_size=20):
         """The top left corner of a menu's item."""
         _, _, width, height = self.window()
-        return width // 2, height // 2 + 2 * font_size * item
+        return width // self._scale // 2, height // self._scale // 2 + 2 * font_size * item
 
     def point_at_item(self, item):
         """Moves onto the item from beside it: a new menu does not notice a pointer that already rests there."""
@@ -252,28 +275,35 @@ class Game:
     def picture(self):
         return self.display.picture()
 
+    def on_display(self, x, y, width, height):
+        """The box on the display of a box of the window."""
+        left, top, _, _ = self.window()
+        x, y, width, height = (value * self._scale for value in (x, y, width, height))
+        return left + x, top + y, width, height
+
     def text_pixels(self, item, width=160):
         """How many pixels of the item's line are as light as text."""
-        left, top, _, _ = self.window()
         x, y = self.item_position(item)
-        return self.picture().count((left + x + 2, top + y + 2, width, 22), LIGHT)
+        return self.picture().count(self.on_display(x + 2, y + 2, width, 22), LIGHT) // self._scale ** 2
 
     def is_highlighted(self, item):
         """Whether the item has its white frame."""
-        left, top, _, _ = self.window()
         x, y = self.item_position(item)
-        return self.picture().count((left + x, top + y + 3, 1, 16), WHITE) == 16
+        return self.picture().count(self.on_display(x, y + 3, 1, 16), WHITE) == 16 * self._scale ** 2
 
     def frame_width(self, item):
-        """The width of the highlighted item's frame, in pixels."""
-        left, top, window_width, _ = self.window()
+        """The width of the highlighted item's frame."""
         x, y = self.item_position(item)
-        return self.picture().count((left + x, top + y, window_width - x, 1), WHITE)
+        _, _, window_width, _ = self.window()
+        row = self.on_display(x, y, window_width // self._scale - x, 1)
+        return self.picture().count(row, WHITE) // self._scale ** 2
 
     def throttle_pixels(self):
-        """How many pixels the throttle's bar fills."""
+        """How many of the display's pixels the throttle's bar fills."""
         left, top, width, height = self.window()
-        return self.picture().count((left + width // 2 - 200, top + height - 90, 200, 80), THRUST)
+        size = height // 9
+        box = (left + width // 2 - 5 * size // 2, top + height - 9 * size // 8, 5 * size // 2, size)
+        return self.picture().count(box, THRUST)
 
     def wait_for_items(self, present, absent=()):
         """Waits for a menu that has the items present and none of the items absent."""
@@ -311,6 +341,13 @@ class Scenario(unittest.TestCase):
         display = Display(**options)
         self.addCleanup(display.close)
         return display
+
+    def start_window_manager(self, display):
+        manager = subprocess.Popen(["openbox", "--sm-disable"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   env={"DISPLAY": display.name, "HOME": str(self.home), "PATH": "/usr/bin:/bin"})
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.terminate)
+        wait_until(display.x.has_window_manager, "the window manager")
 
     def write_settings(self, text):
         """text: a line for each key."""

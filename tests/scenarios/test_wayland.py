@@ -18,13 +18,14 @@ from game_window import Display, Game, wait_until
 class Compositor:
     """A Weston whose one output fills the display."""
 
-    def __init__(self, folder, display):
+    def __init__(self, folder, display, scale):
         self.folder = pathlib.Path(folder, "runtime")
         self.folder.mkdir(mode=0o700)
         self._log = open(self.folder / "log", "wb")
         self._server = subprocess.Popen(
             ["weston", "--no-config", "--idle-time=0", "--socket=quarrow", "--shell=kiosk-shell.so", "--use-pixman",
-             "--backend=x11-backend.so", f"--width={display.width}", f"--height={display.height}"],
+             "--backend=x11-backend.so", f"--scale={scale}", f"--width={display.width // scale}",
+             f"--height={display.height // scale}"],
             env={**os.environ, "XDG_RUNTIME_DIR": str(self.folder), "DISPLAY": display.name},
             stdout=self._log, stderr=self._log)
         wait_until((self.folder / "quarrow").exists, "the compositor")
@@ -42,13 +43,13 @@ class WaylandScenario(unittest.TestCase):
         self.addCleanup(self._folder.cleanup)
         self.home = pathlib.Path(self._folder.name, "home")
         self.home.mkdir()
-        self.display = Display()
-        self.addCleanup(self.display.close)
 
-    def start(self):
-        compositor = Compositor(self._folder.name, self.display)
+    def start(self, scale=1):
+        self.display = Display(1280 * scale, 720 * scale)
+        self.addCleanup(self.display.close)
+        compositor = Compositor(self._folder.name, self.display, scale)
         self.addCleanup(compositor.close)
-        game = Game(self.display, self.home, environment=compositor.environment)
+        game = Game(self.display, self.home, environment=compositor.environment, scale=scale)
         self.addCleanup(game.__exit__)
         return game
 
@@ -75,6 +76,21 @@ class WaylandScenario(unittest.TestCase):
         game.wait_for_items(present=range(5))
         self.click_item(game, 4)
         self.assertEqual(game.wait_exit(), 0)
+
+    def test_compositors_scale_is_the_games(self):
+        game = self.start(scale=2)
+        game.wait_for_items(present=range(5))
+        game.highlight_item(2)
+        self.click_item(game, 0)
+        game.wait_for_items(present=[], absent=range(5))
+        game.key("w")
+        wait_until(game.throttle_pixels, "the throttle bar to grow")
+        game.key("Escape")
+        game.wait_for_items(present=[0, 1], absent=[2, 3])
+        game.key("F11")
+        game.wait_for_setting("Fullscreen", 0)
+        game.wait_for_items(present=[0, 1], absent=[2, 3])
+        self.assertEqual(game.end(), 0)
 
     def test_options_are_changed_and_kept(self):
         game = self.start()

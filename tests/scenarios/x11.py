@@ -69,6 +69,13 @@ class Connection:
         """Returns once the server has handled every request."""
         self._x.XSync(self._display, 0)
 
+    def write_resources(self, text):
+        """What the desktop tells the programs that are started from now on."""
+        text = text.encode()
+        self._x.XChangeProperty(self._display, self._root, self._atom("RESOURCE_MANAGER"), self._atom("STRING"), 8, 0,
+                                text, len(text))
+        self.flush()
+
     # Looking
 
     def titled_windows(self):

@@ -4,7 +4,7 @@
 // What a player sees of a menu (an item's text, place and look), and the mouse and keys to use it.
 #pragma once
 
-#include "platform/window/Event.h"
+#include "platform/input/Event.h"
 #include "ui/Menu.h"
 
 #include <string>

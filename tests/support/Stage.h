@@ -4,7 +4,7 @@
 // What tests of game and menus start from: default settings, a new OpenGL context, silence, no menu, no game.
 #pragma once
 
-#include "platform/window/Event.h"
+#include "platform/input/Event.h"
 
 #include <gtest/gtest.h>
 

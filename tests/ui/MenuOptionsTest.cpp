@@ -296,7 +296,7 @@ TEST_F(OptionsTest, AnyEffectsVolumeButZeroIsOn)
     }
 }
 
-TEST_F(OptionsTest, EffectsSoundAfterAStartWhateverWasStored)
+TEST_F(OptionsTest, EffectsThatWereStoredAsOffAreSwitchedOnByTheFirstClick)
 {
     GameSettings::SetFloatParam(setting::kSoundVolume, 0.0F);
     MenuSound menu;

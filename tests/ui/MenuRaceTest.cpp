@@ -123,12 +123,15 @@ TEST_F(MenuEndGameTest, ATimeEqualToAStoredOneRanksAfterIt)
 
 TEST_F(MenuEndGameTest, ATimeThatIsNotAmongTheBestIsNotStored)
 {
+    std::array<int, 6> const six{60, 70, 80, 90, 100, 110}; // five would be left of them
+    GameSettings::SetIntArrayParam(setting::kRaceTimes, six.data(), 6);
     for (int const time : {100, 120})
     {
-        Store({60, 70, 80, 90, 100});
         MenuEndGame const menu(time);
         EXPECT_EQ(TextOf(menu, 1), "");
-        EXPECT_THAT(Stored(), ElementsAre(60, 70, 80, 90, 100));
+        std::array<int, 6> stored{};
+        GameSettings::GetIntArrayParam(setting::kRaceTimes, stored.data(), 6);
+        EXPECT_EQ(stored, six);
     }
 }
 
@@ -171,6 +174,14 @@ TEST_F(MenuEndGameTest, ARaceOfNoTimeIsStoredAndReadsAsAnEmptySlot)
     EXPECT_THAT(Stored(), ElementsAre(0, 60, 70, 0, 0));
     MenuEndGame const next(65);
     EXPECT_EQ(TextOf(next, 1), "Your time is ranked: FIRST");
+}
+
+TEST_F(MenuEndGameTest, ARaceOfNoTimeRanksFirstInAnEmptyTable)
+{
+    MenuEndGame const menu(0);
+    EXPECT_EQ(TextOf(menu, 1), "Your time is ranked: FIRST");
+    EXPECT_THAT(Stored(), ElementsAre(0, 0, 0, 0, 0));
+    EXPECT_EQ(TextOf(MenuFastestTimes(), 2), "(No race times recorded yet)");
 }
 
 TEST_F(MenuEndGameTest, AListOfAnotherLengthIsReadAsFive)

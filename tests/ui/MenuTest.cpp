@@ -113,6 +113,27 @@ protected:
 
     Menu& menu() { return *Menu::GetCurrent(); }
 
+    platform::Point MiddleOf(int item)
+    {
+        Box const box = BoxOf(menu(), item);
+        int const middle = box.x + box.width / 2;
+        int const fromTop = box.y + box.height / 2;
+        return {static_cast<float>(middle), static_cast<float>(kHeight - fromTop)};
+    }
+
+    // Where the pointer is after each of four steps.
+    std::vector<platform::Point> placesOf(int step)
+    {
+        std::vector<platform::Point> places;
+        for (int i = 0; i < 4; ++i)
+        {
+            platform::Point const place = menu().ClickPlace(step).value_or(platform::Point{});
+            MoveTo(static_cast<int>(place.x), static_cast<int>(place.y));
+            places.push_back(place);
+        }
+        return places;
+    }
+
     Notes m_notes;
 };
 
@@ -287,6 +308,44 @@ TEST_F(MenuTest, ACaptionShowsNoHighlightAndMakesNoSound)
     EXPECT_TRUE(frozen::Plays("Rollover.AIFF"));
     MoveOnto(2);
     EXPECT_TRUE(IsNormal(menu(), 3));
+}
+
+TEST_F(MenuTest, TheFirstStepLeadsToTheFirstItemOrToTheLast)
+{
+    EXPECT_EQ(menu().ClickPlace(0), std::nullopt);
+    EXPECT_EQ(menu().ClickPlace(1), MiddleOf(0));
+    EXPECT_EQ(menu().ClickPlace(-1), MiddleOf(3));
+}
+
+TEST_F(MenuTest, StepsGoFromItemToItemThatReactsAndRoundTheEnds)
+{
+    EXPECT_THAT(placesOf(1), ElementsAre(MiddleOf(0), MiddleOf(1), MiddleOf(3), MiddleOf(0)));
+    EXPECT_THAT(placesOf(-1), ElementsAre(MiddleOf(3), MiddleOf(1), MiddleOf(0), MiddleOf(3)));
+}
+
+TEST_F(MenuTest, StepsLeaveEmptyItemsOut)
+{
+    menu().SetItem(1, "");
+    RenderCurrent();
+    EXPECT_THAT(placesOf(1), ElementsAre(MiddleOf(0), MiddleOf(3), MiddleOf(0), MiddleOf(3)));
+}
+
+TEST_F(MenuTest, WhatIsHighlightedIsThePlaceToClick)
+{
+    MoveOnto(1);
+    EXPECT_EQ(menu().ClickPlace(0), MiddleOf(1));
+    MoveOnto(2);
+    EXPECT_EQ(menu().ClickPlace(0), std::nullopt) << "a caption";
+    EXPECT_EQ(menu().ClickPlace(1), MiddleOf(3));
+}
+
+TEST_F(MenuTest, AMenuOfCaptionsHasNoPlaceToClick)
+{
+    for (int item = 0; item < 4; ++item)
+    {
+        menu().SetItem(item, "");
+    }
+    EXPECT_EQ(menu().ClickPlace(1), std::nullopt);
 }
 
 TEST_F(MenuTest, AClickThatDoesSomethingClicks)

@@ -118,6 +118,13 @@ TEST_F(OverlayTest, DimensionsAreThoseOfTheTextureLastDrawn)
     EXPECT_EQ(probe::BoxOf(m_overlay), drawn) << "measured by the next draw";
 }
 
+TEST_F(OverlayTest, DimensionsAreCutToWholePixels)
+{
+    const_cast<StringTexture&>(m_overlay.GetTexture()).useStaticFrame({12.9F, 7.9F});
+    m_overlay.Render(800, 600);
+    EXPECT_EQ(probe::BoxOf(m_overlay), (probe::Box{30, 40, 12, 7}));
+}
+
 // Sets the state before, draws, and returns the calls.
 std::vector<recording::Call> Rendered(Overlay& overlay)
 {

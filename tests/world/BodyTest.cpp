@@ -258,6 +258,7 @@ TEST_F(BodyTickTest, ImpactIsHeard)
     frozen::Silence();
     body.Tick(0.25);
     EXPECT_TRUE(frozen::Plays("Wham.AIFF"));
+    EXPECT_FALSE(frozen::Plays("Graze.AIFF"));
 }
 
 TEST_F(BodyTickTest, FreeStepIsSilent)

@@ -94,4 +94,11 @@ TEST_F(SteeringTest, InvertedMouseTurnsDownForUp)
     EXPECT_THAT(world->GetCamera()->GetRotationAxis(), IsNear(0.0F, -1.0F, 0.0F, 1e-6F));
 }
 
+TEST_F(SteeringTest, InversionIsReadWhenTheWorldIsBuilt)
+{
+    ScopedSetting const invert(setting::kMouseInvert, 1);
+    m_world->PlayerWantsToTurn(0.0F, 1.0F);
+    EXPECT_THAT(m_ship.GetRotationAxis(), IsNear(1.0F, 0.0F, 0.0F, 1e-6F));
+}
+
 } // namespace

@@ -8,6 +8,7 @@
 #include "support/Stage.h"
 #include "support/VectorMatchers.h"
 #include "support/Worlds.h"
+#include "ui/Menu.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
 #include "world/Universe.h"
@@ -228,17 +229,24 @@ TEST_F(FinishTest, TouchingTheLastWaypointEndsTheRace)
     Game& game = *Game::pGame;
     game.SwitchToState(kStatePlaying);
     Universe& world = *game.GetUniverse();
-    world.Tick(0.5);
+    world.Tick(94.875);
     world.ActivateWaypoint(7);
     world.GetCamera()->MoveTo(14.5F, 14.5F, 14.5F);
+    frozen::Silence();
     world.Tick(0.25);
 
     EXPECT_EQ(game.GetState(), kStateMenu);
+    EXPECT_EQ(TextOf(*Menu::GetCurrent(), 0), "Total Time: 1:34") << "the frame's own time is added later";
+    EXPECT_TRUE(frozen::Plays("Fanfare.AIFF"));
+    for (char const* const silent : {"Attention.AIFF", "Starter.AIFF", "HiScore.AIFF"})
+    {
+        EXPECT_FALSE(frozen::Plays(silent)) << silent;
+    }
     EXPECT_TRUE(world.IsPaused());
     EXPECT_TRUE(world.IsCockpitHidden());
     EXPECT_THAT(world.GetWaypoint()->GetPosition(), IsExactly(100.5F, 100.5F, 100.5F));
     EXPECT_EQ(world.GetCurrentWaypoint(), 7);
-    EXPECT_EQ(world.GetRaceTime(), 0.75); // the finishing frame counts
+    EXPECT_EQ(world.GetRaceTime(), 95.125); // the finishing frame counts
 }
 
 } // namespace

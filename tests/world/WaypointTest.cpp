@@ -23,7 +23,16 @@ constexpr TQ3Vector3D kOrigin{0.0F, 0.0F, 0.0F};
 constexpr TQ3Vector3D kForwards{0.0F, 0.0F, -1.0F};
 constexpr TQ3Vector3D kUp{0.0F, 1.0F, 0.0F};
 
-// Spike after spike: top, left, back, right, front, bottom.
+// A grey cube with a coloured spike on each face: top, left, back, right, front, bottom.
+constexpr recording::Corner kCorners[14] = {
+    {{0.1F, 0.1F, 0.1F}, {0.7F, 0.7F, 0.7F}},    {{0.1F, 0.1F, -0.1F}, {0.7F, 0.7F, 0.7F}},
+    {{-0.1F, 0.1F, -0.1F}, {0.7F, 0.7F, 0.7F}},  {{-0.1F, 0.1F, 0.1F}, {0.7F, 0.7F, 0.7F}},
+    {{0.1F, -0.1F, 0.1F}, {0.7F, 0.7F, 0.7F}},   {{0.1F, -0.1F, -0.1F}, {0.7F, 0.7F, 0.7F}},
+    {{-0.1F, -0.1F, -0.1F}, {0.7F, 0.7F, 0.7F}}, {{-0.1F, -0.1F, 0.1F}, {0.7F, 0.7F, 0.7F}},
+    {{0.0F, 0.5F, 0.0F}, {1.0F, 0.0F, 0.0F}},    {{-0.5F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}},
+    {{0.0F, 0.0F, 0.5F}, {0.0F, 0.0F, 1.0F}},    {{0.5F, 0.0F, 0.0F}, {0.9F, 0.0F, 1.0F}},
+    {{0.0F, 0.0F, -0.5F}, {0.5F, 1.0F, 1.0F}},   {{0.0F, -0.5F, 0.0F}, {1.0F, 0.7F, 0.2F}},
+};
 constexpr int kTriangles[24][3] = {
     {8, 0, 1},  {8, 1, 2},  {8, 2, 3},  {8, 3, 0},  //
     {9, 3, 2},  {9, 2, 6},  {9, 6, 7},  {9, 7, 3},  //
@@ -79,9 +88,14 @@ TEST_F(WaypointTest, DrawsItsSpikesUnderItsOwnMatrix)
 {
     std::vector<Call> const calls = Drawing(Waypoint(nullptr, {1.0F, 2.0F, -10.0F}));
     std::vector<double> triangles = {GL_TRIANGLES, 72};
+    std::vector<recording::Corner> corners;
     for (int const(&triangle)[3] : kTriangles)
     {
-        triangles.insert(triangles.end(), std::begin(triangle), std::end(triangle));
+        for (int const corner : triangle)
+        {
+            triangles.push_back(corner);
+            corners.push_back(kCorners[corner]);
+        }
     }
     std::vector<Call> const expected = {
         call("glDisable", {GL_LIGHTING}),
@@ -98,6 +112,7 @@ TEST_F(WaypointTest, DrawsItsSpikesUnderItsOwnMatrix)
         call("glDisableClientState", {GL_VERTEX_ARRAY}),
         call("glEnable", {GL_LIGHTING})};
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
+    EXPECT_THAT(recording::corners(), testing::ElementsAreArray(corners));
 }
 
 // A quarter turn about y takes x to -z: that is the matrix's first row.

@@ -15,12 +15,17 @@ using namespace maker;
 constexpr int kSize = 128;
 constexpr int kQuality = 96;
 
+// In turns. The ground goes on across the map's edges; they lie where it is calm, away from any crater's rim,
+// so that the step between the outermost columns is no larger than others.
+constexpr double kLongitudeOfEdges = 0.8;
+
 // The map that a latitude-longitude sphere expects: the upper edge is the pole at +z, the right edge meets
 // the left.
 Vector DirectionAt(double u, double v)
 {
     double const ring = Sine(0.5 * v);
-    return {ring * Cosine(u), ring * Sine(u), Cosine(0.5 * v)};
+    double const turn = u + kLongitudeOfEdges;
+    return {ring * Cosine(turn), ring * Sine(turn), Cosine(0.5 * v)};
 }
 
 Picture PaintRock()

@@ -47,9 +47,14 @@ fs::path const& Resources()
 
 std::optional<fs::path> pathForResource(std::string const& name, std::string const& folder)
 {
-    fs::path const path = Resources() / folder / name;
+    fs::path const path = placeOfResource(name, folder);
     std::error_code error;
     return fs::is_regular_file(path, error) ? std::optional(path) : std::nullopt;
+}
+
+fs::path placeOfResource(std::string const& name, std::string const& folder)
+{
+    return Resources() / folder / name;
 }
 
 fs::path pathOfCatalogues()

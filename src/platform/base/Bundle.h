@@ -17,6 +17,9 @@ namespace platform::Bundle
 // "Interface"). Nothing when there is none.
 std::optional<std::filesystem::path> pathForResource(std::string const& name, std::string const& folder);
 
+// Where that file is, or would be if it were not missing.
+std::filesystem::path placeOfResource(std::string const& name, std::string const& folder);
+
 // The folder of the message catalogues.
 std::filesystem::path pathOfCatalogues();
 

@@ -11,6 +11,8 @@ struct Point
 {
     float x = 0.0F;
     float y = 0.0F;
+
+    bool operator==(Point const&) const = default;
 };
 
 struct Size

@@ -79,7 +79,7 @@ struct ImageImporter::Decoded
 std::unique_ptr<ImageImporter::Decoded> ImageImporter::Decoded::from(Stream stream)
 {
     FourCharCode const type = TypeOf(stream.get());
-    Surface const stored(type != 0 ? IMG_Load_RW(stream.get(), SDL_FALSE) : nullptr);
+    Surface const stored(IMG_Load_RW(stream.get(), SDL_FALSE));
     Surface wide(stored ? SDL_ConvertSurfaceFormat(stored.get(), SDL_PIXELFORMAT_ARGB8888, 0) : nullptr);
     if (!wide)
     {
@@ -116,12 +116,10 @@ std::unique_ptr<ImageImporter> ImageImporter::forType(FourCharCode type)
 
 bool ImageImporter::setData(std::span<std::byte const> bytes)
 {
-    m_decoded = Decoded::from(Stream(SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()))));
-    if (m_decoded && m_decoded->type != m_type)
-    {
-        m_decoded = nullptr;
-    }
-    return m_decoded != nullptr;
+    Stream stream(SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size())));
+    bool const isOfType = TypeOf(stream.get()) == m_type;
+    m_decoded = isOfType ? Decoded::from(std::move(stream)) : nullptr;
+    return isOfType;
 }
 
 ImageDescription ImageImporter::description() const

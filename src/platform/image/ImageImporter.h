@@ -28,7 +28,8 @@ struct ImageDescription
 class ImageImporter
 {
 public:
-    // Null for a file that cannot be read or decoded.
+    // Null for a file that cannot be read or decoded. The type is 0 for a picture of another type than those
+    // above.
     static std::unique_ptr<ImageImporter> forFile(std::filesystem::path const& file);
 
     // An importer for bytes of that type; null for an unknown type.
@@ -38,7 +39,8 @@ public:
     ImageImporter(ImageImporter const&) = delete;
     ImageImporter& operator=(ImageImporter const&) = delete;
 
-    // Decodes these bytes; false when they are no picture of the importer's type.
+    // Decodes these bytes; false when they do not begin like a picture of the importer's type. Where the rest
+    // cannot be decoded, draw() fails.
     bool setData(std::span<std::byte const> bytes);
 
     // All 0 before there are data.
@@ -50,7 +52,7 @@ public:
 
     void setMatrix(PictureMatrix const& matrix) { m_matrix = matrix; }
 
-    // Draws over the target; false, and the target as it was, without data or target.
+    // Draws over the target; false, and the target as it was, without a decoded picture or a target.
     bool draw();
 
 private:
@@ -58,7 +60,7 @@ private:
     explicit ImageImporter(FourCharCode type);
 
     FourCharCode m_type;
-    std::unique_ptr<Decoded> m_decoded; // null until there are data
+    std::unique_ptr<Decoded> m_decoded; // null until there is a picture
     PixelBuffer m_target;
     PictureMatrix m_matrix;
 };

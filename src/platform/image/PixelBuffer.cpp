@@ -67,6 +67,13 @@ bool DrawIn16Bits(PixelBuffer const& picture, PictureMatrix const& matrix, Pixel
 
 } // namespace
 
+// Cairo has a greatest width and height.
+bool CanDrawInto(PixelBuffer const& buffer)
+{
+    bool const hasKnownDepth = buffer.bitDepth == 16 || buffer.bitDepth == 32;
+    return hasKnownDepth && cairo_surface_status(Wrap(buffer).get()) == CAIRO_STATUS_SUCCESS;
+}
+
 bool DrawPicture(PixelBuffer const& picture, PictureMatrix const& matrix, PixelBuffer const& target)
 {
     if (picture.pixels == nullptr || target.pixels == nullptr)

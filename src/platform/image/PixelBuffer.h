@@ -17,6 +17,9 @@ struct PixelBuffer
     int bitDepth = 32;
 };
 
+// Whether pictures can be drawn into a buffer of that size and depth.
+bool CanDrawInto(PixelBuffer const& buffer);
+
 // A point (x, y) of the picture goes to (x * scaleX + translateX, y * scaleY + translateY) of the target.
 struct PictureMatrix
 {

@@ -4,7 +4,6 @@
 // OpenAL Soft mixes in a thread of its own; the game's thread never waits for it.
 #include "platform/sound/AudioDevice.h"
 
-#include "platform/base/Clock.h"
 #include "platform/base/Log.h"
 
 #include <AL/alext.h>
@@ -114,12 +113,10 @@ void AudioDevice::setOpening(Opening opening)
 
 void AudioDevice::open()
 {
-    std::uint64_t const now = UpTime();
-    if (m_lastTry != 0 && SecondsBetween(m_lastTry, now) < kSecondsBetweenTries)
+    if (m_lastTry != 0 && SecondsBetween(m_lastTry, m_opening.now()) < kSecondsBetweenTries)
     {
         return;
     }
-    m_lastTry = now;
     m_device = m_opening.open();
     std::vector<ALCint> attributes = m_opening.attributes;
     attributes.push_back(0);
@@ -127,6 +124,7 @@ void AudioDevice::open()
     if (m_context == nullptr || alcMakeContextCurrent(m_context) != ALC_TRUE)
     {
         close();
+        m_lastTry = m_opening.now(); // not its begin: a try may take longer than the time between two
         if (!std::exchange(m_saidMissing, true))
         {
             Log("no sound device: playing without sound");

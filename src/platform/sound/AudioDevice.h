@@ -6,6 +6,8 @@
 // answers false to isAlive(), and its destruction does nothing.
 #pragma once
 
+#include "platform/base/Clock.h"
+
 #include <AL/al.h>
 #include <AL/alc.h>
 
@@ -21,18 +23,19 @@ namespace platform
 class AudioDevice
 {
 public:
-    // How a device is opened (null: there is none), the attributes of its context up to the closing 0, and
-    // how to tell whether it is still there. Tests put a loopback device here.
+    // How a device is opened (null: there is none), its context's attributes up to the closing 0, how to tell
+    // whether it is still there, and the clock between two tries. Tests put a loopback device here.
     struct Opening
     {
         std::function<ALCdevice*()> open;
         std::vector<ALCint> attributes;
         std::function<bool(ALCdevice*)> isConnected = answersAsConnected;
+        std::function<std::uint64_t()> now = UpTime;
     };
 
     static AudioDevice& shared();
 
-    // True while a device is there. Without one another try is made every few seconds at most.
+    // True while a device is there. Without one another try is made some seconds after the last.
     bool isReady();
 
     // Rises with each device: sources and buffers made under an earlier number are gone.
@@ -56,7 +59,7 @@ private:
     ALCdevice* m_device = nullptr;
     ALCcontext* m_context = nullptr;
     std::uint64_t m_generation = 0;
-    std::uint64_t m_lastTry = 0; // UpTime() of the last failed try, 0 for none
+    std::uint64_t m_lastTry = 0; // the end of the last failed try, 0 for none
     bool m_isUntried = true;
     bool m_saidMissing = false;
 };

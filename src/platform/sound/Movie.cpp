@@ -7,6 +7,7 @@
 #include "platform/sound/Movie.h"
 
 #include "platform/base/Clock.h"
+#include "platform/base/Log.h"
 #include "platform/sound/MovieAudio.h"
 
 #include <algorithm>
@@ -33,11 +34,15 @@ constexpr int kMostArrivals = 64;
 
 } // namespace
 
-std::unique_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
+std::shared_ptr<Movie> Movie::openFile(std::filesystem::path const& file)
 {
     auto sound = SoundFile::open(file);
-    auto audio = sound ? std::make_unique<MovieAudio>(std::move(*sound)) : nullptr;
-    return std::unique_ptr<Movie>(audio ? new Movie(std::move(audio)) : nullptr);
+    if (!sound)
+    {
+        LogFormat("The music %s cannot be played", file.c_str());
+        return nullptr;
+    }
+    return std::shared_ptr<Movie>(new Movie(std::make_unique<MovieAudio>(std::move(*sound))));
 }
 
 Movie::Movie(std::unique_ptr<MovieAudio> audio) : m_audio(std::move(audio))
@@ -54,12 +59,12 @@ void Movie::start()
 
 void Movie::setRate(Fixed rate)
 {
+    auto const alive = serve();
     rate = std::max(rate, -INT32_MAX); // so that it can be negated
     if (rate == m_rate)
     {
         return;
     }
-    catchUp();
     bool const turns = m_rate == 0 || rate == 0 || (rate < 0) != (m_rate < 0);
     m_rate = rate;
     if (m_isServing)
@@ -68,7 +73,7 @@ void Movie::setRate(Fixed rate)
     }
     if (turns)
     {
-        silence();
+        m_audio->halt();
     }
     m_lastTask = UpTime();
     keepSounding();
@@ -80,17 +85,18 @@ void Movie::setActive(bool isActive)
     {
         return;
     }
-    catchUp();
+    auto const alive = serve();
     m_isActive = isActive;
     m_lastTask = UpTime();
     if (!m_isActive)
     {
-        silence();
+        m_audio->halt();
     }
 }
 
 void Movie::setVolume(std::int16_t volume)
 {
+    auto const alive = serve();
     m_volume = volume;
     if (m_rate != 0)
     {
@@ -98,12 +104,19 @@ void Movie::setVolume(std::int16_t volume)
     }
 }
 
+void Movie::setLoopingHint(bool loops)
+{
+    auto const alive = serve();
+    m_loopingHint = loops;
+    keepSounding();
+}
+
 void Movie::setTimeValue(TimeValue time)
 {
     m_time = std::clamp(time, 0, duration());
     if (!m_isServing)
     {
-        silence();
+        m_audio->halt();
         m_lastTask = UpTime();
         keepSounding();
     }
@@ -116,15 +129,21 @@ TimeValue Movie::duration() const
 
 void Movie::moviesTask()
 {
-    // A callback may call this too; the outer call goes on afterwards.
-    if (m_isServing || !m_isActive)
-    {
-        return;
-    }
-    m_isServing = true;
-    travel(takeDistance());
-    m_isServing = false;
+    auto const alive = serve();
     keepSounding();
+}
+
+// Brings the time up to what was heard. A callback may call this too; the outer call goes on afterwards.
+std::shared_ptr<Movie> Movie::serve()
+{
+    auto alive = shared_from_this();
+    if (!m_isServing && m_isActive)
+    {
+        m_isServing = true;
+        travel(takeDistance());
+        m_isServing = false;
+    }
+    return alive;
 }
 
 double Movie::takeDistance()
@@ -132,13 +151,11 @@ double Movie::takeDistance()
     std::uint64_t const now = UpTime();
     double const seconds = SecondsBetween(m_lastTask, now);
     m_lastTask = now;
-    double const owed = std::exchange(m_owed, 0.0);
     if (auto const heard = m_audio->takeHeard())
     {
-        return owed + static_cast<double>(*heard);
+        return static_cast<double>(*heard);
     }
-    return owed +
-           seconds * m_audio->file().sampleRate() * std::abs(static_cast<double>(m_rate)) / kNormalRate;
+    return seconds * m_audio->file().sampleRate() * std::abs(static_cast<double>(m_rate)) / kNormalRate;
 }
 
 bool Movie::isAtEnd() const
@@ -204,40 +221,25 @@ void Movie::arrive()
                             m_audio->expects(static_cast<std::int64_t>(m_time), direction());
     if (!isOnCourse)
     {
-        silence();
+        m_audio->halt();
     }
 }
 
-// Each callback that is due now fires once. An action may destroy callbacks, its own too, and arm new ones.
+// Each callback that is due now fires once. An action may destroy callbacks, its own too, and arm new ones,
+// which are not due before the time comes here again.
 void Movie::fireDue()
 {
-    std::vector<MovieCallBack*> due;
-    std::copy_if(m_callBacks.begin(), m_callBacks.end(), std::back_inserter(due),
-                 [&](MovieCallBack const* callBack) { return callBack->isDue(time(), direction()); });
-    for (MovieCallBack* const callBack : due)
+    TimeValue const now = time();
+    int const towards = direction();
+    std::uint64_t const lastArming = m_armings;
+    auto const isDue = [&](MovieCallBack const* callBack)
+    { return callBack->isDue(now, towards) && callBack->m_arming <= lastArming; };
+    for (auto due = std::ranges::find_if(m_callBacks, isDue); due != m_callBacks.end();
+         due = std::ranges::find_if(m_callBacks, isDue))
     {
-        bool const exists = std::find(m_callBacks.begin(), m_callBacks.end(), callBack) != m_callBacks.end();
-        auto const action = exists ? std::exchange(callBack->m_action, nullptr) : nullptr;
-        if (action)
-        {
-            action();
-        }
+        auto const action = std::exchange((*due)->m_action, nullptr);
+        action();
     }
-}
-
-// Advances the time by what was heard, but stops before the next callback or end: moviesTask() serves those.
-void Movie::catchUp()
-{
-    if (m_isServing || !m_isActive || m_rate == 0)
-    {
-        return;
-    }
-    double const distance = takeDistance();
-    double const most = isAtEnd() ? 0.0 : std::max(std::ceil(distanceToNextEvent()) - 1.0, 0.0);
-    double const step = std::min(distance, most);
-    m_owed = distance - step;
-    m_time += step * direction();
-    m_audio->consume(static_cast<std::int64_t>(step));
 }
 
 bool Movie::isAudible() const
@@ -279,7 +281,7 @@ void Movie::keepSounding()
     }
     if (!isAudible())
     {
-        silence();
+        m_audio->halt();
         return;
     }
     bool const wasPlaying = m_audio->isPlaying();
@@ -289,12 +291,6 @@ void Movie::keepSounding()
     {
         m_time = std::floor(m_time);
     }
-}
-
-void Movie::silence()
-{
-    m_owed = 0.0;
-    m_audio->halt();
 }
 
 } // namespace platform

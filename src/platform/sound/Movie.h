@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // A movie of sound that plays at any rate in either direction, read from its file as it plays. Times count
-// samples. Everything happens on the caller's thread inside moviesTask(): sound is fed, time is brought up to
-// what is heard, callbacks are served. Without a device, or at a rate that cannot be heard, time follows the
-// clock.
+// samples. Everything happens on the caller's thread, in moviesTask() and in the calls that change how it
+// plays: sound is fed, time is brought up to what is heard, callbacks are served. Without a device, or at a
+// rate that cannot be heard, time follows the clock.
 #pragma once
 
 #include "platform/sound/MovieCallBack.h"
@@ -28,11 +28,11 @@ struct TimeRange
 class MovieAudio;
 struct MovieCourse;
 
-class Movie
+class Movie : public std::enable_shared_from_this<Movie>
 {
 public:
-    // Null when the file cannot be decoded.
-    static std::unique_ptr<Movie> openFile(std::filesystem::path const& file);
+    // Null, after one log line, when the file cannot be decoded.
+    static std::shared_ptr<Movie> openFile(std::filesystem::path const& file);
     ~Movie();
     Movie(Movie const&) = delete;
     Movie& operator=(Movie const&) = delete;
@@ -56,8 +56,9 @@ public:
     void setSelection(TimeRange selection) { m_selection = selection; }
 
     // The callback at the end will send the movie to its beginning: sound is fed ahead over that seam, so
-    // that no gap is heard.
-    void setLoopingHint(bool loops) { m_loopingHint = loops; }
+    // that no gap is heard. To be called after a change of the callbacks at the ends: what was fed ahead
+    // otherwise is dropped.
+    void setLoopingHint(bool loops);
 
     void moviesTask();
 
@@ -75,9 +76,8 @@ private:
     void travel(double distance);
     void arrive();
     void fireDue();
-    void catchUp();
+    [[nodiscard]] std::shared_ptr<Movie> serve(); // to be held: a callback may let go of the movie
     void keepSounding();
-    void silence();
 
     std::unique_ptr<MovieAudio> m_audio; // never null
     std::vector<MovieCallBack*> m_callBacks;
@@ -90,7 +90,7 @@ private:
     bool m_loopingHint = false;
     bool m_isServing = false;
     std::uint64_t m_lastTask = 0; // UpTime()
-    double m_owed = 0.0;          // samples that were heard and that m_time lacks
+    std::uint64_t m_armings = 0;  // how often callbacks were armed
 };
 
 } // namespace platform

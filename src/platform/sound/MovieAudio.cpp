@@ -33,6 +33,11 @@ MovieAudio::MovieAudio(SoundFile file) : m_file(std::move(file))
 bool MovieAudio::play(MovieCourse const& course, float pitch, float gain)
 {
     bool const isReady = AudioDevice::shared().isReady();
+    bool const isFedOverTheEnd = m_spans.size() > 1;
+    if (std::exchange(m_atEnd, course.atEnd) != course.atEnd && isFedOverTheEnd)
+    {
+        halt(); // the samples past the end are not those that come next now
+    }
     if (!isPlaying())
     {
         halt();

@@ -84,9 +84,10 @@ private:
     std::vector<std::int16_t> m_block;
 
     bool m_isPlaying = false;
-    float m_pitch = 1.0F;      // the source's
-    float m_gain = 1.0F;       // the source's
-    std::int64_t m_cursor = 0; // where feeding goes on
+    MovieCourse::AtEnd m_atEnd = MovieCourse::AtEnd::Stop; // what was fed ahead for
+    float m_pitch = 1.0F;                                  // the source's
+    float m_gain = 1.0F;                                   // the source's
+    std::int64_t m_cursor = 0;                             // where feeding goes on
     int m_direction = 1;
     std::int64_t m_unqueued = 0; // samples since begin() in buffers that were unqueued
     std::int64_t m_reported = 0; // samples since begin() that takeHeard() answered

@@ -25,6 +25,7 @@ void MovieCallBack::callMeWhen(Trigger trigger, TimeValue time, std::function<vo
 {
     m_trigger = trigger;
     m_time = time;
+    m_arming = ++m_movie.m_armings;
     m_action = std::move(action);
 }
 

@@ -38,6 +38,7 @@ private:
     Movie& m_movie;
     Trigger m_trigger = Trigger::TimeForward;
     TimeValue m_time = 0;
+    std::uint64_t m_arming = 0;     // the number of its last arming among all of the movie
     std::function<void()> m_action; // empty unless it is armed
 };
 

@@ -70,7 +70,7 @@ std::unique_ptr<Sound> Sound::initWithContentsOfFile(std::filesystem::path const
     auto opened = SoundFile::open(file);
     if (!opened)
     {
-        LogFormat("cannot decode the sound %s", file.c_str());
+        LogFormat("The sound %s cannot be played", file.c_str());
         return nullptr;
     }
     return std::unique_ptr<Sound>(new Sound(std::make_unique<Voice>(*opened)));

@@ -57,11 +57,17 @@ struct TextBitmap::Canvas
     CairoContext context;
 };
 
-TextBitmap::TextBitmap(Size size) : m_size(size), m_canvas(std::make_unique<Canvas>())
+// Under a scale Cairo rasterises glyphs as sharply as the pixels allow, where they stand without one.
+TextBitmap::TextBitmap(Size size, int scale)
+    : m_size(size),
+      m_scale(scale),
+      m_canvas(std::make_unique<Canvas>())
 {
-    m_canvas->surface.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(size.width),
-                                                       static_cast<int>(size.height)));
+    auto const factor = static_cast<float>(scale);
+    m_canvas->surface.reset(cairo_image_surface_create(
+        CAIRO_FORMAT_ARGB32, static_cast<int>(size.width * factor), static_cast<int>(size.height * factor)));
     m_canvas->context.reset(cairo_create(m_canvas->surface.get()));
+    cairo_scale(m_canvas->context.get(), scale, scale);
 }
 
 TextBitmap::~TextBitmap() = default;
@@ -71,7 +77,7 @@ void TextBitmap::fillRect(Rect rect, Color color)
     cairo_t* const context = m_canvas->context.get();
     cairo_set_operator(context, CAIRO_OPERATOR_SOURCE);
     SetColor(context, color);
-    AddRectangle(context, rect, 0.0, pixelsHigh());
+    AddRectangle(context, rect, 0.0, height());
     cairo_fill(context);
 }
 
@@ -86,8 +92,8 @@ void TextBitmap::frameRect(Rect rect, Color color, float lineWidth)
     cairo_set_operator(context, CAIRO_OPERATOR_SOURCE);
     cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
     SetColor(context, color);
-    AddRectangle(context, rect, 0.0, pixelsHigh());
-    AddRectangle(context, rect, lineWidth, pixelsHigh());
+    AddRectangle(context, rect, 0.0, height());
+    AddRectangle(context, rect, lineWidth, height());
     cairo_fill(context);
 }
 
@@ -100,7 +106,7 @@ void TextBitmap::drawString(AttributedString const& string, Color color, Point b
     cairo_set_operator(context, CAIRO_OPERATOR_OVER);
     SetColor(context, color);
     cairo_move_to(context, std::round(double{bottomLeft.x}),
-                  std::round(double{static_cast<float>(pixelsHigh()) - bottomLeft.y}) - lineHeight);
+                  std::round(height() - double{bottomLeft.y}) - lineHeight);
     pango_cairo_show_layout(context, layout);
     cairo_new_path(context);
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Styled strings: measured and drawn into a bitmap. One point is one pixel.
+// Styled strings: measured and drawn into a bitmap, in the game's pixels. One point is one pixel.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -38,12 +38,13 @@ private:
 };
 
 // A bitmap to draw boxes and text into: RGBA bytes, premultiplied, top row first, transparent at first.
-// Points and rectangles have their origin at the bottom left.
+// Points and rectangles are in the game's pixels, with their origin at the bottom left.
 class TextBitmap
 {
 public:
-    // size: pixels; the bitmap has the whole pixels of it, and none where the memory is refused.
-    explicit TextBitmap(Size size);
+    // scale: pixels of the bitmap for each of the game's, in both directions. The bitmap has the whole pixels
+    // of size times scale, and none where the memory is refused.
+    explicit TextBitmap(Size size, int scale = 1);
     ~TextBitmap();
     TextBitmap(TextBitmap const&) = delete;
     TextBitmap& operator=(TextBitmap const&) = delete;
@@ -60,8 +61,11 @@ public:
     std::vector<std::uint8_t> rgba() const;
 
 private:
+    double height() const { return static_cast<double>(pixelsHigh()) / m_scale; } // of the whole pixels
+
     struct Canvas;
     Size m_size;
+    int m_scale;
     std::unique_ptr<Canvas> m_canvas;
 };
 

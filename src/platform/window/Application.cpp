@@ -6,14 +6,13 @@
 #include "platform/base/Locale.h"
 #include "platform/base/Log.h"
 #include "platform/base/RunLoop.h"
+#include "platform/input/Gamepads.h"
 #include "platform/settings/Preferences.h"
 #include "platform/text/TextLayout.h"
-#include "platform/window/CommandKeys.h"
 #include "platform/window/Display.h"
+#include "platform/window/EventDispatcher.h"
 #include "platform/window/InterfaceFile.h"
 #include "platform/window/KeyboardWatch.h"
-#include "platform/window/KeyTranslation.h"
-#include "platform/window/MouseTranslation.h"
 #include "platform/window/OpenGLView.h"
 #include "platform/window/Window.h"
 
@@ -34,6 +33,7 @@ namespace
 constexpr char const* kInterfaceName = "Main.ini";
 constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
 constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
+constexpr double kPadInterval = 0.005; // seconds between two looks at the gamepads
 constexpr int kRest = 50;              // milliseconds between two passes while the window is minimised
 
 // Process-wide, because a signal handler can reach nothing else.
@@ -53,15 +53,6 @@ void CatchEndingSignals()
     std::signal(SIGPIPE, SIG_IGN); // comes when the program that reads the log has ended
 }
 
-// The text that came with a key that went down: SDL queues it right behind the key.
-std::string TakeTypedText()
-{
-    SDL_Event next;
-    SDL_PumpEvents();
-    bool const hasNext = SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1;
-    return hasNext && next.type == SDL_TEXTINPUT ? next.text.text : "";
-}
-
 class Application
 {
 public:
@@ -75,17 +66,17 @@ private:
     bool makeWindow();
     void save();
     void waitForNextPass();
+    void pollGamepads();
     void pumpEvents();
-    void dispatch(SDL_Event const& event);
-    void dispatchWindowEvent(SDL_WindowEvent const& event);
-    static void dispatchMouse(SDL_Event const& event);
-    void dispatchKeyDown(SDL_KeyboardEvent const& event);
-    bool performCommand(SDL_KeyboardEvent const& event, Event const& key);
 
     InterfaceFile m_interface;
+    // Destroyed after the view, which may own another window: while that closes, SDL 2.26 on Wayland still
+    // uses every window that was ever shown.
+    std::unique_ptr<Window> m_window;
     std::unique_ptr<OpenGLView> m_view;
-    std::unique_ptr<Window> m_window; // destroyed before the view, whose context draws into it
+    EventDispatcher m_dispatcher{*m_view, m_interface.commands};
     KeyboardWatch m_keyboardWatch;
+    std::unique_ptr<Gamepads> m_gamepads; // null until the first frame was drawn
 };
 
 bool Application::load()
@@ -140,6 +131,8 @@ void Application::run()
     // meanwhile.
     auto const saver = Timer::scheduledTimer(kSaveInterval, [this] { save(); });
     m_view->awakeFromNib();
+    // Behind the view's timers: the first frame is drawn before anything looks for pads.
+    auto const pads = Timer::scheduledTimer(kPadInterval, [this] { pollGamepads(); });
     while (endIsWanted == 0)
     {
         pumpEvents();
@@ -153,6 +146,7 @@ void Application::run()
             waitForNextPass();
         }
     }
+    pads->invalidate();
     saver->invalidate();
     Preferences::standard().synchronize();
 }
@@ -178,99 +172,26 @@ void Application::waitForNextPass()
     std::this_thread::sleep_for(std::chrono::duration<double>(wait));
 }
 
+void Application::pollGamepads()
+{
+    if (!m_gamepads)
+    {
+        m_gamepads = std::make_unique<Gamepads>(*m_view);
+    }
+    Gamepads::poll();
+}
+
 void Application::pumpEvents()
 {
     SDL_Event event;
     while (endIsWanted == 0 && SDL_PollEvent(&event) != 0)
     {
-        dispatch(event);
+        m_dispatcher.dispatch(event);
+        if (m_gamepads)
+        {
+            m_gamepads->dispatch(event);
+        }
     }
-}
-
-void Application::dispatch(SDL_Event const& event)
-{
-    switch (event.type)
-    {
-    case SDL_QUIT:
-        return Terminate();
-    case SDL_WINDOWEVENT:
-        return dispatchWindowEvent(event.window);
-    case SDL_KEYDOWN:
-        return dispatchKeyDown(event.key);
-    case SDL_MOUSEMOTION:
-    case SDL_MOUSEBUTTONUP:
-    case SDL_MOUSEWHEEL:
-        return dispatchMouse(event);
-    default:
-        return;
-    }
-}
-
-void Application::dispatchWindowEvent(SDL_WindowEvent const& event)
-{
-    if (event.event == SDL_WINDOWEVENT_CLOSE)
-    {
-        Terminate();
-    }
-    Window* const window = Window::withIdentifier(event.windowID);
-    if (event.event == SDL_WINDOWEVENT_MINIMIZED && window == m_view->window())
-    {
-        m_view->playerDidLeave();
-    }
-    if (event.event == SDL_WINDOWEVENT_SIZE_CHANGED && window != nullptr)
-    {
-        window->drawableSizeChanged();
-    }
-}
-
-void Application::dispatchMouse(SDL_Event const& event)
-{
-    Window* const window =
-        Window::withIdentifier(event.motion.windowID); // the same offset in all three kinds
-    auto const translated = window != nullptr ? TranslateMouse(event, *window) : std::nullopt;
-    if (translated)
-    {
-        window->sendEvent(*translated);
-    }
-}
-
-// Without a window manager keys may come with window identifier 0; they are for the window that shows the
-// view.
-void Application::dispatchKeyDown(SDL_KeyboardEvent const& event)
-{
-    Event key;
-    key.charactersIgnoringModifiers = CharactersForKey(event.keysym, TakeTypedText());
-    Window* const window = event.windowID != 0 ? Window::withIdentifier(event.windowID) : m_view->window();
-    if (!performCommand(event, key) && !key.charactersIgnoringModifiers.empty() && window != nullptr)
-    {
-        window->sendEvent(key);
-    }
-}
-
-// False when the key is no command's, or the view's; whatever the view wants, one key always ends the game.
-// While a command's key is held, its repeats do nothing.
-bool Application::performCommand(SDL_KeyboardEvent const& event, Event const& key)
-{
-    auto const command = std::ranges::find_if(m_interface.commands,
-                                              [&event](Command const& c) { return HasKey(c, event.keysym); });
-    if (command == m_interface.commands.end())
-    {
-        return false;
-    }
-    if (command->action == "terminate")
-    {
-        Terminate();
-        return true;
-    }
-    if (m_view->wantsKey(key))
-    {
-        return false;
-    }
-    if (event.repeat == 0)
-    {
-        m_view->toggleFullScreen();
-    }
-    return true;
 }
 
 } // namespace

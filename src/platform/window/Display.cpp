@@ -8,6 +8,8 @@
 #include <SDL_image.h>
 #include <SDL_syswm.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <string_view>
 
@@ -70,6 +72,27 @@ Icon LoadIcon()
 bool IsX11()
 {
     return std::string_view(SDL_GetCurrentVideoDriver()) == "x11";
+}
+
+// On X11 the resource Xft.dpi tells the desktop's scale: 96 is a scale of 1.
+double ScaleOnX11([[maybe_unused]] SDL_Window* window)
+{
+    char const* dpi = nullptr;
+#if defined(SDL_VIDEO_DRIVER_X11)
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version)
+    if (SDL_GetWindowWMInfo(window, &info) == SDL_TRUE)
+    {
+        dpi = XGetDefault(info.info.x11.display, "Xft", "dpi");
+    }
+#endif
+    return dpi != nullptr ? std::strtod(dpi, nullptr) / 96.0 : 1.0;
+}
+
+// A scale above 8 is a mistake in the player's resources; its window would be too large for any display.
+int WholeScale(double scale)
+{
+    return static_cast<int>(std::lround(std::fmin(std::fmax(scale, 1.0), 8.0)));
 }
 
 // On X11 a window may ask for the whole screen before it is shown, and has it from its first frame. SDL asks
@@ -153,6 +176,19 @@ RawWindow MakeFullScreenRawWindow(SDL_Rect const& screen)
         AskForFullScreenOnX11(window.get());
     }
     return window;
+}
+
+// A minimised window may report a size of 0.
+WindowPixels PixelsOf(SDL_Window* window)
+{
+    int width = 0;
+    int height = 0;
+    int units = 0;
+    SDL_GL_GetDrawableSize(window, &width, &height);
+    SDL_GetWindowSize(window, &units, nullptr);
+    Size const size{static_cast<float>(std::max(1, width)), static_cast<float>(std::max(1, height))};
+    float const perUnit = units > 0 ? size.width / static_cast<float>(units) : 1.0F;
+    return {size, perUnit, WholeScale(IsX11() ? ScaleOnX11(window) : double{perUnit})};
 }
 
 } // namespace platform

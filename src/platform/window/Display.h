@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// The desktop's display: the connection to it, and SDL's windows on it.
+// The desktop's display: the connection to it, SDL's windows on it, and the pixels that they have.
 #pragma once
+
+#include "platform/base/Geometry.h"
 
 #include <memory>
 
@@ -30,5 +32,14 @@ RawWindow MakeRawWindow(SDL_Rect const& bounds, unsigned flags);
 
 // Hidden; when it is shown it covers the screen with those bounds, above panels and docks.
 RawWindow MakeFullScreenRawWindow(SDL_Rect const& screen);
+
+// The display's pixels that a window has.
+struct WindowPixels
+{
+    Size size;     // at least one each way
+    float perUnit; // for each unit in which the desktop places and sizes windows
+    int scale;     // for each of the game's pixels, in both directions: the desktop's scale, rounded
+};
+WindowPixels PixelsOf(SDL_Window* window);
 
 } // namespace platform

@@ -4,6 +4,7 @@
 
 #include "platform/base/OpenGL.h"
 #include "platform/window/OpenGLContext.h"
+#include "platform/window/Window.h"
 
 #include <SDL.h>
 
@@ -13,6 +14,12 @@ namespace platform
 GLContextRef CurrentGLContext()
 {
     return SDL_GL_GetCurrentContext();
+}
+
+int DisplayScale()
+{
+    Window const* const window = Window::withIdentifier(SDL_GetWindowID(SDL_GL_GetCurrentWindow()));
+    return window != nullptr ? window->scale() : 1;
 }
 
 void DeleteTextureInContext(GLContextRef context, unsigned texture)

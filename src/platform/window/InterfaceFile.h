@@ -32,7 +32,7 @@ struct Command
 struct InterfaceFile
 {
     std::string windowTitle;
-    Size contentSize; // pixels
+    Size contentSize; // the game's pixels
     std::vector<Command> commands;
 
     // Nothing, with one log line that names the file, when it cannot be read or is no key file.

@@ -4,8 +4,7 @@
 // A view that fills a window and draws with OpenGL: its context and the messages it gets.
 #pragma once
 
-#include "platform/base/Geometry.h"
-#include "platform/window/Event.h"
+#include "platform/input/Responder.h"
 #include "platform/window/OpenGLContext.h"
 
 #include <memory>
@@ -15,14 +14,12 @@ namespace platform
 
 class Window;
 
-class OpenGLView
+class OpenGLView : public Responder
 {
 public:
-    virtual ~OpenGLView() = default;
-    OpenGLView(OpenGLView const&) = delete;
-    OpenGLView& operator=(OpenGLView const&) = delete;
+    ~OpenGLView() override;
 
-    // frame: the content rectangle in pixels. False when the view cannot be made.
+    // frame: the content rectangle in the game's pixels. False when the view cannot be made.
     virtual bool initWithFrame(Rect frame) = 0;
     virtual void awakeFromNib() = 0; // the interface file is loaded, the window made
     virtual void reshape() = 0;      // the frame's size has changed
@@ -32,36 +29,21 @@ public:
     // True while nothing slow, such as a save, may come between two frames.
     virtual bool needsEvenFrames() = 0;
 
-    // The window was minimised, or another program has the keyboard now.
-    virtual void playerDidLeave() = 0;
-
     virtual bool acceptsFirstResponder() = 0;
     virtual bool becomeFirstResponder() = 0;
     virtual bool resignFirstResponder() = 0;
-    virtual void keyDown(Event const& event) = 0;
-    virtual void mouseMoved(Event const& event) = 0;
-    virtual void mouseUp(Event const& event) = 0; // left button
-    virtual void scrollWheel(Event const& event) = 0;
 
-    // Size in pixels of the drawable that shows the view; origin always (0, 0).
-    Rect frame() const { return m_frame; }
     Window* window() const { return m_window; }
     OpenGLContext* openGLContext() const { return m_context.get(); }
 
 protected:
     OpenGLView() = default;
 
-    bool initWithPixelFormat(Rect frame, PixelFormat format)
-    {
-        m_frame.size = frame.size;
-        m_context = OpenGLContext::initWithFormat(format);
-        return m_context != nullptr;
-    }
+    bool initWithPixelFormat(Rect frame, PixelFormat format);
 
 private:
     friend class Window;
 
-    Rect m_frame;
     bool m_shaped = false;
     Window* m_window = nullptr;
     std::unique_ptr<OpenGLContext> m_context;

@@ -8,6 +8,7 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform
@@ -18,21 +19,11 @@ namespace
 
 constexpr char const* kDataName = "Window"; // under this name an SDL window keeps its Window
 
-// A minimised window may report a size of 0; a view has at least one pixel.
-Size DrawableSize(SDL_Window* window)
+// In the game's pixels. The last one each way, at the right and the top, may reach beyond the window.
+Size SizeForGame(WindowPixels const& pixels)
 {
-    int width = 0;
-    int height = 0;
-    SDL_GL_GetDrawableSize(window, &width, &height);
-    return {static_cast<float>(std::max(1, width)), static_cast<float>(std::max(1, height))};
-}
-
-// Pixels of the drawable for each unit in which the desktop places and sizes windows.
-float PixelsPerUnit(SDL_Window* window)
-{
-    int width = 0;
-    SDL_GetWindowSize(window, &width, nullptr);
-    return width > 0 ? DrawableSize(window).width / static_cast<float>(width) : 1.0F;
+    auto const scale = static_cast<float>(pixels.scale);
+    return {std::ceil(pixels.size.width / scale), std::ceil(pixels.size.height / scale)};
 }
 
 // Of the screen that shows the view now, or of the first.
@@ -47,9 +38,10 @@ SDL_Rect MainScreenBounds()
 void SizeAndPlaceInTheMiddle(SDL_Window* window, Size content)
 {
     SDL_Rect const screen = MainScreenBounds();
-    float const scale = PixelsPerUnit(window);
-    int const width = std::max(1, static_cast<int>(content.width / scale));
-    int const height = std::max(1, static_cast<int>(content.height / scale));
+    WindowPixels const pixels = PixelsOf(window);
+    float const units = static_cast<float>(pixels.scale) / pixels.perUnit; // for each of the game's pixels
+    int const width = std::max(1, static_cast<int>(content.width * units));
+    int const height = std::max(1, static_cast<int>(content.height * units));
     SDL_SetWindowSize(window, width, height);
     SDL_SetWindowPosition(window, screen.x + std::max(0, (screen.w - width) / 2),
                           screen.y + std::max(0, (screen.h - height) / 2));
@@ -82,7 +74,7 @@ std::unique_ptr<Window> Window::wrap(RawWindow window)
     return std::unique_ptr<Window>(new Window(std::move(window)));
 }
 
-Window::Window(RawWindow window) : m_window(std::move(window))
+Window::Window(RawWindow window) : m_window(std::move(window)), m_pixels(PixelsOf(m_window.get()))
 {
     SDL_SetWindowData(m_window.get(), kDataName, this);
 }
@@ -192,11 +184,12 @@ void Window::sendEvent(Event const& event)
 
 void Window::drawableSizeChanged()
 {
+    m_pixels = PixelsOf(m_window.get());
     if (m_view == nullptr)
     {
         return;
     }
-    Size const size = DrawableSize(m_window.get());
+    Size const size = SizeForGame(m_pixels);
     Size const former = std::exchange(m_view->m_frame.size, size);
     bool const isSame = former.width == size.width && former.height == size.height;
     if (!std::exchange(m_view->m_shaped, true) || !isSame)
@@ -207,9 +200,10 @@ void Window::drawableSizeChanged()
 
 Point Window::pixelsFromWindow(int x, int y) const
 {
-    float const scale = PixelsPerUnit(m_window.get());
-    float const height = DrawableSize(m_window.get()).height;
-    return {static_cast<float>(x) * scale, height - static_cast<float>(y) * scale};
+    auto const scale = static_cast<float>(m_pixels.scale);
+    float const right = static_cast<float>(x) * m_pixels.perUnit;
+    float const up = m_pixels.size.height - static_cast<float>(y) * m_pixels.perUnit;
+    return {std::floor(right / scale), std::ceil(up / scale)};
 }
 
 } // namespace platform

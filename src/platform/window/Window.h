@@ -6,8 +6,8 @@
 #pragma once
 
 #include "platform/base/Geometry.h"
+#include "platform/input/Event.h"
 #include "platform/window/Display.h"
-#include "platform/window/Event.h"
 
 #include <memory>
 #include <string>
@@ -22,7 +22,7 @@ class Window
 public:
     // Both are hidden until makeKeyAndOrderFront(). Null, with one log line, when the display refuses.
 
-    // With the desktop's frame, resizable, in the middle of the screen. content: pixels.
+    // With the desktop's frame, resizable, in the middle of the screen. content: the game's pixels.
     static std::unique_ptr<Window> initWithContentSize(Size content);
 
     // Borderless, over the whole of the screen that shows the view now, above panels and docks.
@@ -46,6 +46,9 @@ public:
     void makeKeyAndOrderFront();
     void orderOut(); // hides it
 
+    // Display pixels for each of the game's, in both directions.
+    int scale() const { return m_pixels.scale; }
+
     // Minimised by the player, or on a desktop that is not shown.
     bool isMiniaturized() const;
 
@@ -59,18 +62,21 @@ public:
     // Hands the event to the first responder, by its type.
     void sendEvent(Event const& event);
 
-    // The view's frame follows the drawable's size.
+    // To be called when the window's size or the display's scale has changed: the view's frame follows.
     void drawableSizeChanged();
 
-    // From the desktop's units, origin at the top left, to pixels, origin at the bottom left.
+    // From the desktop's units, origin at the top left, to whole pixels of the game, origin at the bottom
+    // left.
     Point pixelsFromWindow(int x, int y) const;
+
+    void releaseView(); // shows nothing from now on
 
 private:
     explicit Window(RawWindow window);
     static std::unique_ptr<Window> wrap(RawWindow window);
-    void releaseView();
 
     RawWindow m_window;
+    WindowPixels m_pixels;
     OpenGLView* m_view = nullptr;
     OpenGLView* m_firstResponder = nullptr;
     bool m_acceptsMouseMoved = false;

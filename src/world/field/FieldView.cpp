@@ -56,23 +56,23 @@ void FieldView::Collect(AsteroidField const& field, Frustum const& frustum)
             float last = lastZ;
             frustum.NarrowToView(place.x, place.y, &first, &last);
             field.ForEachIn(x, y, CeilToInt(first), FloorToInt(last),
-                            [&](int z, int sizeClass, Roid const&)
+                            [&](int z, int sizeClass, Roid const& roid)
                             {
                                 place.z = static_cast<float>(z);
-                                AddIfInView(place, sizeClass, frustum);
+                                AddIfInView(place, sizeClass, roid, frustum);
                             });
         }
     }
 }
 
-inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Frustum const& frustum)
+// The size class is handed in: reading it from the asteroid is slow.
+inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Roid const& roid,
+                                   Frustum const& frustum)
 {
-    if (frustum.IsPointInside(place))
+    if (auto const level = Roid::LevelInView(place, frustum))
     {
-        int const levelOfDetail = Roid::LevelOfDetail(DistSquared(frustum.GetApex(), place));
-        m_rocks.push_back({place, m_covered.Seen(place, Roid::MeshRadius(sizeClass)),
-                           static_cast<std::uint8_t>(sizeClass), static_cast<std::uint8_t>(levelOfDetail),
-                           false});
+        m_rocks.push_back({place, m_covered.Seen(place, Roid::GetMeshes().radius[sizeClass]), &roid,
+                           static_cast<std::uint8_t>(*level), false});
     }
 }
 
@@ -101,7 +101,7 @@ void FieldView::MarkShown()
         if (rock.isShown)
         {
             CoveredView::Ball solid = rock.seen;
-            solid.radius *= Roid::SolidShare(rock.levelOfDetail);
+            solid.radius *= Roid::GetMeshes().solidShare[rock.levelOfDetail];
             m_covered.Cover(solid, rock.seen.radius);
         }
     }

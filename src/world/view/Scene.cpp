@@ -7,8 +7,10 @@
 #include "gfx/Roid.h"
 #include "math/Plane.h"
 #include "platform/base/OpenGL.h"
+#include "platform/window/GLContext.h"
 #include "settings/GameSettings.h"
 #include "world/Camera.h"
+#include "world/field/AsteroidField.h"
 #include "world/Waypoint.h"
 
 #include <algorithm>
@@ -19,7 +21,6 @@ namespace
 constexpr std::size_t kFontNameSize = 256;
 constexpr float kFarthestCentre = 101.0F; // an asteroid farther out lies beyond the far plane altogether
 constexpr float kClosedInDepth = 48.0F;   // from three lattice blocks deep on, the fog end is the low one
-constexpr float kWidestAspect = 32.0F;    // a window one pixel high would have half the field in view
 constexpr GLfloat kFogColor[] = {0.05F, 0.05F, 0.1F, 1.0F};
 constexpr GLfloat kLightPosition[] = {10.0F, 10.0F, -10.0F, 0.5F};
 
@@ -43,6 +44,10 @@ Eye EyeOf(Camera const& ship)
     return eye;
 }
 
+// A window that is a line, wider than this, shows asteroids in its middle only: all of them would be half the
+// field.
+constexpr float kWidestAspect = 32.0F;
+
 // Its apex lies one unit behind the eye, so that asteroids beside the eye are not culled by their centres.
 Frustum FrustumOf(Eye const& eye, int width, int height, float fogEnd)
 {
@@ -57,7 +62,8 @@ void BeginScene(Camera const& ship, int width, int height)
     glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
     glClearDepth(1.0);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glViewport(0, 0, width, height);
+    int const scale = platform::DisplayScale();
+    glViewport(0, 0, width * scale, height * scale);
     glRenderMode(GL_RENDER);
 
     glMatrixMode(GL_PROJECTION);
@@ -126,8 +132,7 @@ float Scene::FogEndAt(TQ3Vector3D const& p) const
     return m_fogEndHigh - (m_fogEndHigh - m_fogEndLow) * (depth / kClosedInDepth);
 }
 
-void Scene::Render(AsteroidField const& field, Camera const& ship, Waypoint const& marker, int width,
-                   int height)
+void Scene::Render(AsteroidField& field, Camera const& ship, Waypoint const& marker, int width, int height)
 {
     BeginScene(ship, width, height);
     PlaceLight(ship);
@@ -153,15 +158,14 @@ void Scene::BeginFog(float fogEnd) const
     glEnable(GL_FOG);
 }
 
-void Scene::RenderField(AsteroidField const& field, Eye const& eye, Frustum const& frustum, int width,
-                        int height)
+void Scene::RenderField(AsteroidField& field, Eye const& eye, Frustum const& frustum, int width, int height)
 {
     Roid::RenderStart();
     for (FieldView::Rock const& rock : m_fieldView.Choose(field, frustum, eye, width, height))
     {
         if (rock.isShown)
         {
-            Roid::Draw(rock.place, rock.sizeClass, rock.levelOfDetail);
+            field.ToDraw(*rock.roid).Render(rock.place, frustum);
         }
     }
     Roid::RenderEnd();

@@ -6,6 +6,7 @@
 
 #include "platform/base/Clock.h"
 #include "platform/sound/SoundFile.h"
+#include "support/CapturedLog.h"
 #include "TestMedia.h"
 
 #include <gmock/gmock.h>
@@ -55,13 +56,13 @@ void ExpectAdvance(Movie& movie, double samplesPerSecond)
 class MovieTest : public Test
 {
 protected:
-    std::unique_ptr<Movie> open(Samples const& samples)
+    std::shared_ptr<Movie> open(Samples const& samples)
     {
         WriteWav(m_folder / "test.wav", samples);
         return Movie::openFile(m_folder / "test.wav");
     }
 
-    std::unique_ptr<Movie> play(Samples const& samples)
+    std::shared_ptr<Movie> play(Samples const& samples)
     {
         auto movie = open(samples);
         movie->start();
@@ -83,11 +84,6 @@ protected:
     Folder m_folder;
     Loopback m_loopback;
 };
-
-Samples Part(Samples const& samples, std::ptrdiff_t from, std::ptrdiff_t to)
-{
-    return {samples.begin() + 2 * from, samples.begin() + 2 * to};
-}
 
 // The first sample that differs, -1 for none: a mismatch of a hundred thousand numbers is no help.
 std::ptrdiff_t FirstDifference(Samples const& left, Samples const& right)
@@ -223,8 +219,7 @@ TEST_F(MovieTest, MovieShorterThanAFrameLoopsWithoutAGap)
 
 TEST_F(MovieTest, LoopThatIsNotTakenEndsTheMovie)
 {
-    Samples const samples = StereoRamp(5000);
-    auto const movie = open(samples);
+    auto const movie = open(StereoRamp(5000));
     MovieCallBack callBack(*movie);
     callBack.callMeWhen(MovieCallBack::Trigger::TimeForward, 5000, [] {});
     movie->setLoopingHint(true);
@@ -282,23 +277,6 @@ TEST_F(MovieTest, BackwardsNoiseOf32KilobitsIsTheForwardOneReversed)
     playBackwards(*movie);
     Samples const heard = hear(*movie, static_cast<int>(expected.size() / 2));
     EXPECT_LE(LargestDifference(heard, expected), 1) << "more than a decoder's rounding";
-}
-
-TEST_F(MovieTest, RateTwoGoesTwiceAsFar)
-{
-    auto const movie = open(StereoRamp(44100));
-    movie->setRate(2 * kOne);
-    hear(*movie, 10 * kFrame);
-    EXPECT_NEAR(movie->time(), 20 * kFrame, 2);
-}
-
-TEST_F(MovieTest, RateMinusOneGoesBack)
-{
-    auto const movie = open(StereoRamp(44100));
-    movie->setTimeValue(20000);
-    movie->setRate(-kOne);
-    hear(*movie, 10 * kFrame);
-    EXPECT_EQ(movie->time(), 20000 - 10 * kFrame);
 }
 
 TEST_F(MovieTest, VolumeScalesWhatIsHeard)
@@ -411,6 +389,53 @@ TEST_F(MovieTest, CallBackFiresOnceInsideATask)
     EXPECT_EQ(fired, 1);
 }
 
+TEST_F(MovieTest, CallBackArmedByAnotherInItsPlaceWaitsForTheNextTime)
+{
+    auto const movie = open(StereoRamp(44100));
+    MovieCallBack first(*movie);
+    auto second = std::make_unique<MovieCallBack>(*movie);
+    int fired = 0;
+    auto const replace = [&]
+    {
+        second.reset(); // so that the new one most likely has its address
+        second = std::make_unique<MovieCallBack>(*movie);
+        second->callMeWhen(MovieCallBack::Trigger::TimeForward, 1000, [&] { ++fired; });
+    };
+    first.callMeWhen(MovieCallBack::Trigger::TimeForward, 1000, replace);
+    second->callMeWhen(MovieCallBack::Trigger::TimeForward, 1000, [] {});
+    movie->start();
+    hear(*movie, 2000);
+    EXPECT_EQ(fired, 0);
+    movie->setTimeValue(0);
+    hear(*movie, 2000);
+    EXPECT_EQ(fired, 1);
+}
+
+TEST_F(MovieTest, CallBackMayLetGoOfItsMovie)
+{
+    auto movie = play(StereoRamp(44100));
+    std::weak_ptr<Movie> const watched = movie;
+    auto callBack = std::make_unique<MovieCallBack>(*movie);
+    bool livedOn = false;
+    auto const letGo = [&]
+    {
+        callBack.reset();
+        movie.reset();
+        livedOn = !watched.expired();
+    };
+    callBack->callMeWhen(MovieCallBack::Trigger::TimeForward, 1000, letGo);
+    auto const serve = [&]
+    {
+        if (movie)
+        {
+            movie->moviesTask();
+        }
+    };
+    m_loopback.renderFrames(2000, serve);
+    EXPECT_TRUE(livedOn) << "until the end of the task";
+    EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(MovieTest, CallBackWaitsForItsDirectionOnly)
 {
     auto const movie = open(StereoRamp(44100));
@@ -464,6 +489,8 @@ TEST_F(MovieTest, FilesThatCannotBeDecodedAreNoMovies)
     WriteWav(m_folder / "nothing.wav", {});
     for (char const* const name : {"missing.mp3", "empty.mp3", "text.mp3", "nothing.wav", "."})
     {
+        CapturedLog log;
         EXPECT_FALSE(Movie::openFile(m_folder / name)) << name;
+        EXPECT_THAT(log.lines(), ElementsAre(HasSubstr((m_folder / name).string())));
     }
 }

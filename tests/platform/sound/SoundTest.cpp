@@ -149,6 +149,33 @@ TEST_F(SoundTest, MissingDeviceIsAskedForOnceInAWhile)
     m_loopback.plugIn();
 }
 
+TEST_F(SoundTest, TryThatTakesLongIsNotRepeatedAtOnce)
+{
+    auto const sound = Sound::initWithContentsOfFile(aiff("steps.aiff", Steps(1000)));
+    int tries = 0;
+    std::uint64_t const start = platform::UpTime();
+    double seconds = 0.0; // since the start
+    platform::AudioDevice::Opening opening;
+    opening.open = [&]() -> ALCdevice*
+    {
+        ++tries;
+        seconds += 3.5;
+        return nullptr;
+    };
+    opening.now = [&] { return start + static_cast<std::uint64_t>(seconds * 1e9); };
+    platform::AudioDevice::shared().setOpening(opening);
+    for (double const wait : {0.0, 0.1, 2.8})
+    {
+        seconds += wait;
+        EXPECT_FALSE(sound->play());
+        EXPECT_EQ(tries, 1);
+    }
+    seconds += 0.2;
+    EXPECT_FALSE(sound->play());
+    EXPECT_EQ(tries, 2);
+    m_loopback.plugIn();
+}
+
 // In a process of its own, which has not opened the device yet.
 TEST(FirstSoundTest, StartsInTheNextPassUnlessItIsStoppedBefore)
 {

@@ -117,6 +117,12 @@ inline Samples Reversed(Samples const& stereo)
     return reversed;
 }
 
+// The stereo samples from one place up to another.
+inline Samples Part(Samples const& stereo, std::ptrdiff_t from, std::ptrdiff_t to)
+{
+    return {stereo.begin() + 2 * from, stereo.begin() + 2 * to};
+}
+
 inline Samples operator+(Samples left, Samples const& right)
 {
     left.insert(left.end(), right.begin(), right.end());

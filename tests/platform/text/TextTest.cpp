@@ -47,6 +47,21 @@ int InkOf(std::string const& text, float size = 20.0F)
     return InkedPixels(bitmap);
 }
 
+// The columns from the left to the last one with ink.
+int WidthOfInk(AttributedString const& string, int scale)
+{
+    TextBitmap bitmap(string.size(), scale);
+    bitmap.drawString(string, kWhite, {0.0F, 0.0F});
+    auto const bytes = bitmap.rgba();
+    int width = 0;
+    for (std::size_t at = 0; at < bytes.size(); at += 4)
+    {
+        int const column = static_cast<int>(at / 4) % bitmap.pixelsWide();
+        width = bytes[at + 3] != 0 ? std::max(width, column + 1) : width;
+    }
+    return width;
+}
+
 } // namespace
 
 TEST(TextTest, EmptyStringMeasuresNothing)
@@ -156,6 +171,41 @@ TEST(TextBitmapTest, FrameLiesInside)
     EXPECT_EQ(Pixel(bitmap, 4, 5)[3], 0);
     EXPECT_EQ(Pixel(bitmap, 9, 5)[3], 255);
     EXPECT_EQ(Pixel(bitmap, 10, 5)[3], 0);
+}
+
+TEST(TextBitmapTest, OnADenseDisplayItHasTheWholePixelsOfItsScaledSize)
+{
+    TextBitmap const bitmap({10.9F, 5.2F}, 2);
+    EXPECT_EQ(bitmap.pixelsWide(), 21);
+    EXPECT_EQ(bitmap.pixelsHigh(), 10);
+    EXPECT_EQ(bitmap.size().width, 10.9F);
+    EXPECT_EQ(bitmap.rgba().size(), 840U);
+}
+
+TEST(TextBitmapTest, OnADenseDisplayTheFrameIsScaled)
+{
+    TextBitmap bitmap({12.0F, 12.0F}, 2);
+    bitmap.frameRect({{2.0F, 2.0F}, {8.0F, 8.0F}}, kWhite, 1.5F);
+    EXPECT_EQ(Pixel(bitmap, 3, 10)[3], 0);
+    EXPECT_EQ(Pixel(bitmap, 4, 10)[3], 255);
+    EXPECT_EQ(Pixel(bitmap, 6, 10)[3], 255);
+    EXPECT_EQ(Pixel(bitmap, 7, 10)[3], 0);
+    EXPECT_EQ(Pixel(bitmap, 10, 19)[3], 255);
+    EXPECT_EQ(Pixel(bitmap, 10, 20)[3], 0);
+}
+
+TEST(TextBitmapTest, OnADenseDisplayTextIsAsSharpAsTextOfThatSize)
+{
+    AttributedString const string = Text("R");
+    TextBitmap bitmap(string.size(), 2);
+    bitmap.drawString(string, kWhite, {0.0F, 0.0F});
+    EXPECT_EQ(InkedPixels(bitmap), InkOf("R", 40.0F));
+}
+
+TEST(TextBitmapTest, OnADenseDisplayLettersKeepTheirPlaces)
+{
+    AttributedString const string = Text("Fastest Times");
+    EXPECT_NEAR(WidthOfInk(string, 2), 2 * WidthOfInk(string, 1), 2); // a pixel's edge is the glyph's own
 }
 
 TEST(TextBitmapTest, FrameThickerThanItsRectangleFillsIt)

@@ -9,6 +9,7 @@
 #include "platform/window/ScriptedView.h"
 #include "platform/window/Window.h"
 #include "support/CapturedLog.h"
+#include "support/window/VirtualPad.h"
 
 #include <glib.h>
 #include <gmock/gmock.h>
@@ -147,6 +148,66 @@ TEST_F(ApplicationTest, NothingIsSavedWhileTheViewNeedsEvenFrames)
     look->invalidate();
     EXPECT_FALSE(isSavedMeanwhile);
     EXPECT_TRUE(std::filesystem::exists(SettingsFile())) << "the end saves";
+}
+
+// Draws each millisecond, as the game does, until gamepads were looked for.
+class DrawingView : public TestView
+{
+public:
+    explicit DrawingView(std::vector<bool>* frames) : m_frames(frames) {}
+    ~DrawingView() override { m_timer->invalidate(); }
+
+    void awakeFromNib() override
+    {
+        m_timer = Timer::scheduledTimer(0.001, [this] { draw(); });
+    }
+
+private:
+    void draw()
+    {
+        m_frames->push_back(SDL_WasInit(SDL_INIT_GAMECONTROLLER) != 0);
+        if (m_frames->back())
+        {
+            std::raise(SIGTERM);
+        }
+    }
+
+    std::vector<bool>* m_frames; // whether gamepads had been looked for before each of them
+    std::shared_ptr<Timer> m_timer;
+};
+
+TEST_F(ApplicationTest, GamepadsAreLookedForBehindTheFirstFrame)
+{
+    std::vector<bool> frames;
+    EXPECT_EQ(platform::ApplicationMain(std::make_unique<DrawingView>(&frames)), 0);
+    EXPECT_FALSE(frames.front());
+    EXPECT_TRUE(frames.back());
+}
+
+TEST_F(ApplicationTest, UnpluggedGamepadIsToldToTheView)
+{
+    std::optional<VirtualPad> pad;
+    std::shared_ptr<Timer> player;
+    auto const unplugWhenOpen = [&](ScriptedView const& view)
+    {
+        if (!pad && SDL_WasInit(SDL_INIT_GAMECONTROLLER) != 0)
+        {
+            pad.emplace();
+        }
+        else if (pad && pad->isOpen())
+        {
+            pad.reset();
+            player->invalidate();
+            view.close();
+        }
+    };
+    EXPECT_EQ(run({[&](ScriptedView& view)
+                   {
+                       view.stay();
+                       player = Timer::scheduledTimer(0.0, [&] { unplugWhenOpen(view); });
+                   }}),
+              0);
+    EXPECT_THAT(record.told, ElementsAre("become", "playerDidLeave"));
 }
 
 // A view that fails as if the driver had no OpenGL.

@@ -63,6 +63,9 @@ void reset()
 void start()
 {
     state().calls.clear();
+    state().uploads.clear();
+    state().corners.clear();
+    state().errorChecks.clear();
     state().recording = true;
 }
 
@@ -70,6 +73,28 @@ std::vector<Call> stop()
 {
     state().recording = false;
     return std::move(state().calls);
+}
+
+std::vector<Upload> const& uploads()
+{
+    return state().uploads;
+}
+
+std::ostream& operator<<(std::ostream& stream, Corner const& corner)
+{
+    auto const& [place, color] = corner;
+    return stream << '(' << place[0] << ", " << place[1] << ", " << place[2] << ") in (" << color[0] << ", "
+                  << color[1] << ", " << color[2] << ')';
+}
+
+std::vector<Corner> const& corners()
+{
+    return state().corners;
+}
+
+std::vector<int> const& errorChecks()
+{
+    return state().errorChecks;
 }
 
 std::set<unsigned> const& textures()
@@ -110,6 +135,11 @@ void refuseNextTexture()
 void setCurrentContext(void* context)
 {
     state().context = context;
+}
+
+void setDisplayScale(int scale)
+{
+    state().displayScale = scale;
 }
 
 std::vector<std::pair<void*, unsigned>> const& contextDeletions()

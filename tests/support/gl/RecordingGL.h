@@ -6,6 +6,8 @@
 // Link quarrow_recording_gl instead of OpenGL.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <initializer_list>
 #include <set>
 #include <string>
@@ -46,6 +48,32 @@ std::vector<Call> during(Action action)
     return stop();
 }
 
+// What is kept beside the calls while recording is on, until the next start().
+//
+// A texture's level as OpenGL reads it: its rows begin at multiples of the unpack alignment.
+struct Upload
+{
+    unsigned texture;
+    int level;
+    int width;
+    int height;
+    std::vector<std::uint8_t> pixels; // row after row without padding
+};
+std::vector<Upload> const& uploads();
+
+// A corner that glDrawElements takes from the client's arrays: its place, and its colour or the current one.
+struct Corner
+{
+    std::array<float, 3> place;
+    std::array<float, 3> color;
+    bool operator==(Corner const&) const = default;
+};
+std::ostream& operator<<(std::ostream& stream, Corner const& corner);
+std::vector<Corner> const& corners();
+
+// For each glGetError, how many calls were noted before it.
+std::vector<int> const& errorChecks();
+
 // The names that exist.
 std::set<unsigned> const& textures();
 std::set<unsigned> const& lists();
@@ -64,6 +92,9 @@ void refuseNextTexture();
 
 // The context that is current from now on; null for none. Contexts are told apart by these pointers only.
 void setCurrentContext(void* context);
+
+// The scale of the display from now on; 1 at first.
+void setDisplayScale(int scale);
 
 // The textures deleted in a context other than the current one: (context, texture) in order.
 std::vector<std::pair<void*, unsigned>> const& contextDeletions();

@@ -6,6 +6,8 @@
 #include "platform/window/GLContext.h"
 #include "support/gl/RecordingGLState.h"
 
+#include <algorithm>
+
 using recording::note;
 using recording::noteArray;
 using recording::state;
@@ -29,6 +31,40 @@ namespace
 
 int quadric = 0; // every GLU quadric is this one
 
+void setArray(GLenum array, GLint size, GLvoid const* values)
+{
+    state().arrays[array].size = size;
+    state().arrays[array].values = static_cast<float const*>(values);
+}
+
+// The element of a client array; where it is switched off, the other value.
+std::array<float, 3> elementOf(GLenum array, std::size_t index, std::array<float, 3> const& otherwise)
+{
+    recording::ClientArray const& from = state().arrays[array];
+    std::array<float, 3> element = otherwise;
+    if (from.enabled)
+    {
+        auto const size = static_cast<std::size_t>(from.size);
+        std::copy_n(from.values + index * size, size, element.begin());
+    }
+    return element;
+}
+
+std::vector<std::uint8_t> unpacked(GLsizei width, GLsizei height, std::size_t pixelBytes,
+                                   GLvoid const* pixels)
+{
+    std::vector<std::uint8_t> bytes;
+    auto const alignment = static_cast<std::size_t>(state().unpackAlignment);
+    std::size_t const rowBytes = static_cast<std::size_t>(width) * pixelBytes;
+    std::size_t const stride = (rowBytes + alignment - 1) / alignment * alignment;
+    auto const* row = static_cast<std::uint8_t const*>(pixels);
+    for (GLsizei y = 0; y < height; ++y, row += stride)
+    {
+        bytes.insert(bytes.end(), row, row + rowBytes);
+    }
+    return bytes;
+}
+
 // How many floats a light, material or fog parameter has.
 int parameterLength(GLenum name)
 {
@@ -41,18 +77,14 @@ extern "C"
 {
     QUARROW_NOTED(glBegin, (GLenum mode), mode)
     QUARROW_NOTED(glEnd, ())
-    QUARROW_NOTED(glBindTexture, (GLenum target, GLuint texture), target, texture)
     QUARROW_NOTED(glBlendFunc, (GLenum source, GLenum destination), source, destination)
     QUARROW_NOTED(glCallList, (GLuint list), list)
     QUARROW_NOTED(glClear, (GLbitfield mask), mask)
     QUARROW_NOTED(glClearColor, (GLclampf r, GLclampf g, GLclampf b, GLclampf a), r, g, b, a)
     QUARROW_NOTED(glClearDepth, (GLclampd depth), depth)
-    QUARROW_NOTED(glColor4f, (GLfloat r, GLfloat g, GLfloat b, GLfloat a), r, g, b, a)
     QUARROW_NOTED(glCullFace, (GLenum mode), mode)
     QUARROW_NOTED(glDepthFunc, (GLenum function), function)
     QUARROW_NOTED(glDepthMask, (GLboolean flag), flag)
-    QUARROW_NOTED(glDisableClientState, (GLenum array), array)
-    QUARROW_NOTED(glEnableClientState, (GLenum array), array)
     QUARROW_NOTED(glEndList, ())
     QUARROW_NOTED(glFogf, (GLenum name, GLfloat value), name, value)
     QUARROW_NOTED(glFogi, (GLenum name, GLint value), name, value)
@@ -92,19 +124,65 @@ extern "C"
     QUARROW_NOTED(gluSphere, (GLUquadric*, GLdouble radius, GLint slices, GLint stacks), radius, slices,
                   stacks)
     QUARROW_NOTED(glDepthRange, (GLclampd nearest, GLclampd farthest), nearest, farthest)
-    QUARROW_NOTED(glColorPointer, (GLint size, GLenum type, GLsizei stride, GLvoid const*), size, type,
-                  stride)
-    QUARROW_NOTED(glVertexPointer, (GLint size, GLenum type, GLsizei stride, GLvoid const*), size, type,
-                  stride)
-    QUARROW_NOTED(glTexImage2D,
-                  (GLenum target, GLint level, GLint internalFormat, GLsizei width, GLsizei height,
-                   GLint border, GLenum format, GLenum type, GLvoid const*),
-                  target, level, internalFormat, width, height, border, format, type)
 
     QUARROW_NOTED_FLOATS(glLoadMatrixf, 16)
     QUARROW_NOTED_FLOATS(glMultMatrixf, 16)
     QUARROW_NOTED_FLOATS(glTexCoord3fv, 3)
     QUARROW_NOTED_FLOATS(glVertex3fv, 3)
+
+    void glBindTexture(GLenum target, GLuint texture)
+    {
+        note("glBindTexture", target, texture);
+        state().bound[target] = texture;
+    }
+
+    void glPixelStorei(GLenum name, GLint value)
+    {
+        note("glPixelStorei", name, value);
+        state().unpackAlignment = name == GL_UNPACK_ALIGNMENT ? value : state().unpackAlignment;
+    }
+
+    void glTexImage2D(GLenum target, GLint level, GLint internalFormat, GLsizei width, GLsizei height,
+                      GLint border, GLenum format, GLenum type, GLvoid const* pixels)
+    {
+        note("glTexImage2D", target, level, internalFormat, width, height, border, format, type);
+        if (state().recording)
+        {
+            std::size_t const pixelBytes = type == GL_UNSIGNED_SHORT_1_5_5_5_REV ? 2 : 4;
+            state().uploads.push_back(
+                {state().bound[target], level, width, height, unpacked(width, height, pixelBytes, pixels)});
+        }
+    }
+
+    void glColor4f(GLfloat r, GLfloat g, GLfloat b, GLfloat a)
+    {
+        note("glColor4f", r, g, b, a);
+        state().color = {r, g, b};
+    }
+
+    void glEnableClientState(GLenum array)
+    {
+        note("glEnableClientState", array);
+        state().arrays[array].enabled = true;
+    }
+
+    void glDisableClientState(GLenum array)
+    {
+        note("glDisableClientState", array);
+        state().arrays[array].enabled = false;
+    }
+
+    void glVertexPointer(GLint size, GLenum type, GLsizei stride, GLvoid const* values)
+    {
+        note("glVertexPointer", size, type, stride);
+        setArray(GL_VERTEX_ARRAY, size, values);
+    }
+
+    void glColorPointer(GLint size, GLenum type, GLsizei stride, GLvoid const* values)
+    {
+        note("glColorPointer", size, type, stride);
+        setArray(GL_COLOR_ARRAY, size, values);
+    }
 
     void glEnable(GLenum capability)
     {
@@ -138,6 +216,10 @@ extern "C"
 
     GLenum glGetError()
     {
+        if (state().recording)
+        {
+            state().errorChecks.push_back(static_cast<int>(state().calls.size()));
+        }
         GLenum const error = state().error;
         state().error = GL_NO_ERROR;
         return error;
@@ -174,8 +256,13 @@ extern "C"
     // The game's indices are bytes; they are noted behind the mode and the count.
     void glDrawElements(GLenum mode, GLsizei count, GLenum, GLvoid const* indices)
     {
-        noteArray("glDrawElements", {static_cast<double>(mode), static_cast<double>(count)},
-                  static_cast<GLubyte const*>(indices), count);
+        auto const* const first = static_cast<GLubyte const*>(indices);
+        noteArray("glDrawElements", {static_cast<double>(mode), static_cast<double>(count)}, first, count);
+        for (GLubyte const* index = first; state().recording && index != first + count; ++index)
+        {
+            state().corners.push_back(
+                {elementOf(GL_VERTEX_ARRAY, *index, {}), elementOf(GL_COLOR_ARRAY, *index, state().color)});
+        }
     }
 
     void glGenTextures(GLsizei count, GLuint* names)
@@ -235,6 +322,11 @@ namespace platform
 GLContextRef CurrentGLContext()
 {
     return state().context;
+}
+
+int DisplayScale()
+{
+    return state().displayScale;
 }
 
 void DeleteTextureInContext(GLContextRef context, unsigned texture)

@@ -11,10 +11,24 @@
 namespace recording
 {
 
+struct ClientArray
+{
+    bool enabled = false;
+    int size = 0; // floats of an element
+    float const* values = nullptr;
+};
+
 struct State
 {
     bool recording = false;
     std::vector<Call> calls;
+    std::vector<Upload> uploads;
+    std::vector<Corner> corners;
+    std::vector<int> errorChecks;
+    std::map<unsigned, unsigned> bound; // the texture of each target
+    std::map<unsigned, ClientArray> arrays;
+    std::array<float, 3> color{1.0F, 1.0F, 1.0F};
+    int unpackAlignment = 4;
     std::set<unsigned> textures;
     std::set<unsigned> lists;
     std::map<unsigned, bool> enabled;
@@ -23,6 +37,7 @@ struct State
     unsigned error = 0;
     bool refuseTexture = false;
     void* context = nullptr;
+    int displayScale = 1;
     std::vector<std::pair<void*, unsigned>> contextDeletions;
 };
 

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "core/GameEvent.h"
-#include "platform/window/Event.h"
+#include "platform/input/Event.h"
 
 #include <string>
 

@@ -19,6 +19,8 @@ public:
     bool wantsKey(platform::Event const&) override { return false; }
     bool needsEvenFrames() override { return false; }
     void playerDidLeave() override {}
+    std::u16string keyFor(platform::Control) override { return {}; }
+    std::optional<platform::Point> clickPlace(int) override { return std::nullopt; }
     bool acceptsFirstResponder() override { return false; }
     bool becomeFirstResponder() override { return false; }
     bool resignFirstResponder() override { return true; }

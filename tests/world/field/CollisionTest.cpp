@@ -66,10 +66,13 @@ TEST_F(CollisionTest, NearestOfSeveralHitsIsReportedOnTheWayBackToo)
     EXPECT_THAT(m_point, IsNear(6.3F, 4.0F, 4.0F, 1e-5F));
 }
 
-// A line that passes all asteroids but the one at (4, 0, 0).
-TEST_F(CollisionTest, AscendingPathIsSearchedBeyondItsEnds)
+// Asteroids and ship touch at 1.1 here, and cells are searched 0.9 beside the path: it runs at y = -1.05, and
+// the field begins at 0.
+TEST_F(CollisionTest, AscendingPathIsSearchedBesideItAsFarAsTheGreatestAsteroidReaches)
 {
-    EXPECT_TRUE(Collides({3.5F, -0.15F, -0.15F}, {6.5F, 0.75F, 0.75F}));
+    m_world = test::FullWorld(1.0F);
+    EXPECT_TRUE(Collides({-3.0F, -1.05F, 0.0F}, {3.0F, -1.05F, 0.0F}));
+    EXPECT_THAT(m_point, IsNear(-0.3279F, -1.05F, 0.0F, 1e-3F));
 }
 
 // From 6.5 down to 4 the range is floor(6.4) = 6 to ceil(4.1) = 5, swapped: the asteroid at 4, right on the
@@ -87,6 +90,8 @@ TEST_F(CollisionTest, AsteroidIsFoundInEveryRepetitionOfItsCell)
     EXPECT_THAT(m_point, IsNear(47.7F, 32.0F, 32.0F, 1e-4F));
     EXPECT_TRUE(Collides({15.5F, 0.0F, 0.0F}, {16.5F, 0.0F, 0.0F}));
     EXPECT_THAT(m_point, IsNear(15.7F, 0.0F, 0.0F, 1e-5F));
+    EXPECT_THAT(m_world->RoidAtCell(16, 0, 0)->GetPosition(), test::IsExactly(0.0F, 0.0F, 0.0F))
+        << "a question moves nothing";
 }
 
 TEST_F(CollisionTest, PathOutOfAnAsteroidHitsAtItsFarSide)

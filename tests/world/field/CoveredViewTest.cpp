@@ -107,6 +107,15 @@ TEST_F(CoveredViewTest, BallCutByTheNearPlaneCoversNothing)
     EXPECT_TRUE(m_view.IsHidden({0.0F, 0.0F, 10.0F, 0.6F}));
 }
 
+// The tangents touch the covering ball 49 units from the eye. There a depth buffer of 16 bits has steps of
+// three eighths of a unit.
+TEST_F(CoveredViewTest, BallThatACoarseDepthBufferMayShowIsNotHidden)
+{
+    Cover({0.0F, 0.0F, 50.0F, 10.0F});
+    EXPECT_FALSE(m_view.IsHidden({0.0F, 0.0F, 49.5F, 0.1F}));
+    EXPECT_TRUE(m_view.IsHidden({0.0F, 0.0F, 51.0F, 0.1F}));
+}
+
 TEST_F(CoveredViewTest, BallCutByTheFarPlaneCoversNothing)
 {
     Cover({0.0F, 0.0F, 99.0F, 20.0F});

@@ -7,6 +7,7 @@
 #include "support/gl/RecordingGL.h"
 #include "support/MenuProbe.h"
 #include "support/Stage.h"
+#include "support/TestSettings.h"
 #include "support/Worlds.h"
 #include "ui/Overlay.h"
 #include "world/Camera.h"
@@ -108,6 +109,20 @@ TEST_F(CockpitTest, DrawsItsInstrumentsInOrder)
     EXPECT_THAT(Instruments(), testing::ElementsAreArray(expected));
 }
 
+// Its head, and its shaft.
+TEST_F(CockpitTest, ArrowIsGreenAndPointsUpTheDial)
+{
+    Instruments();
+    constexpr float kPlaces[7][2] = {{0.3F, 0.1F},  {0.0F, 0.45F}, {-0.3F, 0.1F}, {-0.1F, -0.3F},
+                                     {0.1F, -0.3F}, {0.1F, 0.1F},  {-0.1F, 0.1F}};
+    std::vector<recording::Corner> arrow;
+    for (auto const& [x, y] : kPlaces)
+    {
+        arrow.push_back({{x, y, 0.0F}, {0.0F, 1.0F, 0.5F}});
+    }
+    EXPECT_THAT(recording::corners(), testing::ElementsAreArray(arrow));
+}
+
 TEST_F(CockpitTest, ThrottleOfZeroShowsTheFrameOnly)
 {
     std::vector<Call> const calls = Instruments();
@@ -206,7 +221,10 @@ TEST_F(CockpitTest, LeavesDepthTestAndMatrixModeAsTheyWereAndTheRestOn)
         recording::setEnabled(GL_DEPTH_TEST, tested);
         recording::setEnabled(GL_LIGHTING, false);
         recording::setEnabled(GL_CULL_FACE, false);
-        Instruments();
+        recording::setInteger(GL_MATRIX_MODE, GL_TEXTURE);
+        auto const calls = recording::during([&] { m_world->RenderCockpit(kWidth, kHeight); });
+        int const end = indexOf(calls, "glPopMatrix", indexOf(calls, "glDrawElements"));
+        EXPECT_EQ(calls[static_cast<std::size_t>(end) + 1], call("glMatrixMode", {GL_TEXTURE}));
         EXPECT_EQ(recording::isEnabled(GL_DEPTH_TEST), tested);
         EXPECT_TRUE(recording::isEnabled(GL_LIGHTING));
         EXPECT_TRUE(recording::isEnabled(GL_CULL_FACE));
@@ -224,6 +242,33 @@ TEST_F(CockpitTest, IsDrawnWithoutDepthLightAndCulling)
                             call("glDisable", {GL_LIGHTING}), call("glDisable", {GL_CULL_FACE}),
                             call("glGetIntegerv", {GL_MATRIX_MODE}), call("glMatrixMode", {GL_MODELVIEW}),
                             call("glPushMatrix"), call("glLoadIdentity")));
+}
+
+TEST_F(CockpitTest, ErrorsAreLookedForAfterTheArrowTheGeometryAndEachReadOut)
+{
+    m_world->RenderCockpit(kWidth, kHeight); // makes the texts' textures
+    auto const again = recording::during([&] { m_world->RenderCockpit(kWidth, kHeight); });
+    int const arrow = indexOf(again, call("glDisableClientState", {GL_VERTEX_ARRAY})) + 1;
+    int const geometry = indexOf(again, call("glEnable", {GL_CULL_FACE})) + 1;
+    std::vector<int> const& checks = recording::errorChecks();
+    ASSERT_EQ(checks.size(), 5U);
+    EXPECT_EQ(checks[0], arrow);
+    EXPECT_EQ(checks[1], geometry);
+    EXPECT_EQ(checks[4], static_cast<int>(again.size()));
+}
+
+TEST_F(CockpitTest, ReadOutsTakeFontAndSizesFromTheSettings)
+{
+    GameSettings::SetStringParam(setting::kCockpitTimerFontName, "Times");
+    test::ScopedSetting const clockSize(setting::kCockpitTimerFontSize, 31);
+    test::ScopedSetting const otherSize(setting::kCockpitWayptFontSize, 17);
+    Cockpit const cockpit;
+    GameSettings::SetStringParam(setting::kCockpitTimerFontName, "Courier");
+    EXPECT_EQ(probe::FontOf(cockpit.GetClock()), "Times");
+    EXPECT_EQ(probe::FontSizeOf(cockpit.GetClock()), 31.0F);
+    EXPECT_EQ(probe::FontOf(cockpit.GetCounter()), "Times");
+    EXPECT_EQ(probe::FontSizeOf(cockpit.GetCounter()), 17.0F);
+    EXPECT_EQ(probe::FontSizeOf(cockpit.GetDistance()), 17.0F);
 }
 
 TEST_F(CockpitTest, ReadOutsHaveTheirFontsAndColours)

@@ -96,6 +96,12 @@ TEST_F(SceneTest, ClearsAndSetsTheViewBeforeAllElse)
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
 }
 
+TEST_F(SceneTest, OnADenseDisplayTheViewportHasTheDisplaysPixels)
+{
+    recording::setDisplayScale(2);
+    EXPECT_GE(indexOf(Drawing(*m_world, 1280, 720), call("glViewport", {0, 0, 2560, 1440})), 0);
+}
+
 TEST_F(SceneTest, StepsComeInTheirOrder)
 {
     auto const full = test::FullWorld(0.2F);
@@ -145,10 +151,12 @@ TEST_F(SceneTest, FogFollowsItsSettings)
 {
     test::ScopedSetting const start(setting::kFogStart, 5.0F);
     test::ScopedSetting const high(setting::kFogEndHigh, 80.0F);
+    test::ScopedSetting const low(setting::kFogEndLow, 30.0F);
     auto const world = test::EmptyWorld();
     std::vector<Call> const calls = Drawing(*world);
     EXPECT_EQ(FogParameter(calls, GL_FOG_START), 5.0);
     EXPECT_EQ(FogParameter(calls, GL_FOG_END), 80.0);
+    EXPECT_EQ(world->PointToFrustumDepth({60.0F, 60.0F, 60.0F}), 30.0F);
 }
 
 // From 10 to 50: halfway is 30.
@@ -224,6 +232,23 @@ TEST_F(SceneTest, FrameRateIsShownOnlyWhenTheSettingAsks)
     EXPECT_EQ(probe::FontOf(*scene.GetFrameRate()), "Helvetica");
     EXPECT_EQ(probe::FontSizeOf(*scene.GetFrameRate()), 12.0F);
     EXPECT_EQ(probe::BoxOf(*scene.GetFrameRate()), (probe::Box{30, 30, 0, 0}));
+}
+
+TEST_F(SceneTest, AnyNumberButZeroAsksForTheFrameRate)
+{
+    test::ScopedSetting const half(setting::kShowFps, 0.5F);
+    EXPECT_TRUE(Scene().GetFrameRate());
+}
+
+TEST_F(SceneTest, FrameRateTakesItsFontFromTheSettings)
+{
+    test::ScopedSetting const shown(setting::kShowFps, 1);
+    test::ScopedSetting const size(setting::kFpsFontSize, 19);
+    GameSettings::SetStringParam(setting::kFpsFontName, "Times");
+    Scene const scene;
+    GameSettings::SetStringParam(setting::kFpsFontName, "Helvetica");
+    EXPECT_EQ(probe::FontOf(*scene.GetFrameRate()), "Times");
+    EXPECT_EQ(probe::FontSizeOf(*scene.GetFrameRate()), 19.0F);
 }
 
 TEST_F(SceneTest, FrameRateIsWrittenWithSixDecimals)

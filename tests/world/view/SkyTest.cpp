@@ -84,6 +84,7 @@ TEST_F(SkyTest, SkyIsACubeWithTheSamePictureOnEverySide)
         expected.push_back(last);
     }
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
+    EXPECT_THAT(recording::errorChecks(), testing::ElementsAre(6, static_cast<int>(calls.size())));
 }
 
 // Facing +x after a quarter turn to the right: the inverse rotation takes x to -z, which is its matrix's

@@ -32,10 +32,10 @@ struct Event
     // other events. Keys without a character have the codes of KeyCodes.h.
     std::u16string charactersIgnoringModifiers;
 
-    // Pixels of the drawable, origin at the bottom left, y upwards.
+    // The game's pixels, origin at the bottom left, y upwards.
     Point locationInWindow;
 
-    // The pointer's last movement in pixels, y downwards.
+    // The pointer's last movement in the game's pixels, y downwards.
     int mouseDeltaX = 0;
     int mouseDeltaY = 0;
 

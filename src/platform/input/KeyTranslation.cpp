@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
-#include "platform/window/KeyTranslation.h"
+#include "platform/input/KeyTranslation.h"
 
 #include "platform/base/Encoding.h"
-#include "platform/window/KeyCodes.h"
+#include "platform/input/KeyCodes.h"
 
 #include <glib.h>
 
