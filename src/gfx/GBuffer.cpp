@@ -22,23 +22,31 @@ bool GBuffer::CreateImageBuffer(platform::Size size, int bitDepth)
         QTUtilLog("buffer malloc failed");
         return false;
     }
-    auto const width = static_cast<int>(size.width);
-    auto const height = static_cast<int>(size.height);
-    if (!platform::CanDrawInto({m_pixels.get(), width, height, bitDepth}))
+    m_isTarget =
+        CanBeTarget({m_pixels.get(), static_cast<int>(size.width), static_cast<int>(size.height), bitDepth});
+    if (m_isTarget)
+    {
+        m_width = size.width;
+        m_height = size.height;
+        m_bitDepth = bitDepth;
+    }
+    return m_isTarget;
+}
+
+// Logs why not.
+bool GBuffer::CanBeTarget(platform::PixelBuffer const& memory) const
+{
+    if (!platform::CanDrawInto(memory))
     {
         platform::LogFormat("NewGWorld failed %d, %1.f x %1.f", m_bitDepth, static_cast<double>(m_width),
                             static_cast<double>(m_height));
         return false;
     }
-    if (width < 1 || height < 1)
+    if (memory.width < 1 || memory.height < 1)
     {
         QTUtilLog("GetGWorldPixMap");
         return false;
     }
-    m_isTarget = true;
-    m_width = size.width;
-    m_height = size.height;
-    m_bitDepth = bitDepth;
     return true;
 }
 

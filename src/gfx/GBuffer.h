@@ -53,6 +53,8 @@ protected:
     }
 
 private:
+    bool CanBeTarget(platform::PixelBuffer const& memory) const;
+
     struct Free
     {
         void operator()(void* memory) const { std::free(memory); }

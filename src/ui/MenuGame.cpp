@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -193,8 +194,8 @@ void MenuEndGame::RankTime(int seconds)
     {
         return;
     }
-    std::move_backward(place, times.end() - 1, times.end());
-    *place = seconds;
+    // The times from there on move down by one, and the last is dropped.
+    std::for_each(place, times.end(), [&seconds](int& time) { std::swap(time, seconds); });
     StoreTimes(times);
     SetItem(1, (localizedString("Your time is ranked: ") + RankWord(place - times.begin())).c_str());
 }

@@ -2,13 +2,14 @@
 # SPDX-License-Identifier: MIT
 """A Debian system in a folder, with only the packages that every Debian has, and a player who uses it.
 
-The trials in this folder need root, debootstrap and a Debian mirror, and run for many minutes.
-QUARROW_BARE_ROOT names a finished root to copy; else debootstrap makes one.
+The trials in this folder need root, debootstrap and a Debian mirror, and run for many minutes. A finished root in the
+folder QUARROW_BARE_ROOTS, by the name of its release, is copied; else debootstrap makes one.
 """
 
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -17,13 +18,17 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "scenarios"))
 
 from game_window import Display, Game, wait_until  # noqa: E402
 
-__all__ = ["BareRoot", "Display", "Game", "play_a_race", "wait_until"]
+__all__ = ["BareRoot", "Display", "Game", "NoSystem", "play_a_race", "wait_until"]
 
+CHECKOUT = pathlib.Path(__file__).parents[2]
 MIRROR = "http://deb.debian.org/debian"
+RELEASES = ("bookworm", "trixie", "sid")
 
-# Enters the system with its own mounts and processes, all of which end with the command.
+# A command in it has its own mounts and processes, all of which end with the command.
+APART = ["unshare", "--mount", "--pid", "--fork", "--kill-child"]
 ENTER = """
 root=$1; shift
+mkdir -p -m 1777 /tmp/.X11-unix
 mount --bind "$root" "$root"
 mount -t proc proc "$root/proc"
 mount --rbind /dev "$root/dev"
@@ -33,41 +38,80 @@ exec chroot "$root" "$@"
 """
 
 
+class NoSystem(Exception):
+    """There is no such system to be had. Its text is one line."""
+
+
 class BareRoot:
-    def __init__(self):
+    """In a folder of its own, which goes at the end of the with statement."""
+
+    def __init__(self, release):
+        """release: its name. Throws NoSystem."""
+        if release not in RELEASES:
+            raise NoSystem(f"'{release}' is no release that is tried: {', '.join(RELEASES)}")
+        if os.geteuid() != 0:
+            raise NoSystem("a bare system needs root")
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
         self._folder = tempfile.mkdtemp(prefix="quarrow-root-")
         self.path = pathlib.Path(self._folder, "root")
-        finished = os.environ.get("QUARROW_BARE_ROOT")
-        if finished:
-            subprocess.run(["cp", "-a", finished, self.path], check=True)
-        else:
-            subprocess.run(["debootstrap", "--variant=minbase", "--include=ca-certificates", "bookworm", self.path,
-                            MIRROR], check=True, stdout=subprocess.DEVNULL)
-        shutil.copy("/etc/resolv.conf", self.path / "etc" / "resolv.conf")
-        # Services are not started, and the player is the first user of the system.
-        (self.path / "usr" / "sbin" / "policy-rc.d").write_text("#!/bin/sh\nexit 101\n")
-        (self.path / "usr" / "sbin" / "policy-rc.d").chmod(0o755)
-        self.run("useradd", "--create-home", "--uid", "1000", "player")
+        try:
+            self._make(release)
+            shutil.copy("/etc/resolv.conf", self.path / "etc" / "resolv.conf")
+            # The mirror may lag behind the archive: its lists are then older than they say they may be.
+            (self.path / "etc" / "apt" / "apt.conf.d" / "90mirror").write_text('Acquire::Check-Valid-Until "false";\n')
+            # Services are not started, and the player is the first user of the system.
+            (self.path / "usr" / "sbin" / "policy-rc.d").write_text("#!/bin/sh\nexit 101\n")
+            (self.path / "usr" / "sbin" / "policy-rc.d").chmod(0o755)
+            self.run("useradd", "--create-home", "--uid", "1000", "player")
+        except BaseException:
+            self.__exit__()
+            raise
 
-    def close(self):
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
         shutil.rmtree(self._folder, ignore_errors=True)
 
-    def _command(self, *arguments):
-        return ["unshare", "--mount", "--pid", "--fork", "--kill-child", "sh", "-ec", ENTER, "sh", str(self.path),
-                *map(str, arguments)]
+    def _make(self, release):
+        finished = pathlib.Path(os.environ.get("QUARROW_BARE_ROOTS", "/nonexistent"), release)
+        if finished.is_dir():
+            subprocess.run(["cp", "-a", finished, self.path], check=True)
+            return
+        if not shutil.which("debootstrap"):
+            raise NoSystem("debootstrap is missing: scripts/install-packages trial")
+        made = subprocess.run([*APART, "debootstrap", "--variant=minbase", "--include=ca-certificates", release,
+                               self.path, MIRROR], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        if made.returncode != 0:
+            raise NoSystem(f"debootstrap made no {release}: {(made.stdout.strip().splitlines() or ['no word why'])[-1]}")
 
-    def run(self, *arguments):
-        """Runs a command as root in the system; its output."""
+    def _command(self, *arguments):
+        return [*APART, "sh", "-ec", ENTER, "sh", str(self.path), *map(str, arguments)]
+
+    def run(self, *arguments, show=False):
+        """Runs a command as root in the system; its output, unless that is shown as it comes."""
         environment = {"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "HOME": "/root", "DEBIAN_FRONTEND": "noninteractive",
                        "LC_ALL": "C.UTF-8"}
-        done = subprocess.run(self._command(*arguments), env=environment, stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT, text=True)
+        done = subprocess.run(self._command(*arguments), env=environment,
+                              stdout=None if show else subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         if done.returncode != 0:
-            raise AssertionError(f"{arguments} failed:\n{done.stdout}")
+            raise AssertionError(f"{arguments} failed:\n{done.stdout or ''}")
         return done.stdout
 
     def apt(self, *arguments):
         return self.run("apt-get", "-q", "-y", "--no-install-recommends", *arguments)
+
+    def bring_checkout(self):
+        """A clone of this checkout, in /root/quarrow."""
+        subprocess.run(["git", "clone", "--quiet", f"file://{CHECKOUT}", self.path / "root" / "quarrow"], check=True)
+
+    def bring_archive(self):
+        """The release of the last commit, unpacked in /root/quarrow."""
+        release = self.path / "root" / "release"
+        subprocess.run([CHECKOUT / "packaging" / "make-release", release], check=True)
+        archive, = release.glob("*.tar.gz")
+        (self.path / "root" / "quarrow").mkdir()
+        subprocess.run(["tar", "-xf", archive, "-C", self.path / "root" / "quarrow", "--strip-components=1"], check=True)
 
     def starter(self, command, user):
         """A script outside the system that runs a command of the system in the caller's display."""

@@ -9,6 +9,8 @@
 #include "common/Random.h"
 #include "images/SpaceNoise.h"
 
+#include <algorithm>
+
 namespace maker
 {
 

@@ -6,6 +6,8 @@
 
 #include "common/Maths.h"
 
+#include <algorithm>
+
 namespace maker
 {
 

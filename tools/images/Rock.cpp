@@ -8,6 +8,8 @@
 #include "common/Maths.h"
 #include "images/SpaceNoise.h"
 
+#include <algorithm>
+
 namespace maker
 {
 

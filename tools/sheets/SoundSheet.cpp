@@ -10,6 +10,7 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace maker

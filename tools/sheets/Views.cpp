@@ -6,6 +6,7 @@
 
 #include "common/Maths.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 

@@ -6,6 +6,8 @@
 
 #include "synth/Units.h"
 
+#include <algorithm>
+
 namespace maker
 {
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// Tells when a movie's time reaches a value while it plays: once for each callMeWhen(), inside moviesTask().
+// Tells when a movie's time reaches a value while it plays: once for each callMeWhen(), inside a call of the
+// movie.
 #pragma once
 
 #include <cstdint>

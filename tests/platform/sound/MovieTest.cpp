@@ -85,13 +85,6 @@ protected:
     Loopback m_loopback;
 };
 
-// The first sample that differs, -1 for none: a mismatch of a hundred thousand numbers is no help.
-std::ptrdiff_t FirstDifference(Samples const& left, Samples const& right)
-{
-    auto const [a, b] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
-    return a == left.end() && b == right.end() ? -1 : (a - left.begin()) / 2;
-}
-
 int LargestDifference(Samples const& left, Samples const& right)
 {
     return std::transform_reduce(
@@ -153,7 +146,8 @@ TEST_F(MovieTest, StopsAtItsEndWithItsLastSamplesHeard)
 {
     Samples const samples = StereoRamp(5000);
     auto const movie = play(samples);
-    EXPECT_EQ(FirstDifference(hear(*movie, 6000), samples + Samples(2000, 0)), -1);
+    EXPECT_EQ(FirstDifference(hear(*movie, 5000), samples), -1);
+    EXPECT_THAT(AfterFade(hear(*movie, 1000)), Each(0));
     EXPECT_EQ(movie->rate(), 0);
     EXPECT_EQ(movie->time(), 5000);
 }
@@ -305,7 +299,7 @@ TEST_F(MovieTest, StopAndStartLoseAndRepeatNoSample)
     Samples heard = hear(*movie, 5000);
     m_loopback.render(0);
     movie->stop();
-    EXPECT_THAT(hear(*movie, 3000), Each(0));
+    EXPECT_THAT(AfterFade(hear(*movie, 3000)), Each(0));
     movie->start();
     heard = heard + hear(*movie, 5000);
     EXPECT_EQ(FirstDifference(heard, Part(samples, 0, 10000)), -1);
@@ -326,7 +320,7 @@ TEST_F(MovieTest, JumpIsHeardAtOnce)
     auto const movie = play(samples);
     hear(*movie, 5000);
     movie->setTimeValue(20000);
-    EXPECT_EQ(FirstDifference(hear(*movie, 5000), Part(samples, 20000, 25000)), -1);
+    EXPECT_EQ(FirstDifference(AfterFade(hear(*movie, 5000)), Part(samples, 20000 + kFade, 25000)), -1);
 }
 
 TEST_F(MovieTest, StarvedMovieGoesOnWhereItStopped)
@@ -334,10 +328,10 @@ TEST_F(MovieTest, StarvedMovieGoesOnWhereItStopped)
     Samples const samples = StereoRamp(200000);
     auto const movie = play(samples);
     Samples const heard = m_loopback.render(100000); // no task for two seconds
-    auto const firstSilence = std::find(heard.begin(), heard.end(), 0);
-    auto const starvedAt = (firstSilence - heard.begin()) / 2;
-    ASSERT_LT(starvedAt, 100000);
-    EXPECT_THAT(Samples(firstSilence, heard.end()), Each(0));
+    auto const starvedAt = static_cast<int>(FirstDifference(heard, Part(samples, 0, 100000)));
+    ASSERT_GT(starvedAt, 0);
+    // Newer versions of OpenAL hold the last sample until they mix again, which they do for 1024 at once.
+    EXPECT_THAT(AfterFade(Part(heard, starvedAt + 1024, 100000)), Each(0));
     EXPECT_EQ(FirstDifference(hear(*movie, 20000), Part(samples, starvedAt, starvedAt + 20000)), -1);
     EXPECT_EQ(movie->time(), starvedAt + 20000);
 }
@@ -459,7 +453,7 @@ TEST_F(MovieTest, CallBackInTheMiddleMayJump)
     movie->start();
     hear(*movie, 5 * kFrame);
     EXPECT_EQ(movie->time(), 30000);
-    EXPECT_EQ(FirstDifference(hear(*movie, 1000), Part(samples, 30000, 31000)), -1);
+    EXPECT_EQ(FirstDifference(AfterFade(hear(*movie, 1000)), Part(samples, 30000 + kFade, 31000)), -1);
 }
 
 TEST_F(MovieTest, InactiveMovieStandsStill)
@@ -467,7 +461,7 @@ TEST_F(MovieTest, InactiveMovieStandsStill)
     auto const movie = play(StereoRamp(44100));
     hear(*movie, 2000);
     movie->setActive(false);
-    EXPECT_THAT(hear(*movie, 2000), Each(0));
+    EXPECT_THAT(AfterFade(hear(*movie, 2000)), Each(0));
     EXPECT_EQ(movie->time(), 2000);
     movie->setActive(true);
     hear(*movie, 1000);

@@ -27,6 +27,7 @@ namespace testmedia
 using Samples = std::vector<std::int16_t>; // interleaved
 
 constexpr int kFrame = 735; // samples in a sixtieth of a second
+constexpr int kFade = 441;  // and in ten milliseconds
 
 // A folder of its own for each user, gone afterwards.
 class Folder
@@ -127,6 +128,20 @@ inline Samples operator+(Samples left, Samples const& right)
 {
     left.insert(left.end(), right.begin(), right.end());
     return left;
+}
+
+// The first sample that differs, -1 for none: a mismatch of a hundred thousand numbers is no help.
+inline std::ptrdiff_t FirstDifference(Samples const& left, Samples const& right)
+{
+    auto const [a, b] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+    return a == left.end() && b == right.end() ? -1 : (a - left.begin()) / 2;
+}
+
+// What is heard from 10 ms after a stop or a jump: OpenAL 1.24 fades out over 64 samples what was heard
+// before.
+inline Samples AfterFade(Samples const& heard)
+{
+    return {heard.begin() + 2 * kFade, heard.end()};
 }
 
 // With the encoder's delay and padding, and the header that holds their lengths.
