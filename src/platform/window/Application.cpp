@@ -118,11 +118,7 @@ bool Application::makeWindow()
         return false;
     }
     m_window->setTitle(m_interface.windowTitle + " " QUARROW_VERSION);
-    if (!m_window->setContentView(m_view.get()))
-    {
-        return false;
-    }
-    return true;
+    return m_window->setContentView(m_view.get());
 }
 
 void Application::run()
