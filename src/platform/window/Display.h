@@ -36,9 +36,9 @@ RawWindow MakeFullScreenRawWindow(SDL_Rect const& screen);
 // The display's pixels that a window has.
 struct WindowPixels
 {
-    Size size;     // at least one each way
-    float perUnit; // for each unit in which the desktop places and sizes windows
-    int scale;     // for each of the game's pixels, in both directions: the desktop's scale, rounded
+    Size size;            // at least one each way
+    float perUnit = 1.0F; // for each unit in which the desktop places and sizes windows
+    int scale = 1;        // for each of the game's pixels, in both directions: the desktop's scale, rounded
 };
 WindowPixels PixelsOf(SDL_Window* window);
 
