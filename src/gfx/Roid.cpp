@@ -187,11 +187,16 @@ bool Roid::Render(TQ3Vector3D const& position, Frustum const& frustum)
     {
         return false;
     }
+    Draw(position, m_sizeClass, *level);
+    return true;
+}
+
+void Roid::Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail)
+{
     glPushMatrix();
     glTranslated(position.x, position.y, position.z);
-    glCallList(static_cast<GLuint>(m_ahroid[m_sizeClass][*level]));
+    glCallList(static_cast<GLuint>(m_ahroid[sizeClass][levelOfDetail]));
     glPopMatrix();
-    return true;
 }
 
 bool Roid::ComputePathIntersection(TQ3Vector3D const& start, TQ3Vector3D const& end, float radius,

@@ -70,6 +70,9 @@ public:
         return distanceSquared >= m_lodDistFar ? 2 : distanceSquared >= m_lodDistMedium ? 1 : 0;
     }
 
+    // What Render() draws.
+    static void Draw(TQ3Vector3D const& position, int sizeClass, int levelOfDetail);
+
     // True when a sphere of that radius, travelling from start in the direction of end, touches the asteroid:
     // then hitPoint is the sphere's centre as it enters (from inside: as it leaves), hitDistance how far it
     // has come. A touch beyond the end is reported too.

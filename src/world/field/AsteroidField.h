@@ -50,9 +50,6 @@ public:
         }
     }
 
-    // The same asteroid, to be drawn, which moves it.
-    Roid& ToDraw(Roid const& roid) { return m_roids[static_cast<std::size_t>(&roid - m_roids.data())]; }
-
     float GetGreatestRadius() const { return m_greatestRadius; } // that any asteroid can have
 
 private:

@@ -56,23 +56,22 @@ void FieldView::Collect(AsteroidField const& field, Frustum const& frustum)
             float last = lastZ;
             frustum.NarrowToView(place.x, place.y, &first, &last);
             field.ForEachIn(x, y, CeilToInt(first), FloorToInt(last),
-                            [&](int z, int sizeClass, Roid const& roid)
+                            [&](int z, int sizeClass, Roid const&)
                             {
                                 place.z = static_cast<float>(z);
-                                AddIfInView(place, sizeClass, roid, frustum);
+                                AddIfInView(place, sizeClass, frustum);
                             });
         }
     }
 }
 
 // The size class is handed in: reading it from the asteroid is slow.
-inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Roid const& roid,
-                                   Frustum const& frustum)
+inline void FieldView::AddIfInView(TQ3Vector3D const& place, int sizeClass, Frustum const& frustum)
 {
     if (auto const level = Roid::LevelInView(place, frustum))
     {
-        m_rocks.push_back({place, m_covered.Seen(place, Roid::GetMeshes().radius[sizeClass]), &roid,
-                           static_cast<std::uint8_t>(*level), false});
+        m_rocks.push_back({place, m_covered.Seen(place, Roid::GetMeshes().radius[sizeClass]),
+                           static_cast<std::uint8_t>(sizeClass), static_cast<std::uint8_t>(*level), false});
     }
 }
 

@@ -13,7 +13,6 @@
 
 class AsteroidField;
 class Frustum;
-class Roid;
 
 class FieldView
 {
@@ -22,7 +21,7 @@ public:
     {
         TQ3Vector3D place; // the cell
         CoveredView::Ball seen{};
-        Roid const* roid = nullptr;
+        std::uint8_t sizeClass = 0;
         std::uint8_t levelOfDetail = 0;
         bool isShown = false;
     };
@@ -34,7 +33,7 @@ public:
 
 private:
     void Collect(AsteroidField const& field, Frustum const& frustum);
-    void AddIfInView(TQ3Vector3D const& place, int sizeClass, Roid const& roid, Frustum const& frustum);
+    void AddIfInView(TQ3Vector3D const& place, int sizeClass, Frustum const& frustum);
     void SortNearestFirst();
     void MarkShown();
 

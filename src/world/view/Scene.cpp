@@ -10,7 +10,6 @@
 #include "platform/window/GLContext.h"
 #include "settings/GameSettings.h"
 #include "world/Camera.h"
-#include "world/field/AsteroidField.h"
 #include "world/Waypoint.h"
 
 #include <algorithm>
@@ -132,7 +131,8 @@ float Scene::FogEndAt(TQ3Vector3D const& p) const
     return m_fogEndHigh - (m_fogEndHigh - m_fogEndLow) * (depth / kClosedInDepth);
 }
 
-void Scene::Render(AsteroidField& field, Camera const& ship, Waypoint const& marker, int width, int height)
+void Scene::Render(AsteroidField const& field, Camera const& ship, Waypoint const& marker, int width,
+                   int height)
 {
     BeginScene(ship, width, height);
     PlaceLight(ship);
@@ -158,14 +158,15 @@ void Scene::BeginFog(float fogEnd) const
     glEnable(GL_FOG);
 }
 
-void Scene::RenderField(AsteroidField& field, Eye const& eye, Frustum const& frustum, int width, int height)
+void Scene::RenderField(AsteroidField const& field, Eye const& eye, Frustum const& frustum, int width,
+                        int height)
 {
     Roid::RenderStart();
     for (FieldView::Rock const& rock : m_fieldView.Choose(field, frustum, eye, width, height))
     {
         if (rock.isShown)
         {
-            field.ToDraw(*rock.roid).Render(rock.place, frustum);
+            Roid::Draw(rock.place, rock.sizeClass, rock.levelOfDetail);
         }
     }
     Roid::RenderEnd();

@@ -30,7 +30,8 @@ public:
     float FogEndAt(TQ3Vector3D const& p) const;
 
     // Sizes in pixels.
-    void Render(AsteroidField& field, Camera const& ship, Waypoint const& marker, int width, int height);
+    void Render(AsteroidField const& field, Camera const& ship, Waypoint const& marker, int width,
+                int height);
     void RenderSkyBox() const;
     void RenderFrameRate(float fps, int width, int height);
 
@@ -39,7 +40,8 @@ public:
 
 private:
     void BeginFog(float fogEnd) const;
-    void RenderField(AsteroidField& field, Eye const& eye, Frustum const& frustum, int width, int height);
+    void RenderField(AsteroidField const& field, Eye const& eye, Frustum const& frustum, int width,
+                     int height);
     void RenderSkyBehind(Camera const& ship) const;
 
     unsigned long m_skyTexture = 0;
