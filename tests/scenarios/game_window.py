@@ -92,6 +92,9 @@ class Display:
         """The largest window that can be seen."""
         return wait_until(self.x.titled_windows, "a visible window")[-1]
 
+    def shows(self, window):
+        return any(shown.identifier == window for shown in self.x.titled_windows())
+
     def resize_window(self, width, height):
         """Moves the largest visible window to the corner and gives it that size."""
         self.x.place(self.window().identifier, 0, 0, width, height)
@@ -143,6 +146,20 @@ USUAL = re.compile(r"quarrow: (Set current context\.\.\.|(end )?awakeFromNib|Win
 WHITE = (range(241, 256),) * 3
 LIGHT = (range(151, 256),) * 3  # text in its normal grey (0.7) or brighter
 THRUST = (range(201, 256), range(31, 80), range(31, 80))  # the throttle's bar
+
+
+# What wait_for_items() takes.
+MAIN_MENU = {"present": range(5), "absent": [5, 6]}
+PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
+
+MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
+
+
+# What wait_for_items() takes.
+MAIN_MENU = {"present": range(5), "absent": [5, 6]}
+PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
+
+MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
 
 
 class Game:
@@ -305,6 +322,20 @@ class Game:
         box = (left + width // 2 - 5 * size // 2, top + height - 9 * size // 8, 5 * size // 2, size)
         return self.picture().count(box, THRUST)
 
+    def raise_throttle(self):
+        """A step by a key, another by the wheel."""
+        self.key("w")
+        one_step = wait_until(self.throttle_pixels, "the throttle bar to grow by a key")
+        self.turn_wheel(up=True)
+        wait_until(lambda: self.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+
+    def raise_throttle(self):
+        """A step by a key, another by the wheel."""
+        self.key("w")
+        one_step = wait_until(self.throttle_pixels, "the throttle bar to grow by a key")
+        self.turn_wheel(up=True)
+        wait_until(lambda: self.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+
     def wait_for_items(self, present, absent=()):
         """Waits for a menu that has the items present and none of the items absent."""
         wait_until(lambda: all(self.text_pixels(i) > 40 for i in present) and
@@ -348,6 +379,16 @@ class Scenario(unittest.TestCase):
         self.addCleanup(manager.wait)
         self.addCleanup(manager.terminate)
         wait_until(display.x.has_window_manager, "the window manager")
+
+    def wait_for_focus(self, display):
+        wait_until(lambda: display.x.focused() == display.window().identifier, "the keyboard's focus")
+
+    def minimise(self, display):
+        """Returns the window, which is no longer to be seen."""
+        window = display.window().identifier
+        display.x.minimise(window)
+        wait_until(lambda: not display.shows(window), "a minimised window")
+        return window
 
     def write_settings(self, text):
         """text: a line for each key."""

@@ -145,10 +145,7 @@ class DenseDisplayScenario(Scenario):
         top_of_clock = game.on_display(1920 * 5 // 9, 1080 * 9 // 10, 40, 1)
         wait_until(lambda: game.picture().count(top_of_clock, LIGHT) == 40 * 4, "the frame of the clock")
         self.assertEqual(game.throttle_pixels(), 0)
-        game.key("w")
-        one_step = wait_until(game.throttle_pixels, "the throttle bar to grow by a key")
-        game.turn_wheel(up=True)
-        wait_until(lambda: game.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+        game.raise_throttle()
         game.key("Escape")
         game.wait_for_items(present=[0, 1], absent=[2, 3])
 

@@ -6,13 +6,8 @@ import os
 import subprocess
 import unittest
 
-from game_window import Game, Scenario, wait_until
+from game_window import MAIN_MENU, MOST_WORK, PAUSE_MENU, Game, Scenario, wait_until
 from test_race import RACE_LIMIT, SETTINGS
-
-MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
-
-MAIN_MENU = {"present": range(5), "absent": [5, 6]}
-PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
 
 
 class GamepadScenario(Scenario):
@@ -25,7 +20,7 @@ class GamepadScenario(Scenario):
         self.addCleanup(self.game.__exit__)
         self.addCleanup(self.game.process.stdin.close)
         self.game.wait_for_items(**MAIN_MENU)
-        wait_until(lambda: self.display.x.focused() == self.display.window().identifier, "the keyboard's focus")
+        self.wait_for_focus(self.display)
         self.display.x.move(0, 0)
         self.pad("plug")
 
@@ -113,10 +108,7 @@ class GamepadScenario(Scenario):
     def test_minimised_game_with_a_pad_rests(self):
         self.press("dpdown")
         self.expect_highlight(0)
-        minimised = self.display.window().identifier
-        self.display.x.minimise(minimised)
-        wait_until(lambda: all(shown.identifier != minimised for shown in self.display.x.titled_windows()),
-                   "a minimised window")
+        self.minimise(self.display)
         share = self.game.share_of_a_core()
         print(f"{share:.1%} of a core")
         self.assertLess(share, MOST_WORK)

@@ -6,12 +6,7 @@
 import time
 import unittest
 
-from game_window import Game, Scenario, preloaded, wait_until
-
-MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
-
-PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
-MAIN_MENU = {"present": range(5), "absent": [5, 6]}
+from game_window import MAIN_MENU, MOST_WORK, PAUSE_MENU, Game, Scenario, preloaded, wait_until
 
 
 class LeavingScenario(Scenario):
@@ -22,7 +17,7 @@ class LeavingScenario(Scenario):
         self.game = Game(self.display, self.home, environment=preloaded("FrameLog"))
         self.addCleanup(self.game.__exit__)
         self.game.wait_for_items(**MAIN_MENU)
-        wait_until(lambda: self.display.x.focused() == self.display.window().identifier, "the keyboard's focus")
+        self.wait_for_focus(self.display)
 
     def click_item(self, item):
         """Moves the pointer away afterwards, hardly beside the middle: its light arrow is in the picture."""
@@ -40,19 +35,9 @@ class LeavingScenario(Scenario):
         self.game.key("w")
         wait_until(lambda: self.game.throttle_pixels() > before, lambda: "more thrust\n" + self.game.log())
 
-    def minimise(self):
-        """Returns the window, which is no longer to be seen."""
-        window = self.display.window().identifier
-        self.display.x.minimise(window)
-        wait_until(lambda: not self.is_shown(window), "a minimised window")
-        return window
-
-    def is_shown(self, window):
-        return any(shown.identifier == window for shown in self.display.x.titled_windows())
-
     def activate(self, window):
         self.display.x.activate(window)
-        wait_until(lambda: self.is_shown(window), "the window")
+        wait_until(lambda: self.display.shows(window), "the window")
 
     def expect_to_stay(self, items):
         self.game.wait_for_items(**items)
@@ -65,7 +50,7 @@ class LeavingScenario(Scenario):
 
     def test_minimised_race_is_paused_until_the_player_goes_on(self):
         self.start_race()
-        self.activate(self.minimise())
+        self.activate(self.minimise(self.display))
         self.expect_to_stay(PAUSE_MENU)
         self.game.key("Escape")
         self.add_thrust()
@@ -93,7 +78,7 @@ class LeavingScenario(Scenario):
         return self.game.log().count("frame ")
 
     def test_minimised_window_rests(self):
-        window = self.minimise()
+        window = self.minimise(self.display)
         self.let_pass_half_a_second()
         frames = self.frames()
         share = self.game.share_of_a_core()
@@ -105,7 +90,7 @@ class LeavingScenario(Scenario):
 
     def test_menus_stay_as_they_are(self):
         self.click_item(2)
-        self.activate(self.minimise())
+        self.activate(self.minimise(self.display))
         self.display.x.show_other_window()
         self.expect_to_stay({"present": range(4), "absent": [4, 5]})
 

@@ -68,10 +68,7 @@ class MenuScenario(Scenario):
         game.wait_for_items(present=[], absent=range(5))
 
         wait_until(lambda: game.throttle_pixels() == 0, "an empty throttle bar")
-        game.key("w")
-        one_step = wait_until(game.throttle_pixels, "the throttle bar to grow by a key")
-        game.turn_wheel(up=True)
-        wait_until(lambda: game.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+        game.raise_throttle()
         game.turn_wheel(up=False)
         game.key("s")
         wait_until(lambda: game.throttle_pixels() == 0, "an empty throttle bar again")
@@ -191,14 +188,18 @@ class MenuScenario(Scenario):
         game.click_item(0)
         game.key("Up")
         game.wait_for_setting("KeyDefaultThrustUp", "\uf700")
+        self.race_from_keys(game)
+        game.key("Up")
+        wait_until(game.throttle_pixels, "thrust")
+
+    def race_from_keys(self, game):
+        """From the page of the keys into a race."""
         game.click_item(5)
         game.wait_for_items(present=range(4), absent=[4, 5])
         game.click_item(3)
         game.wait_for_items(present=range(5))
         game.click_item(0)
         game.wait_for_items(present=[], absent=range(5))
-        game.key("Up")
-        wait_until(game.throttle_pixels, "thrust")
 
     def bind(self, game, item, setting, keys, character):
         game.click_item(item)
@@ -216,12 +217,7 @@ class MenuScenario(Scenario):
         game.key("F11")  # no menu waits for it any more
         wait_until(lambda: game.window() == (0, 0, 1280, 720), "the full screen")
         self.bind(game, 1, "KeyDefaultThrustDown", ["s"], "s")
-        game.click_item(5)
-        game.wait_for_items(present=range(4), absent=[4, 5])
-        game.click_item(3)
-        game.wait_for_items(present=range(5))
-        game.click_item(0)
-        game.wait_for_items(present=[], absent=range(5))
+        self.race_from_keys(game)
         game.key("F11")
         wait_until(game.throttle_pixels, "thrust")
         self.assertEqual(game.window(), (0, 0, 1280, 720))

@@ -66,10 +66,7 @@ class WaylandScenario(unittest.TestCase):
         game.wait_for_items(present=[], absent=range(5))
 
         wait_until(lambda: game.throttle_pixels() == 0, "an empty throttle bar")
-        game.key("w")
-        one_step = wait_until(game.throttle_pixels, "the throttle bar to grow by a key")
-        game.turn_wheel(up=True)
-        wait_until(lambda: game.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
+        game.raise_throttle()
         game.key("Escape")
         game.wait_for_items(present=[0, 1], absent=[2, 3])
         self.click_item(game, 1)
