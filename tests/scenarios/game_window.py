@@ -155,13 +155,6 @@ PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
 MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
 
 
-# What wait_for_items() takes.
-MAIN_MENU = {"present": range(5), "absent": [5, 6]}
-PAUSE_MENU = {"present": [0, 1], "absent": [2, 3]}
-
-MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is meant, as other tests run beside
-
-
 class Game:
     """One run of the program. Use it in a with statement."""
 

@@ -139,8 +139,15 @@ TEST_F(PreferencesTest, CommentsOrderAndUnknownKeysSurviveASave)
     store({{"Number", 1}, {"New", 2}});
     std::string expected = before;
     expected.replace(expected.find("Number=5"), 8, "Number=1");
-    expected.insert(expected.find("[Last]"), "New=2\n\n");
-    EXPECT_EQ(text(), expected);
+    expected.insert(expected.find("\n[Last]"), "New=2\n");
+    // GLib before 2.82 writes a new key after the empty lines at the end of its group.
+    std::string const older = "7\n\nNew=2\n";
+    std::string stored = text();
+    if (std::size_t const at = stored.find(older); at != std::string::npos)
+    {
+        stored.replace(at, older.size(), "7\nNew=2\n");
+    }
+    EXPECT_EQ(stored, expected);
 }
 
 TEST_F(PreferencesTest, SynchronizeWritesOnlyWhatChanged)
