@@ -7,7 +7,6 @@
 #include "core/FixedState.h"
 #include "core/GameEvent.h"
 #include "platform/base/Clock.h"
-#include "platform/base/OpenGL.h"
 #include "platform/base/Random.h"
 #include "platform/input/Responder.h"
 #include "platform/settings/Preferences.h"
@@ -122,10 +121,9 @@ void Game::SaveBeforeRace()
 // The old world is deleted before the new one is made: the display lists that all asteroids share exist once.
 void Game::ReplaceUniverse()
 {
-    auto const oldSky = static_cast<GLuint>(m_universe->GetSkyTexture());
+    unsigned long const sky = m_universe->GetSkyTexture();
     m_universe.reset();
-    glDeleteTextures(1, &oldSky);
-    m_universe = std::make_unique<Universe>();
+    m_universe = std::make_unique<Universe>(sky);
 }
 
 void Game::ReadControlSettings()

@@ -145,7 +145,7 @@ bool QTImage::EnsureBuffer(platform::Size size, int depth)
 void QTImage::ReleaseImageData()
 {
     m_importer.reset();
-    m_data = {};
+    m_data = std::vector<std::byte>();
 }
 
 void QTImage::ReleaseImageBuffer()

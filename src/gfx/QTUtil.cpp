@@ -19,13 +19,13 @@ using DecodedImages = std::map<std::string, std::shared_ptr<QTImage const>>;
 
 struct Pictures
 {
-    DecodedImages decoded;
+    DecodedImages decoded; // and not used yet
     std::future<DecodedImages> ahead;
 };
 
 // A function-local static: it is destroyed before the libraries that its thread uses, and its destructor
 // waits for the thread.
-Pictures& ThePictures()
+Pictures& PicturesAhead()
 {
     static Pictures pictures;
     return pictures;
@@ -38,6 +38,17 @@ std::shared_ptr<QTImage const> Decode(std::string const& name)
     return isDecoded ? image : nullptr;
 }
 
+std::shared_ptr<QTImage const> TakeDecoded(std::string const& name)
+{
+    auto& [decoded, ahead] = PicturesAhead();
+    if (ahead.valid())
+    {
+        decoded = ahead.get();
+    }
+    auto const known = decoded.extract(name);
+    return known ? known.mapped() : Decode(name);
+}
+
 } // namespace
 
 int QTLoadAsTexture(unsigned long* texture, char const* name)
@@ -46,7 +57,7 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     glGenTextures(1, &generated);
     *texture = generated;
 
-    std::shared_ptr<QTImage const> const image = QTDecodedImage(name);
+    std::shared_ptr<QTImage const> const image = TakeDecoded(name);
     if (!image)
     {
         platform::LogFormat("Unable to load texture %s", name);
@@ -65,17 +76,6 @@ int QTLoadAsTexture(unsigned long* texture, char const* name)
     return 0;
 }
 
-std::shared_ptr<QTImage const> QTDecodedImage(char const* name)
-{
-    auto& [decoded, ahead] = ThePictures();
-    if (ahead.valid())
-    {
-        decoded.merge(ahead.get());
-    }
-    auto const known = decoded.find(name);
-    return known != decoded.end() ? known->second : decoded.emplace(name, Decode(name)).first->second;
-}
-
 void QTDecodeAhead(std::vector<std::string> names)
 {
     auto const decodeAll = [names = std::move(names)]
@@ -87,8 +87,8 @@ void QTDecodeAhead(std::vector<std::string> names)
         }
         return images;
     };
-    // Without another thread it is deferred: the first QTDecodedImage() then decodes them.
-    ThePictures().ahead = std::async(std::launch::async | std::launch::deferred, decodeAll);
+    // Without another thread it is deferred: the first QTLoadAsTexture() then decodes them.
+    PicturesAhead().ahead = std::async(std::launch::async | std::launch::deferred, decodeAll);
 }
 
 void QTUtilLog(char const* text)

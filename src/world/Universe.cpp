@@ -11,11 +11,12 @@
 #include <cassert>
 #include <cmath>
 
-Universe::Universe()
+Universe::Universe(unsigned long skyTexture)
     : m_camera(this),
       m_isMouseInverted(GameSettings::GetIntParam(setting::kMouseInvert) != 0),
       m_searchMargin(GameSettings::GetFloatParam(setting::kAsteroidsMaxR) - m_camera.GetRadius()),
       m_field(this),
+      m_scene(skyTexture),
       m_waypoint(this),
       m_whamSound("Wham.AIFF"),
       m_grazeSound("Graze.AIFF"),

@@ -22,7 +22,8 @@ public:
     static constexpr int kWaypointCount = Course::kWaypointCount;
 
     // Reads the settings and draws field and course from the random sequence. An OpenGL context is current.
-    Universe();
+    // skyTexture: that of the world before; 0 loads it.
+    explicit Universe(unsigned long skyTexture = 0);
 
     // One frame: simulation and clock. dt: seconds, not 0.
     void Tick(double dt);
@@ -58,7 +59,7 @@ public:
     float PointToFrustumDepth(TQ3Vector3D const& p) const { return m_scene.FogEndAt(p); }
     void InitCubeTexture() { m_scene.LoadSky(); }
 
-    // Not released with the world: delete it when the world is replaced.
+    // Not released with the world: the next one takes it.
     unsigned long GetSkyTexture() const { return m_scene.GetSkyTexture(); }
 
     void RenderEnvironmentBox() const { m_scene.RenderSkyBox(); }

@@ -222,6 +222,19 @@ TEST_F(GameTest, StartRaceFromTheMainMenuBringsANewWorld)
     EXPECT_FALSE(world().IsPaused());
 }
 
+TEST_F(GameTest, ARaceTakesTheSkyOfTheWorldBefore)
+{
+    constexpr int kSkySize = 1024;
+    unsigned long const sky = world().GetSkyTexture();
+    recording::during([this] { startRace(); });
+    EXPECT_EQ(world().GetSkyTexture(), sky);
+    EXPECT_TRUE(recording::textures().contains(static_cast<unsigned>(sky)));
+    for (recording::Upload const& upload : recording::uploads())
+    {
+        EXPECT_LT(upload.width, kSkySize);
+    }
+}
+
 TEST_F(GameTest, ARaceStartsTheNextTrack)
 {
     int const before = GameSettings::GetIntParam(setting::kMusicLastTrackIndex);

@@ -45,7 +45,9 @@ TEST_F(QTUtil, ATextureIsUploadedAsBgraWithLinearFiltersAndRepeat)
     ASSERT_EQ(recording::uploads().size(), 1U);
     std::vector<std::uint8_t> const& uploaded = recording::uploads()[0].pixels;
     ASSERT_EQ(uploaded.size(), 128U * 128U * 4U);
-    EXPECT_EQ(std::memcmp(uploaded.data(), QTDecodedImage("roid-128.jpg")->GetPixels(), uploaded.size()), 0);
+    auto const picture = QTImage::imageWithName("roid-128.jpg");
+    ASSERT_TRUE(picture && picture->CreateImageWithBitdepth(32));
+    EXPECT_EQ(std::memcmp(uploaded.data(), picture->GetPixels(), uploaded.size()), 0);
 }
 
 TEST_F(QTUtil, AMissingPictureIsLoggedAndLeavesAnEmptyName)
@@ -59,33 +61,22 @@ TEST_F(QTUtil, AMissingPictureIsLoggedAndLeavesAnEmptyName)
     EXPECT_TRUE(recording::textures().contains(static_cast<unsigned>(texture)));
 }
 
-TEST_F(QTUtil, APictureIsDecodedOncePerRun)
+TEST_F(QTUtil, PicturesDecodedAheadAreTheSame)
 {
-    auto const first = QTDecodedImage("roid-128.jpg");
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->GetWidth(), 128.0F);
-    EXPECT_EQ(first->GetBitDepth(), 32);
-    EXPECT_TRUE(first->WasDrawn());
-    unsigned long texture = 0;
-    QTLoadAsTexture(&texture, "roid-128.jpg");
-    EXPECT_EQ(QTDecodedImage("roid-128.jpg"), first);
-    EXPECT_NE(QTDecodedImage("starfield-1024.jpg"), first);
-    EXPECT_EQ(QTDecodedImage("no-such-picture.jpg"), nullptr);
-}
-
-TEST_F(QTUtil, PicturesDecodedAheadAreHandedOut)
-{
-    auto const known = QTDecodedImage("roid-128.jpg");
     CapturedLog log;
     QTDecodeAhead({"starfield-1024.jpg", "roid-128.jpg", "lost.jpg"});
-    auto const sky = QTDecodedImage("starfield-1024.jpg");
-    ASSERT_NE(sky, nullptr);
-    EXPECT_EQ(sky->GetHeight(), 1024.0F);
-    EXPECT_TRUE(sky->WasDrawn());
-    EXPECT_EQ(QTDecodedImage("roid-128.jpg"), known);
     unsigned long texture = 0;
+    recording::start();
+    for (char const* name : {"roid-128.jpg", "roid-128.jpg", "starfield-1024.jpg", "starfield-1024.jpg"})
+    {
+        EXPECT_EQ(QTLoadAsTexture(&texture, name), 0);
+    }
+    auto const& uploads = recording::uploads();
+    ASSERT_EQ(uploads.size(), 4U);
+    EXPECT_EQ(uploads[0].pixels, uploads[1].pixels);
+    EXPECT_EQ(uploads[2].pixels, uploads[3].pixels);
+    EXPECT_NE(uploads[0].pixels, uploads[2].pixels);
     EXPECT_EQ(QTLoadAsTexture(&texture, "lost.jpg"), -1);
-    EXPECT_EQ(QTDecodedImage("lost.jpg"), nullptr);
     EXPECT_THAT(log.lines(), ElementsAre("Unable to load texture lost.jpg"));
 }
 

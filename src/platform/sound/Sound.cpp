@@ -15,28 +15,40 @@ namespace platform
 
 struct Sound::Voice
 {
-    explicit Voice(SoundFile& file);
+    explicit Voice(SoundFile opened);
 
     bool start();
     bool isPlaying() const;
+    bool fillBuffer();
 
-    int sampleRate;
-    std::vector<std::int16_t> stereo;
-    AudioBuffer buffer; // the device's copy of the samples, made when they are first played there
+    SoundFile file;
+    std::vector<std::int16_t> stereo; // until a device has them
+    AudioBuffer buffer;
     AudioSource source;
     std::shared_ptr<Timer> nextPass; // set while play() is put off until then
 };
 
-Sound::Voice::Voice(SoundFile& file)
-    : sampleRate(file.sampleRate()),
-      stereo(2 * static_cast<std::size_t>(file.duration()))
+Sound::Voice::Voice(SoundFile opened) : file(std::move(opened)), stereo(file.readAll())
 {
-    file.read(0, stereo);
+}
+
+bool Sound::Voice::fillBuffer()
+{
+    if (stereo.empty())
+    {
+        stereo = file.readAll();
+    }
+    bool const isFilled = buffer.fill(stereo, file.sampleRate());
+    if (isFilled)
+    {
+        stereo = std::vector<std::int16_t>();
+    }
+    return isFilled;
 }
 
 bool Sound::Voice::start()
 {
-    bool const hasBuffer = buffer.isAlive() || buffer.fill(stereo, sampleRate);
+    bool const hasBuffer = buffer.isAlive() || fillBuffer();
     if (!hasBuffer || !source.acquire())
     {
         return false;
@@ -73,7 +85,7 @@ std::unique_ptr<Sound> Sound::initWithContentsOfFile(std::filesystem::path const
         LogFormat("The sound %s cannot be played", file.c_str());
         return nullptr;
     }
-    return std::unique_ptr<Sound>(new Sound(std::make_unique<Voice>(*opened)));
+    return std::unique_ptr<Sound>(new Sound(std::make_unique<Voice>(std::move(*opened))));
 }
 
 bool Sound::play()

@@ -54,6 +54,13 @@ void SoundFile::read(std::int64_t position, std::span<std::int16_t> stereo)
     std::fill(out, stereo.end(), std::int16_t{0});
 }
 
+std::vector<std::int16_t> SoundFile::readAll()
+{
+    std::vector<std::int16_t> stereo(2 * static_cast<std::size_t>(duration()));
+    read(0, stereo);
+    return stereo;
+}
+
 void SoundFile::goTo(std::int64_t position)
 {
     if (position != m_next)

@@ -29,6 +29,7 @@ public:
     // Fills all of it, two numbers a sample, with what is heard from that sample on: silence before the
     // file's beginning and after its end.
     void read(std::int64_t position, std::span<std::int16_t> stereo);
+    std::vector<std::int16_t> readAll();
 
 private:
     struct Close

@@ -24,6 +24,10 @@
 #include <exception>
 #include <thread>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace platform
 {
 
@@ -51,6 +55,16 @@ void CatchEndingSignals()
         std::signal(signal, NoteSignal);
     }
     std::signal(SIGPIPE, SIG_IGN); // comes when the program that reads the log has ended
+}
+
+// Once a large block was freed, the GNU C library keeps all blocks up to its size for later, decoded pictures
+// included. A limit that is set stays.
+void GiveBackFreedMemory()
+{
+#ifdef __GLIBC__
+    constexpr int kLargeBlock = 128 * 1024;
+    mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+#endif
 }
 
 class Application
@@ -197,6 +211,7 @@ int ApplicationMain(std::unique_ptr<OpenGLView> view)
     int status = 1;
     endIsWanted = 0;
     CatchEndingSignals();
+    GiveBackFreedMemory();
     try
     {
         SelectLanguage();

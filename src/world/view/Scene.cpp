@@ -64,6 +64,7 @@ void BeginScene(Camera const& ship, int width, int height)
     int const scale = platform::DisplayScale();
     glViewport(0, 0, width * scale, height * scale);
     glRenderMode(GL_RENDER);
+    glDisable(GL_BLEND); // the first frame like all others: drivers compile anew for every mix of states
 
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -98,9 +99,12 @@ void Scene::DecodePicturesAhead()
     QTDecodeAhead({Roid::kPicture, kSkyPicture});
 }
 
-Scene::Scene()
+Scene::Scene(unsigned long skyTexture) : m_skyTexture(skyTexture)
 {
-    LoadSky();
+    if (m_skyTexture == 0)
+    {
+        LoadSky();
+    }
     m_fogStart = GameSettings::GetFloatParam(setting::kFogStart);
     m_fogEndLow = GameSettings::GetFloatParam(setting::kFogEndLow);
     m_fogEndHigh = GameSettings::GetFloatParam(setting::kFogEndHigh);

@@ -19,8 +19,8 @@ public:
     // Starts to decode the pictures that every scene is drawn with, on another thread.
     static void DecodePicturesAhead();
 
-    // Reads the settings.
-    Scene();
+    // Reads the settings. skyTexture: the sky's, when there is one already; 0 loads it.
+    explicit Scene(unsigned long skyTexture = 0);
 
     // Its texture is not released with the scene.
     void LoadSky();
@@ -44,7 +44,7 @@ private:
                      int height);
     void RenderSkyBehind(Camera const& ship) const;
 
-    unsigned long m_skyTexture = 0;
+    unsigned long m_skyTexture;
     float m_fogStart;
     float m_fogEndLow;
     float m_fogEndHigh;

@@ -78,13 +78,14 @@ protected:
 TEST_F(SceneTest, ClearsAndSetsTheViewBeforeAllElse)
 {
     std::vector<Call> calls = Drawing(*m_world, 1280, 720);
-    calls.resize(13);
+    calls.resize(14);
     std::vector<Call> const expected = {
         call("glClearColor", {0, 0, 0, 1}),
         call("glClearDepth", {1}),
         call("glClear", {GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT}),
         call("glViewport", {0, 0, 1280, 720}),
         call("glRenderMode", {GL_RENDER}),
+        call("glDisable", {GL_BLEND}),
         call("glMatrixMode", {GL_PROJECTION}),
         call("glLoadIdentity"),
         call("gluPerspective", {45.0, 1280.0 / 720.0, 0.1, 100.0}),
