@@ -26,14 +26,8 @@ TQ3Vector3D Scaled(TQ3Vector3D const& a, float s)
 
 void Widen(float value, float* min, float* max)
 {
-    if (value < *min)
-    {
-        *min = value;
-    }
-    if (value > *max)
-    {
-        *max = value;
-    }
+    *min = std::min(*min, value);
+    *max = std::max(*max, value);
 }
 
 // A plane parallel to z cuts no line along z. It is tilted this much, so that the cut lies far outside the

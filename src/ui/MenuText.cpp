@@ -29,7 +29,7 @@ std::string Conversions(std::string_view format)
 
 std::string TrustedFormat(char const* english)
 {
-    std::string translated = localizedString(english);
+    std::string const translated = localizedString(english);
     return HaveSameConversions(english, translated) ? translated : english;
 }
 
