@@ -322,13 +322,6 @@ class Game:
         self.turn_wheel(up=True)
         wait_until(lambda: self.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
 
-    def raise_throttle(self):
-        """A step by a key, another by the wheel."""
-        self.key("w")
-        one_step = wait_until(self.throttle_pixels, "the throttle bar to grow by a key")
-        self.turn_wheel(up=True)
-        wait_until(lambda: self.throttle_pixels() > 1.5 * one_step, "the throttle bar to grow by the wheel")
-
     def wait_for_items(self, present, absent=()):
         """Waits for a menu that has the items present and none of the items absent."""
         wait_until(lambda: all(self.text_pixels(i) > 40 for i in present) and

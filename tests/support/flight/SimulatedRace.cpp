@@ -19,15 +19,29 @@ float TurnRequest(int mouse, int viewSize)
     return std::fabs(turn) > 0.05F ? turn : 0.0F;
 }
 
+Game& GameInARace(unsigned seed)
+{
+    Game::pGame->SwitchToState(kStateMenu);
+    platform::SeedRandom(seed);
+    Game::pGame->SwitchToState(kStatePlaying);
+    return *Game::pGame;
+}
+
 } // namespace
 
-SimulatedRace::SimulatedRace(unsigned seed) : m_game(*Game::pGame)
+SimulatedRace::SimulatedRace(unsigned seed) : SimulatedRace(GameInARace(seed))
 {
-    m_game.SwitchToState(kStateMenu);
-    platform::SeedRandom(seed);
-    m_game.SwitchToState(kStatePlaying);
-    m_universe = m_game.GetUniverse();
-    m_pilot = std::make_unique<Pilot>(*m_universe, kViewWidth, kViewHeight);
+}
+
+SimulatedRace::SimulatedRace() : SimulatedRace(*Game::pGame)
+{
+}
+
+SimulatedRace::SimulatedRace(Game& game)
+    : m_game(game),
+      m_universe(game.GetUniverse()),
+      m_pilot(std::make_unique<Pilot>(*m_universe, kViewWidth, kViewHeight))
+{
 }
 
 void SimulatedRace::Step()

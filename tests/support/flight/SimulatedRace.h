@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A race flown by the pilot without a picture, 60 steps to a simulated second.
+// A race flown by the pilot, 60 steps to a simulated second, which need no pictures between them.
 #pragma once
 
 #include "support/flight/Pilot.h"
@@ -20,6 +20,9 @@ public:
     // Starts a race from the menu of Game::pGame, in the world that the seed gives.
     explicit SimulatedRace(unsigned seed);
 
+    // Takes over the race that has just begun there.
+    SimulatedRace();
+
     // One step: the pilot's input as events, the world's tick, and the turn request of the frame that would
     // be drawn.
     void Step();
@@ -28,6 +31,8 @@ public:
     Universe const& GetUniverse() const { return *m_universe; }
 
 private:
+    explicit SimulatedRace(Game& game);
+
     Game& m_game;
     Universe* m_universe;
     std::unique_ptr<Pilot> m_pilot;
