@@ -7,6 +7,7 @@ Everything waits for what it expects, with a limit, and never just sleeps.
 
 import configparser
 import json
+import mmap
 import os
 import pathlib
 import re
@@ -24,14 +25,14 @@ FONTS = pathlib.Path(__file__).resolve().parent.parent / "support" / "fonts.conf
 WAIT_LIMIT = 30.0  # seconds; software OpenGL under sanitizers on a busy machine is slow
 
 
-def wait_until(condition, what, limit=WAIT_LIMIT):
+def wait_until(condition, what, limit=WAIT_LIMIT, pause=0.02):
     """Waits for the condition to hold and returns its value. what: a text, or a function that tells at the end."""
     end = time.monotonic() + limit
     while time.monotonic() < end:
         value = condition()
         if value:
             return value
-        time.sleep(0.02)
+        time.sleep(pause)
     raise AssertionError("waited in vain for " + (what() if callable(what) else what))
 
 
@@ -81,9 +82,10 @@ class Display:
         self._server.wait()
         shutil.rmtree(self._folder, ignore_errors=True)
 
-    def picture(self):
-        """A snapshot, as a Picture."""
-        data = pathlib.Path(self._folder, "Xvfb_screen0").read_bytes()
+    def picture(self, live=False):
+        """A Picture: a snapshot, or one that goes on changing as the display does."""
+        with open(pathlib.Path(self._folder, "Xvfb_screen0"), "rb") as file:
+            data = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ) if live else file.read()
         header = struct.unpack(">25I", data[:100])
         header_size, bytes_per_line, colours = header[0], header[12], header[19]
         return Picture(data, header_size + colours * 12, bytes_per_line)
@@ -158,8 +160,8 @@ MOST_WORK = 0.1  # of a core, while the window is minimised: three times what is
 class Game:
     """One run of the program. Use it in a with statement."""
 
-    def __init__(self, display, home, environment=None, expect_start=True, program=None, stdin=subprocess.DEVNULL,
-                 scale=1):
+    def __init__(self, display, home, environment=None, expect_start=True, program=None, arguments=(),
+                 stdin=subprocess.DEVNULL, scale=1):
         """scale: display pixels for each of the game's. Places and sizes below are in the game's, but for window()."""
         self.display = display
         self._scale = scale
@@ -172,8 +174,8 @@ class Game:
                    LIBGL_ALWAYS_SOFTWARE="1", FONTCONFIG_FILE=str(FONTS))
         env.update(environment or {})
         with open(self._log_path, "wb") as log:
-            self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"]], env=env, stdout=log,
-                                            stderr=log, stdin=stdin)
+            self.process = subprocess.Popen([program or os.environ["QUARROW_PROGRAM"], *arguments], env=env,
+                                            stdout=log, stderr=log, stdin=stdin)
         if expect_start:
             wait_until(lambda: "Alpha bits" in self.log(), lambda: "the game's first frame\n" + self.log())
 

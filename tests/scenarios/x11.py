@@ -131,6 +131,10 @@ class Connection:
         for code in reversed(codes):
             self._test.XTestFakeKeyEvent(self._display, code, 0, ctypes.c_ulong(0))
 
+    def hold(self, name):
+        """Presses a key and does not let go of it."""
+        self._test.XTestFakeKeyEvent(self._display, self._key_code(name), 1, ctypes.c_ulong(0))
+
     def _key_code(self, name):
         symbol = self._x.XStringToKeysym(name.encode())
         return self._x.XKeysymToKeycode(self._display, ctypes.c_ulong(symbol)) & 0xFF
