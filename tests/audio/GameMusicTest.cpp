@@ -196,5 +196,6 @@ TEST(GameSoundNSMovieTest, PlayLeavesAPlayingTrackAloneAndStopRewinds)
     EXPECT_FALSE(movie.IsPlaying());
     EXPECT_THAT(AfterFade(hear(10)), Each(0));
     movie.Play();
-    EXPECT_EQ(hear(60), beginning);
+    // libmpg123 for arm64 rounds a sample otherwise now and then where it has gone back.
+    EXPECT_THAT(hear(60), Pointwise(FloatNear(1.0F), beginning));
 }

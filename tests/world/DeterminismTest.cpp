@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A seeded race gives the same state in every build: debug, release, with sanitizers, by either compiler.
+// A seeded race gives the same state in every build: debug, release, with sanitizers, by either compiler, on
+// x86-64 and arm64.
 #include "math/util.h"
 #include "support/flight/SimulatedRace.h"
 #include "support/Stage.h"
