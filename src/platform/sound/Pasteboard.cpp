@@ -24,7 +24,7 @@ std::optional<std::filesystem::path> Pasteboard::file() const
     std::string const line = text.substr(0, text.find_first_of("\r\n"));
     if (line.starts_with('/'))
     {
-        return line;
+        return std::filesystem::path(line);
     }
     return PathOfFileURL(line);
 }

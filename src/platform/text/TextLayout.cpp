@@ -41,11 +41,6 @@ PangoHandle<PangoLayout> MakeLayout()
 
 } // namespace
 
-void PrepareText()
-{
-    pango_cairo_font_map_get_default();
-}
-
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes)
 {
     // Shared by all lines: making a layout costs more than laying out a short line.

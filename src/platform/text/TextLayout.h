@@ -13,9 +13,6 @@ namespace platform
 
 struct TextAttributes;
 
-// Starts Pango's search for fonts, on its own thread. The first LayOutLine() waits for it.
-void PrepareText();
-
 // The line, laid out without wrapping. Borrowed, and valid until the next call.
 PangoLayout* LayOutLine(std::string const& text, TextAttributes const& attributes);
 

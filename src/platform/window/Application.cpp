@@ -8,7 +8,6 @@
 #include "platform/base/RunLoop.h"
 #include "platform/input/Gamepads.h"
 #include "platform/settings/Preferences.h"
-#include "platform/text/TextLayout.h"
 #include "platform/window/Display.h"
 #include "platform/window/EventDispatcher.h"
 #include "platform/window/InterfaceFile.h"
@@ -95,13 +94,8 @@ private:
 
 bool Application::load()
 {
-    if (!loadInterface() || !OpenDisplay())
-    {
-        return false;
-    }
-    // No thread starts before this: opening the display changes the environment, and may fork.
-    PrepareText();
-    return makeWindow();
+    // No thread starts before the display is open: that changes the environment, and may fork.
+    return loadInterface() && OpenDisplay() && makeWindow();
 }
 
 bool Application::loadInterface()
