@@ -65,6 +65,12 @@ void Premultiply(SDL_Surface const& surface)
     std::transform(pixels, pixels + std::ptrdiff_t{surface.w} * surface.h, pixels, Premultiplied);
 }
 
+// SDL keeps a thread's last error, and gives that memory back by itself only for threads that it has started.
+struct ErrorOfThread
+{
+    ~ErrorOfThread() { SDL_TLSCleanup(); }
+};
+
 } // namespace
 
 struct ImageImporter::Decoded
@@ -78,6 +84,7 @@ struct ImageImporter::Decoded
 
 std::unique_ptr<ImageImporter::Decoded> ImageImporter::Decoded::from(Stream stream)
 {
+    thread_local ErrorOfThread const error;
     FourCharCode const type = TypeOf(stream.get());
     Surface const stored(IMG_Load_RW(stream.get(), SDL_FALSE));
     Surface wide(stored ? SDL_ConvertSurfaceFormat(stored.get(), SDL_PIXELFORMAT_ARGB8888, 0) : nullptr);

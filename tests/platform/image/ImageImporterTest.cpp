@@ -12,6 +12,7 @@
 
 #include <array>
 #include <fstream>
+#include <thread>
 
 using namespace testing;
 using platform::ImageImporter;
@@ -180,6 +181,13 @@ void ExpectPixel(std::uint32_t pixel, int red, int green, int blue, int alpha, i
     EXPECT_NEAR(Channel(pixel, 8), green, tolerance);
     EXPECT_NEAR(Channel(pixel, 0), blue, tolerance);
     EXPECT_NEAR(Channel(pixel, 24), alpha, tolerance);
+}
+
+// Seen by the leak sanitizer only.
+TEST_F(ImageImporterTest, AThreadThatMeetsNoPictureLeavesNothingBehind)
+{
+    auto const noise = file("no picture");
+    std::thread([&noise] { EXPECT_FALSE(ImageImporter::forFile(noise)); }).join();
 }
 
 } // namespace
