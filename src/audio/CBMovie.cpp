@@ -61,7 +61,7 @@ std::shared_ptr<CBMovie> CBMovie::init()
 
 std::shared_ptr<CBMovie> CBMovie::initWithMovie(std::shared_ptr<platform::Movie> movie)
 {
-    return movie ? std::shared_ptr<CBMovie>(new CBMovie(std::move(movie))) : nullptr;
+    return movie ? std::unique_ptr<CBMovie>(new CBMovie(std::move(movie))) : nullptr;
 }
 
 std::shared_ptr<CBMovie> CBMovie::initWithURL(std::string const& url, bool /*byReference*/)
