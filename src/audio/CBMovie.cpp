@@ -56,7 +56,7 @@ CBMovie::~CBMovie()
 
 std::shared_ptr<CBMovie> CBMovie::init()
 {
-    return std::shared_ptr<CBMovie>(new CBMovie(nullptr));
+    return std::unique_ptr<CBMovie>(new CBMovie(nullptr));
 }
 
 std::shared_ptr<CBMovie> CBMovie::initWithMovie(std::shared_ptr<platform::Movie> movie)

@@ -17,6 +17,8 @@ RACES = 100
 SETTLED = 2  # races after which everything that is made once exists
 SLACK = 2.0  # MiB
 FINISH = {"present": [0, 3, 4], "absent": [2]}  # with or without a rank
+RANKED = {"present": [0, 1, 3, 4], "absent": [2]}
+OPTIONS = {"present": range(4), "absent": [4, 5]}
 
 
 class TwoRacesScenario(Scenario):
@@ -39,7 +41,7 @@ class TwoRacesScenario(Scenario):
             game.wait_for_items(present=[], absent=[0, 3, 4])
         wait_until(lambda: 0 not in games[0].settings().get("RaceTimes", [0])[:2], "both finishes", 2 * RACE_LIMIT)
         for game in games:
-            game.wait_for_items(**FINISH)
+            game.wait_for_items(**RANKED)
             game.process.send_signal(signal.SIGTERM)
             self.assertEqual(game.wait_exit(), 0)
         times = games[0].settings()["RaceTimes"]
@@ -66,15 +68,12 @@ class EveningScenario(Scenario):
 
     @staticmethod
     def leaf_through_menus(game):
-        game.open_graphics()
-        game.click_item(4)
-        game.wait_for_items(present=range(4), absent=[4, 5])
-        game.click_item(1)
-        game.wait_for_items(present=[0, 1, 2, 3, 5], absent=[4])
-        game.click_item(5)
-        game.wait_for_items(present=range(4), absent=[4, 5])
-        game.click_item(3)
-        game.wait_for_items(**MAIN_MENU)
+        for open_page, way_back in ((game.open_graphics, 4), (game.open_keys, 5)):
+            open_page()
+            game.click_item(way_back)
+            game.wait_for_items(**OPTIONS)
+            game.click_item(3)
+            game.wait_for_items(**MAIN_MENU)
         game.click_item(1)
         game.wait_for_items(present=[0, 6, 7], absent=[5])
         game.click_item(7)

@@ -140,7 +140,7 @@ TEST_F(PreferencesTest, CommentsOrderAndUnknownKeysSurviveASave)
     std::string expected = before;
     expected.replace(expected.find("Number=5"), 8, "Number=1");
     expected.insert(expected.find("\n[Last]"), "New=2\n");
-    // GLib before 2.82 writes a new key after the empty lines at the end of its group.
+    // GLib 2.74 writes a new key after the empty lines at the end of its group, 2.84 before them.
     std::string const older = "7\n\nNew=2\n";
     std::string stored = text();
     if (std::size_t const at = stored.find(older); at != std::string::npos)

@@ -96,12 +96,7 @@ int LargestDifference(Samples const& left, Samples const& right)
 Samples Decoded(std::filesystem::path const& path)
 {
     auto file = platform::SoundFile::open(path);
-    Samples samples(file ? 2 * static_cast<std::size_t>(file->duration()) : 0);
-    if (file)
-    {
-        file->read(0, samples);
-    }
-    return samples;
+    return file ? file->readAll() : Samples();
 }
 
 // Starts the movie, and sends it back to its beginning each time it comes to its end.

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The whole game with a pilot for whom time passes quickly: while a race runs, he flies most of a second
-// between two frames. Each finish is told on the
-// standard output.
+// between two frames. Each finish is told on the standard output.
 #include "core/Game.h"
 #include "core/kGLView.h"
 #include "platform/base/RunLoop.h"
