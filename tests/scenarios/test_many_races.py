@@ -18,7 +18,6 @@ SETTLED = 2  # races after which everything that is made once exists
 SLACK = 2.0  # MiB
 FINISH = {"present": [0, 3, 4], "absent": [2]}  # with or without a rank
 RANKED = {"present": [0, 1, 3, 4], "absent": [2]}
-OPTIONS = {"present": range(4), "absent": [4, 5]}
 
 
 class TwoRacesScenario(Scenario):
@@ -67,18 +66,6 @@ class EveningScenario(Scenario):
         game.wait_for_items(**MAIN_MENU)
 
     @staticmethod
-    def leaf_through_menus(game):
-        for open_page, way_back in ((game.open_graphics, 4), (game.open_keys, 5)):
-            open_page()
-            game.click_item(way_back)
-            game.wait_for_items(**OPTIONS)
-            game.click_item(3)
-            game.wait_for_items(**MAIN_MENU)
-        game.click_item(1)
-        game.wait_for_items(present=[0, 6, 7], absent=[5])
-        game.click_item(7)
-
-    @staticmethod
     def memory(game):
         """MiB: what is held, and the most that ever was."""
         status = pathlib.Path(f"/proc/{game.process.pid}/status").read_text()
@@ -89,7 +76,7 @@ class EveningScenario(Scenario):
         peaks = []
         for race in range(RACES):
             self.fly_a_race(game)
-            self.leaf_through_menus(game)
+            game.walk_every_screen(rows=range(min(race + 1, 5)))
             held, peak = self.memory(game)
             peaks.append(peak)
             print(f"after race {race + 1}: {held:.1f} MiB, at most {peak:.1f}", flush=True)

@@ -134,13 +134,13 @@ class MenuScenario(Scenario):
                    "SoundVolume": 0.0, "MusicVolume": 1.0, "KeyDefaultThrustUp": "i", "KeyDefaultThrustDown": "k",
                    "KeyDefaultPause": "p", "MouseInvert": 1}
         game = self.start()
-        self.walk_every_screen(game, change=True)
+        game.walk_every_screen(change=True)
         for key, value in changed.items():
             game.wait_for_setting(key, value)
         self.assertEqual(game.end(), 0)
 
         again = self.start()
-        self.walk_every_screen(again, change=False)
+        again.walk_every_screen()
         self.assertEqual({key: again.settings()[key] for key in changed}, changed)
         # Each page goes on from the value that it shows.
         again.open_graphics()
@@ -150,36 +150,6 @@ class MenuScenario(Scenario):
         again.wait_for_setting("_AsteroidsSmoothness", 5)
         again.click_item(2)
         again.wait_for_setting("_AsteroidsDensityCenter", 0.5)
-
-    def walk_every_screen(self, game, change):
-        """From the main menu through all the others and back, each setting clicked once where changes are wanted."""
-        def open_page(item, present, absent, settings=()):
-            game.click_item(item)
-            game.wait_for_items(present=present, absent=absent)
-            for setting, key in settings if change else ():
-                game.click_item(setting)
-                if key:
-                    game.key(key)
-
-        main = (range(5), [5, 6])
-        hub = (range(4), [4, 5])
-        game.wait_for_items(*main)
-        open_page(1, [2, 6, 7], [0, 1, 3, 4, 5])
-        open_page(7, *main)
-        open_page(2, *hub)
-        open_page(0, [0, 1, 2, 4], [3], [(0, None), (1, None), (2, None)])
-        open_page(4, *hub)
-        open_page(1, [0, 1, 2, 3, 5], [4], [(0, "i"), (1, "k"), (2, "p"), (3, None)])
-        open_page(5, *hub)
-        open_page(2, [0, 1, 3], [2], [(0, None), (1, None)])
-        open_page(3, *hub)
-        open_page(3, *main)
-        game.click_item(3)
-        _, _, width, height = game.window()
-        back = (width // 10, height // 6 + 26 * 15, 130, 20)
-        wait_until(lambda: game.picture().count(back, LIGHT) > 100, "the credits' way back")
-        game.click(back[0] + 12, back[1] + 8)
-        game.wait_for_items(*main)
 
     def test_rebound_throttle_key_flies_the_next_race(self):
         game = self.start()
