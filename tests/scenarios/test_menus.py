@@ -8,6 +8,9 @@ import unittest
 
 from game_window import LIGHT, Game, Scenario, wait_until
 
+WINDOW = (1024, 768)
+FULL_SCREEN = (1280, 720)
+
 
 class MenuScenario(Scenario):
     def setUp(self):
@@ -18,6 +21,11 @@ class MenuScenario(Scenario):
         game = Game(self.display, self.home, **options)
         self.addCleanup(game.__exit__)
         return game
+
+    def wait_for_window(self, game, size):
+        """Waits until the game's window has this size, and the keyboard."""
+        wait_until(lambda: game.window()[2:] == size, f"a window of {size[0]} x {size[1]}")
+        self.wait_for_focus(self.display)
 
     def test_first_start_shows_title_and_five_items_full_screen(self):
         game = self.start()
@@ -77,10 +85,10 @@ class MenuScenario(Scenario):
         game = self.start()
         game.wait_for_items(present=range(5))
         game.key("F11")
-        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        self.wait_for_window(game, WINDOW)
         game.wait_for_setting("Fullscreen", 0)
         game.key("F11")
-        wait_until(lambda: game.window() == (0, 0, 1280, 720), "the full screen")
+        self.wait_for_window(game, FULL_SCREEN)
         game.wait_for_setting("Fullscreen", 1)
         game.wait_for_items(present=range(5))
 
@@ -101,7 +109,7 @@ class MenuScenario(Scenario):
                 with Game(self.display, self.home) as game:
                     game.wait_for_items(present=range(5))
                     game.key("F11")
-                    wait_until(lambda: game.window()[2:] == (1280, 720), "the full screen")
+                    self.wait_for_window(game, FULL_SCREEN)
                     if how == "Ctrl+Q":
                         game.key("Control_L", "q")
                         self.assertEqual(game.wait_exit(), 0)
@@ -183,16 +191,16 @@ class MenuScenario(Scenario):
         game.open_keys()
         self.bind(game, 0, "KeyDefaultThrustUp", ["F11"], "\uf70e")
         self.bind(game, 1, "KeyDefaultThrustDown", ["Alt_L", "Return"], r"\r")
-        self.assertEqual(game.window()[2:], (1024, 768))
+        self.assertEqual(game.window()[2:], WINDOW)
         game.key("F11")  # no menu waits for it any more
-        wait_until(lambda: game.window() == (0, 0, 1280, 720), "the full screen")
+        self.wait_for_window(game, FULL_SCREEN)
         self.bind(game, 1, "KeyDefaultThrustDown", ["s"], "s")
         self.race_from_keys(game)
         game.key("F11")
         wait_until(game.throttle_pixels, "thrust")
-        self.assertEqual(game.window(), (0, 0, 1280, 720))
+        self.assertEqual(game.window()[2:], FULL_SCREEN)
         game.key("Alt_L", "Return")
-        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        self.wait_for_window(game, WINDOW)
         game.key("Control_L", "q")
         self.assertEqual(game.wait_exit(), 0)
 

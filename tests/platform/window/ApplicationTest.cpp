@@ -106,20 +106,21 @@ TEST_F(ApplicationTest, ChangedPreferencesReachTheDiskWithinASecond)
 {
     Preferences::standard().synchronize();
     std::filesystem::remove(SettingsFile());
-    std::uint64_t const start = platform::UpTime();
-    auto const seconds = [start] { return platform::SecondsBetween(start, platform::UpTime()); };
-    double saved = 0.0;
+    std::uint64_t changed = platform::UpTime();
+    double saved = 0.0; // seconds after the change
     auto const watch = Timer::scheduledTimer(0.0,
                                              [&]
                                              {
-                                                 saved = seconds();
+                                                 saved =
+                                                     platform::SecondsBetween(changed, platform::UpTime());
                                                  if (std::filesystem::exists(SettingsFile()) || saved > 10.0)
                                                  {
                                                      std::raise(SIGTERM);
                                                  }
                                              });
-    run({[](ScriptedView& view)
+    run({[&changed](ScriptedView& view)
          {
+             changed = platform::UpTime();
              Preferences::standard().setValue("SavedMeanwhile", 1);
              view.stay();
          }});
