@@ -22,6 +22,7 @@
 #include <csignal>
 #include <exception>
 #include <thread>
+#include <utility>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -34,7 +35,7 @@ namespace
 {
 
 constexpr char const* kInterfaceName = "Main.ini";
-constexpr double kSaveInterval = 0.4;  // seconds, so that a change is on the disk within one
+constexpr double kTidyInterval = 0.4;  // seconds, so that a change is on the disk within one
 constexpr double kLongestSleep = 0.05; // seconds between two looks at signals and events
 constexpr double kPadInterval = 0.005; // seconds between two looks at the gamepads
 constexpr int kRest = 50;              // milliseconds between two passes while the window is minimised
@@ -58,11 +59,19 @@ void CatchEndingSignals()
 
 // Once a large block was freed, the GNU C library keeps all blocks up to its size for later, decoded pictures
 // included. A limit that is set stays.
-void GiveBackFreedMemory()
+void GiveBackLargeBlocks()
 {
 #ifdef __GLIBC__
     constexpr int kLargeBlock = 128 * 1024;
     mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+#endif
+}
+
+// Whole pages that lie between blocks in use.
+void GiveBackFreePages()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
 #endif
 }
 
@@ -77,7 +86,7 @@ public:
 private:
     bool loadInterface();
     bool makeWindow();
-    void save();
+    void tidyUp();
     void waitForNextPass();
     void pollGamepads();
     void pumpEvents();
@@ -90,6 +99,7 @@ private:
     EventDispatcher m_dispatcher{*m_view, m_interface.commands};
     KeyboardWatch m_keyboardWatch;
     std::unique_ptr<Gamepads> m_gamepads; // null until the first frame was drawn
+    bool m_hasFreePages = true;           // to be given back as soon as frames need not be even
 };
 
 bool Application::load()
@@ -133,7 +143,7 @@ void Application::run()
 {
     // Before the view's timers: after a slow save a frame comes first, then the events that arrived
     // meanwhile.
-    auto const saver = Timer::scheduledTimer(kSaveInterval, [this] { save(); });
+    auto const tidying = Timer::scheduledTimer(kTidyInterval, [this] { tidyUp(); });
     m_view->awakeFromNib();
     // Behind the view's timers: the first frame is drawn before anything looks for pads.
     auto const pads = Timer::scheduledTimer(kPadInterval, [this] { pollGamepads(); });
@@ -151,15 +161,21 @@ void Application::run()
         }
     }
     pads->invalidate();
-    saver->invalidate();
+    tidying->invalidate();
     Preferences::standard().synchronize();
 }
 
-void Application::save()
+void Application::tidyUp()
 {
-    if (!m_view->needsEvenFrames())
+    if (m_view->needsEvenFrames())
     {
-        Preferences::standard().synchronize();
+        m_hasFreePages = true;
+        return;
+    }
+    Preferences::standard().synchronize();
+    if (std::exchange(m_hasFreePages, false))
+    {
+        GiveBackFreePages();
     }
 }
 
@@ -205,7 +221,7 @@ int ApplicationMain(std::unique_ptr<OpenGLView> view)
     int status = 1;
     endIsWanted = 0;
     CatchEndingSignals();
-    GiveBackFreedMemory();
+    GiveBackLargeBlocks();
     try
     {
         SelectLanguage();
