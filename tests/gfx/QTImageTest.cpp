@@ -174,6 +174,16 @@ TEST_F(QTImageOfQuarters, ResetLetsGoOfTheBuffer)
     EXPECT_FALSE(m_image.WasDrawn());
 }
 
+TEST_F(QTImageOfQuarters, ABufferThatWasReleasedIsMadeAnew)
+{
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    m_image.ReleaseImageBuffer();
+    EXPECT_FALSE(m_image.CreateCGContext());
+    ASSERT_TRUE(m_image.CreateImageWithBitdepth(32));
+    EXPECT_TRUE(m_image.WasDrawn());
+    EXPECT_THAT(PixelOf(m_image, 0, 0), ElementsAre(255, 0, 0, 255));
+}
+
 TEST(QTImage, ThePictureOfARockIsFoundByName)
 {
     auto const image = QTImage::imageWithName("roid-128.jpg");

@@ -41,6 +41,15 @@ TEST_F(CoveredViewTest, SeesAlongTheAxesOfThePicture)
     EXPECT_FLOAT_EQ(ball.radius, 0.5F);
 }
 
+TEST_F(CoveredViewTest, SeesAlongThemWhereverTheEyeLooks)
+{
+    m_view.Start({{10.0F, 20.0F, 30.0F}, {0.6F, 0.0F, -0.8F}, {0.0F, 1.0F, 0.0F}}, 1280, 720);
+    Ball const ball = m_view.Seen({11.0F, 22.0F, 25.0F}, 0.5F);
+    EXPECT_FLOAT_EQ(ball.right, -2.2F);
+    EXPECT_FLOAT_EQ(ball.up, 2.0F);
+    EXPECT_FLOAT_EQ(ball.ahead, 4.6F);
+}
+
 TEST_F(CoveredViewTest, NothingIsHiddenInANewPicture)
 {
     EXPECT_FALSE(m_view.IsHidden({0.0F, 0.0F, 10.0F, 0.6F}));
@@ -63,6 +72,17 @@ TEST_F(CoveredViewTest, BallThatPeepsOutIsNotHidden)
     EXPECT_FALSE(m_view.IsHidden({0.0F, -1.6F, 10.0F, 0.6F})); // below
     EXPECT_FALSE(m_view.IsHidden({-1.2F, 1.2F, 10.0F, 0.6F})); // at a corner
     EXPECT_FALSE(m_view.IsHidden({0.0F, 0.0F, 10.0F, 2.1F}));  // all around
+}
+
+// Edges are drawn up to an eighth of a pixel beside the exact ones.
+TEST_F(CoveredViewTest, BallThatMayPeepOutBetweenLargePixelsIsNotHidden)
+{
+    Ball const behind{0.0F, 0.0F, 10.0F, 1.8F};
+    Cover({0.0F, 0.0F, 3.0F, 0.6F});
+    EXPECT_TRUE(m_view.IsHidden(behind));
+    StartAt({0.0F, 0.0F, 0.0F}, 16, 9);
+    Cover({0.0F, 0.0F, 3.0F, 0.6F});
+    EXPECT_FALSE(m_view.IsHidden(behind));
 }
 
 TEST_F(CoveredViewTest, BallInFrontOfTheCoveringOneIsNotHidden)
