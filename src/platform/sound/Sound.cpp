@@ -8,47 +8,26 @@
 #include "platform/sound/SoundFile.h"
 
 #include <utility>
-#include <vector>
 
 namespace platform
 {
 
 struct Sound::Voice
 {
-    explicit Voice(SoundFile opened);
+    explicit Voice(SoundFile opened) : file(std::move(opened)) {}
 
     bool start();
     bool isPlaying() const;
-    bool fillBuffer();
 
     SoundFile file;
-    std::vector<std::int16_t> stereo; // until a device has them
-    AudioBuffer buffer;
+    AudioBuffer buffer; // the device's copy, made when it first sounds there
     AudioSource source;
     std::shared_ptr<Timer> nextPass; // set while play() is put off until then
 };
 
-Sound::Voice::Voice(SoundFile opened) : file(std::move(opened)), stereo(file.readAll())
-{
-}
-
-bool Sound::Voice::fillBuffer()
-{
-    if (stereo.empty())
-    {
-        stereo = file.readAll();
-    }
-    bool const isFilled = buffer.fill(stereo, file.sampleRate());
-    if (isFilled)
-    {
-        stereo = std::vector<std::int16_t>();
-    }
-    return isFilled;
-}
-
 bool Sound::Voice::start()
 {
-    bool const hasBuffer = buffer.isAlive() || fillBuffer();
+    bool const hasBuffer = buffer.isAlive() || buffer.fill(file.readAll(), file.sampleRate());
     if (!hasBuffer || !source.acquire())
     {
         return false;

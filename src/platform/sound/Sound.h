@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quarrow team
 // SPDX-License-Identifier: MIT
 //
-// A short sound that plays by itself. Its file is decoded when it is opened.
+// A short sound that plays by itself. Its file stays open, and is decoded when it first sounds on a device.
 // Without a sound device everything stays silent: play() answers false.
 #pragma once
 

@@ -58,12 +58,15 @@ void CatchEndingSignals()
 }
 
 // Once a large block was freed, the GNU C library keeps all blocks up to its size for later, decoded pictures
-// included. A limit that is set stays.
+// included. Limits that are set stay. The driver asks for many blocks of 142 KB while it starts: they are to
+// come from memory that it has just freed, as new pages cost more than all else about them.
 void GiveBackLargeBlocks()
 {
 #ifdef __GLIBC__
-    constexpr int kLargeBlock = 128 * 1024;
+    constexpr int kLargeBlock = 256 * 1024;
+    constexpr int kKeptAtTheEnd = 8 * 1024 * 1024;
     mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+    mallopt(M_TRIM_THRESHOLD, kKeptAtTheEnd);
 #endif
 }
 
