@@ -17,6 +17,16 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using ApplicationEventsTest = ApplicationTest;
 
+constexpr char const* kNotPushed = "SDL 2 on top of SDL 3 garbles texts and wheels that a program pushes";
+
+// Such a library counts its versions from 2.32.50 on.
+bool IsOnTopOfSDL3()
+{
+    SDL_version linked;
+    SDL_GetVersion(&linked);
+    return SDL_VERSIONNUM(linked.major, linked.minor, linked.patch) >= SDL_VERSIONNUM(2, 32, 50);
+}
+
 TEST_F(ApplicationEventsTest, CtrlQEndsAndTheViewNeverSeesIt)
 {
     bool wentOn = false;
@@ -101,6 +111,10 @@ TEST_F(ApplicationEventsTest, ReturnIsACommandOnlyWithAlt)
 
 TEST_F(ApplicationEventsTest, KeyCarriesTheTextThatFollowsIt)
 {
+    if (IsOnTopOfSDL3())
+    {
+        GTEST_SKIP() << kNotPushed;
+    }
     run({[](ScriptedView& view)
          {
              view.pressKey(SDLK_1, KMOD_LSHIFT, "!");
@@ -195,6 +209,10 @@ SDL_Event Wheel(int x, int y, SDL_MouseWheelDirection direction = SDL_MOUSEWHEEL
 
 TEST_F(ApplicationEventsTest, WheelTellsItsNotches)
 {
+    if (IsOnTopOfSDL3())
+    {
+        GTEST_SKIP() << kNotPushed;
+    }
     run({[](ScriptedView& view)
          {
              view.push(Wheel(0, 2));

@@ -8,6 +8,19 @@
 #include <csignal>
 #include <cstring>
 
+namespace
+{
+
+constexpr Uint32 kPushed = 1; // the mouse of moves that a script makes; the display's own is 0
+
+// The window may report a move of the display's pointer whenever it opens.
+int DropOtherMoves(void*, SDL_Event* event)
+{
+    return event->type == SDL_MOUSEMOTION && event->motion.which != kPushed ? 0 : 1;
+}
+
+} // namespace
+
 ScriptedView::ScriptedView(std::vector<Step> script, TestView* record)
     : m_script(std::move(script)),
       m_record(record)
@@ -27,7 +40,7 @@ ScriptedView::~ScriptedView()
 
 void ScriptedView::awakeFromNib()
 {
-    SDL_WarpMouseGlobal(0, 0); // outside the window, which would report a move otherwise
+    SDL_SetEventFilter(DropOtherMoves, nullptr);
     window()->makeKeyAndOrderFront();
     window()->makeFirstResponder(this);
     window()->setAcceptsMouseMovedEvents(true);
@@ -37,6 +50,10 @@ void ScriptedView::awakeFromNib()
 void ScriptedView::push(SDL_Event event) const
 {
     event.window.windowID = window()->identifier(); // at the same offset in every kind of event
+    if (event.type == SDL_MOUSEMOTION)
+    {
+        event.motion.which = kPushed;
+    }
     SDL_PushEvent(&event);
 }
 
