@@ -9,7 +9,7 @@ import unittest
 from game_window import LIGHT, Game, Scenario, wait_until
 
 WINDOW = (1024, 768)
-FULL_SCREEN = (1280, 720)
+FULL_SCREEN = (0, 0, 1280, 720)
 
 
 class MenuScenario(Scenario):
@@ -22,14 +22,19 @@ class MenuScenario(Scenario):
         self.addCleanup(game.__exit__)
         return game
 
-    def wait_for_window(self, game, size):
-        """Waits until the game's window has this size, and the keyboard."""
-        wait_until(lambda: game.window()[2:] == size, f"a window of {size[0]} x {size[1]}")
+    def wait_for_window(self, game):
+        """Waits until the game is in its window, with the keyboard."""
+        wait_until(lambda: game.window()[2:] == WINDOW, "the window")
+        self.wait_for_focus(self.display)
+
+    def wait_for_full_screen(self, game):
+        """Waits until the game fills the screen, with the keyboard."""
+        wait_until(lambda: game.window() == FULL_SCREEN, "the full screen")
         self.wait_for_focus(self.display)
 
     def test_first_start_shows_title_and_five_items_full_screen(self):
         game = self.start()
-        self.assertEqual(game.window(), (0, 0, 1280, 720))
+        self.assertEqual(game.window(), FULL_SCREEN)
         game.wait_for_items(present=range(5))
         title = (640, 144, 170, 50)
         wait_until(lambda: game.picture().count(title, LIGHT) > 300, "the title")
@@ -85,17 +90,17 @@ class MenuScenario(Scenario):
         game = self.start()
         game.wait_for_items(present=range(5))
         game.key("F11")
-        self.wait_for_window(game, WINDOW)
+        self.wait_for_window(game)
         game.wait_for_setting("Fullscreen", 0)
         game.key("F11")
-        self.wait_for_window(game, FULL_SCREEN)
+        self.wait_for_full_screen(game)
         game.wait_for_setting("Fullscreen", 1)
         game.wait_for_items(present=range(5))
 
     def test_windowed_start_stays_in_its_window_and_follows_a_resize(self):
         self.write_settings("Fullscreen = 0\n")
         game = self.start()
-        wait_until(lambda: game.window()[2:] == (1024, 768), "the window")
+        self.wait_for_window(game)
         game.wait_for_items(present=range(5))
         self.display.resize_window(900, 600)
         wait_until(lambda: game.window()[2:] == (900, 600), "the new size")
@@ -109,7 +114,7 @@ class MenuScenario(Scenario):
                 with Game(self.display, self.home) as game:
                     game.wait_for_items(present=range(5))
                     game.key("F11")
-                    self.wait_for_window(game, FULL_SCREEN)
+                    self.wait_for_full_screen(game)
                     if how == "Ctrl+Q":
                         game.key("Control_L", "q")
                         self.assertEqual(game.wait_exit(), 0)
@@ -193,14 +198,14 @@ class MenuScenario(Scenario):
         self.bind(game, 1, "KeyDefaultThrustDown", ["Alt_L", "Return"], r"\r")
         self.assertEqual(game.window()[2:], WINDOW)
         game.key("F11")  # no menu waits for it any more
-        self.wait_for_window(game, FULL_SCREEN)
+        self.wait_for_full_screen(game)
         self.bind(game, 1, "KeyDefaultThrustDown", ["s"], "s")
         self.race_from_keys(game)
         game.key("F11")
         wait_until(game.throttle_pixels, "thrust")
-        self.assertEqual(game.window()[2:], FULL_SCREEN)
+        self.assertEqual(game.window(), FULL_SCREEN)
         game.key("Alt_L", "Return")
-        self.wait_for_window(game, WINDOW)
+        self.wait_for_window(game)
         game.key("Control_L", "q")
         self.assertEqual(game.wait_exit(), 0)
 
