@@ -89,6 +89,8 @@ std::map<std::string, void (*)(Arguments)> const& Functions()
         {"glScalef", [](Arguments a) { glScalef(F(a[0]), F(a[1]), F(a[2])); }},
         {"glTexCoord2f", [](Arguments a) { glTexCoord2f(F(a[0]), F(a[1])); }},
         {"glTexCoord3fv", [](Arguments a) { glTexCoord3fv(Floats(a, 3).values); }},
+        {"glTexCoordPointer",
+         [](Arguments a) { glTexCoordPointer(I(a[0]), E(a[1]), I(a[2]), kVertices); }},
         {"glTranslated", [](Arguments a) { glTranslated(a[0], a[1], a[2]); }},
         {"glTranslatef", [](Arguments a) { glTranslatef(F(a[0]), F(a[1]), F(a[2])); }},
         {"glVertex2f", [](Arguments a) { glVertex2f(F(a[0]), F(a[1])); }},

@@ -24,6 +24,14 @@ void SetLight()
     glEnable(GL_LIGHT0);
 }
 
+// The texture of what has none, which changes nothing of its colours.
+void MakeTexture0Plain()
+{
+    constexpr GLubyte kWhite[] = {255, 255, 255, 255};
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 1, 0, GL_RGBA, GL_UNSIGNED_BYTE, kWhite);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR); // at first it wants smaller levels
+}
+
 } // namespace
 
 void SetFixedState()
@@ -42,6 +50,7 @@ void SetFixedState()
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glStencilMask(0);
     glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
+    MakeTexture0Plain();
 }
 
 void LogBitDepths()

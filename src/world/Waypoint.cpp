@@ -38,6 +38,22 @@ constexpr GLsizei kIndexCount = std::size(kTriangles) * 3;
 constexpr float kRadius = 0.6F;
 constexpr float kSpin = 1.5707964F; // radians per second
 
+// With a texture, though a plain one, it is drawn by the driver's program for asteroids. Without, the first
+// frame would wait for another to be compiled. Any coordinates will do.
+void BeginPlainTexture()
+{
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glTexCoordPointer(3, GL_FLOAT, 0, kVertices);
+}
+
+void EndPlainTexture()
+{
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glDisable(GL_TEXTURE_2D);
+}
+
 } // namespace
 
 Waypoint::Waypoint(Universe const* universe) : Body(universe)
@@ -67,6 +83,7 @@ void Waypoint::Render(Frustum const& frustum) const
     Q3Matrix4x4_SetQuaternion(&rotation, &GetRotation());
 
     glDisable(GL_LIGHTING);
+    BeginPlainTexture();
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
     glVertexPointer(3, GL_FLOAT, 0, kVertices);
@@ -80,5 +97,6 @@ void Waypoint::Render(Frustum const& frustum) const
 
     glDisableClientState(GL_COLOR_ARRAY);
     glDisableClientState(GL_VERTEX_ARRAY);
+    EndPlainTexture();
     glEnable(GL_LIGHTING);
 }

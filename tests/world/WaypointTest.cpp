@@ -99,6 +99,10 @@ TEST_F(WaypointTest, DrawsItsSpikesUnderItsOwnMatrix)
     }
     std::vector<Call> const expected = {
         call("glDisable", {GL_LIGHTING}),
+        call("glEnable", {GL_TEXTURE_2D}),
+        call("glBindTexture", {GL_TEXTURE_2D, 0}),
+        call("glEnableClientState", {GL_TEXTURE_COORD_ARRAY}),
+        call("glTexCoordPointer", {3, GL_FLOAT, 0}),
         call("glEnableClientState", {GL_VERTEX_ARRAY}),
         call("glEnableClientState", {GL_COLOR_ARRAY}),
         call("glVertexPointer", {3, GL_FLOAT, 0}),
@@ -110,6 +114,8 @@ TEST_F(WaypointTest, DrawsItsSpikesUnderItsOwnMatrix)
         call("glPopMatrix"),
         call("glDisableClientState", {GL_COLOR_ARRAY}),
         call("glDisableClientState", {GL_VERTEX_ARRAY}),
+        call("glDisableClientState", {GL_TEXTURE_COORD_ARRAY}),
+        call("glDisable", {GL_TEXTURE_2D}),
         call("glEnable", {GL_LIGHTING})};
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
     EXPECT_THAT(recording::corners(), testing::ElementsAreArray(corners));

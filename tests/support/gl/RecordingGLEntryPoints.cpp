@@ -123,6 +123,8 @@ extern "C"
     QUARROW_NOTED(gluQuadricTexture, (GLUquadric*, GLboolean texture), texture)
     QUARROW_NOTED(gluSphere, (GLUquadric*, GLdouble radius, GLint slices, GLint stacks), radius, slices,
                   stacks)
+    QUARROW_NOTED(glTexCoordPointer, (GLint size, GLenum type, GLsizei stride, GLvoid const*), size, type,
+                  stride)
     QUARROW_NOTED(glDepthRange, (GLclampd nearest, GLclampd farthest), nearest, farthest)
 
     QUARROW_NOTED_FLOATS(glLoadMatrixf, 16)
