@@ -4,6 +4,7 @@
 
 #include "audio/GameSound.h"
 #include "core/GameEvent.h"
+#include "platform/base/OpenGL.h"
 #include "ui/Overlay.h"
 
 #include <cstdio>
@@ -31,6 +32,7 @@ void Menu::RenderCurrent(int width, int height)
     }
     if (width != m_pmenuCurrent->m_lastWidth || height != m_pmenuCurrent->m_lastHeight)
     {
+        glFlush(); // the driver draws the scene while a new menu's texts are laid out
         m_pmenuCurrent->Reposition(width, height);
     }
     m_pmenuCurrent->Render(width, height);

@@ -184,6 +184,16 @@ TEST_F(MenuTest, LayoutIsMadeAtTheFirstRenderAndWhenTheSizeChanges)
     EXPECT_EQ(m_notes.renders, 5);
 }
 
+// What was drawn before it is on its way while the menu's texts are laid out.
+TEST_F(MenuTest, DriverGetsTheSceneBeforeTheTextsOfANewMenuAndThenNoMore)
+{
+    Menu::SetCurrent(new PlainMenu(50, 60));
+    auto const first = recording::during([] { RenderCurrent(); });
+    EXPECT_EQ(recording::indexOf(first, "glFlush"), 0);
+    EXPECT_GT(recording::indexOf(first, "glTexImage2D"), 0);
+    EXPECT_EQ(recording::indexOf(recording::during([] { RenderCurrent(); }), "glFlush"), -1);
+}
+
 TEST_F(MenuTest, AnOffsetMovesTheColumnAndKeepsItsShape)
 {
     PlainMenu plain(50, 60);

@@ -86,6 +86,7 @@ extern "C"
     QUARROW_NOTED(glDepthFunc, (GLenum function), function)
     QUARROW_NOTED(glDepthMask, (GLboolean flag), flag)
     QUARROW_NOTED(glEndList, ())
+    QUARROW_NOTED(glFlush, ())
     QUARROW_NOTED(glFogf, (GLenum name, GLfloat value), name, value)
     QUARROW_NOTED(glFogi, (GLenum name, GLint value), name, value)
     QUARROW_NOTED(glFrontFace, (GLenum mode), mode)
