@@ -28,6 +28,7 @@ void SetLight()
 void MakeTexture0Plain()
 {
     constexpr GLubyte kWhite[] = {255, 255, 255, 255};
+    glBindTexture(GL_TEXTURE_2D, 0);
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 1, 0, GL_RGBA, GL_UNSIGNED_BYTE, kWhite);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR); // at first it wants smaller levels
 }
