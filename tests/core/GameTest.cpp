@@ -184,6 +184,8 @@ TEST_F(Stage, ConstructionSetsTheFixedState)
     std::vector const first(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(wanted.size()));
     ASSERT_EQ(first, wanted);
     EXPECT_EQ(recording::uploads()[0].pixels, std::vector<std::uint8_t>(4, 255)) << "it is not white";
+    EXPECT_GE(recording::indexOf(calls, "glTexImage2D", static_cast<int>(wanted.size())), 0)
+        << "the world comes after the fixed state";
 }
 
 TEST_F(Stage, ConstructionPlacesNoLight)

@@ -133,7 +133,7 @@ float NearestFace(int subdivisions)
     float nearest = 1.0F;
     for (int stack = 0; stack < subdivisions; ++stack)
     {
-        // Three corners of one face, two of them on the ring that is no pole.
+        // Three corners of one face. Two share a ring, which is never a pole: there all corners are one.
         int const ring = std::max(stack, 1);
         TQ3Vector3D const a = corner(ring, 0);
         TQ3Vector3D const u = test::Difference(corner(ring, 1), a);
