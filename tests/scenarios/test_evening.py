@@ -12,7 +12,7 @@ from game_window import MAIN_MENU, Game, Scenario, wait_until
 from test_race import RACE_LIMIT, SETTINGS
 
 RACES = 100
-SETTLED = 2  # races after which everything that is made once exists
+SETTLED = 2  # races after which everything that is made once exists: pages, tracks, effects
 SLACK = 2.0  # MiB
 FINISH = {"present": [0, 3, 4], "absent": [2]}  # with or without a rank
 
@@ -49,7 +49,8 @@ class EveningScenario(Scenario):
             held, peak = self.memory(game)
             peaks.append(peak)
             print(f"after race {race + 1}: {held:.1f} MiB, at most {peak:.1f}", flush=True)
-        self.assertLessEqual(peaks[-1], peaks[SETTLED - 1] + SLACK)
+        # The system counts to a quarter of a MiB: a peak may read as less later.
+        self.assertLessEqual(max(peaks), max(peaks[:SETTLED]) + SLACK)
         self.assertEqual(game.end(), 0)
 
 

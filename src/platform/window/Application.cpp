@@ -70,7 +70,7 @@ void GiveBackLargeBlocks()
 #endif
 }
 
-// Whole pages that lie between blocks in use.
+// Whole pages that lie between blocks in use, in a race as well: it takes 0.06 ms.
 void GiveBackFreePages()
 {
 #ifdef __GLIBC__
@@ -102,7 +102,6 @@ private:
     EventDispatcher m_dispatcher{*m_view, m_interface.commands};
     KeyboardWatch m_keyboardWatch;
     std::unique_ptr<Gamepads> m_gamepads; // null until the first frame was drawn
-    bool m_hasFreePages = true;           // to be given back as soon as frames need not be even
 };
 
 bool Application::load()
@@ -170,15 +169,10 @@ void Application::run()
 
 void Application::tidyUp()
 {
-    if (m_view->needsEvenFrames())
+    GiveBackFreePages();
+    if (!m_view->needsEvenFrames())
     {
-        m_hasFreePages = true;
-        return;
-    }
-    Preferences::standard().synchronize();
-    if (std::exchange(m_hasFreePages, false))
-    {
-        GiveBackFreePages();
+        Preferences::standard().synchronize();
     }
 }
 
