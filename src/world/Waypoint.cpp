@@ -38,8 +38,8 @@ constexpr GLsizei kIndexCount = std::size(kTriangles) * 3;
 constexpr float kRadius = 0.6F;
 constexpr float kSpin = 1.5707964F; // radians per second
 
-// With a texture, though a plain one, it is drawn by the driver's program for asteroids. Without, the first
-// frame would wait for another to be compiled. Any coordinates will do.
+// With a texture, though it is plain white, the marker is drawn by the driver's program for asteroids.
+// Without, the first frame would wait for another to be compiled. Any coordinates will do.
 void BeginPlainTexture()
 {
     glEnable(GL_TEXTURE_2D);

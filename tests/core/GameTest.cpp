@@ -183,6 +183,7 @@ TEST_F(Stage, ConstructionSetsTheFixedState)
     ASSERT_GE(calls.size(), wanted.size());
     std::vector const first(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(wanted.size()));
     ASSERT_EQ(first, wanted);
+    EXPECT_EQ(recording::uploads()[0].texture, 0U);
     EXPECT_EQ(recording::uploads()[0].pixels, std::vector<std::uint8_t>(4, 255)) << "it is not white";
     EXPECT_GE(recording::indexOf(calls, "glTexImage2D", static_cast<int>(wanted.size())), 0)
         << "the world comes after the fixed state";

@@ -38,7 +38,7 @@ double Fly(unsigned seed)
     return universe.GetRaceTime();
 }
 
-// Whether a ship meets an asteroid on its way through the whole field and all its depths, along x, y or z,
+// True when a ship meets no asteroid on its way through the whole field and all its depths, along x, y or z,
 // with the other two coordinates as given. In the steps of 16 units in which the field repeats.
 bool IsFree(Universe const& world, int axis, float u, float v)
 {

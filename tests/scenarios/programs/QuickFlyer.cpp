@@ -3,8 +3,8 @@
 //
 // The whole game with a pilot for whom time passes quickly: while a race runs, he flies most of a second
 // between two frames. In the frames themselves the ship rests, so that it stays on its course however long
-// they take. Each race begins with the sound of a collision, as few of his races have one. Each finish is
-// told on the standard output.
+// they take. Few of his races have a collision: its sound is played at each start, so that it is in memory
+// from the first race on. Each finish is told on the standard output.
 #include "core/Game.h"
 #include "core/kGLView.h"
 #include "platform/base/RunLoop.h"
